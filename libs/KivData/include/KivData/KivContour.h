@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+/// @file
+/// KivContour and KivContourArray: outlines with sub-pixel coordinates.
+#pragma once
+
+#include <KivData/KivDataExport.h>
+
+#include <opencv2/core.hpp>
+
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
+/// An outline: points in pixel coordinates, in outline order, the last one joined to the first.
+///
+/// The first member points to the point vector, always, also when the contour is empty or moved from.
+class KIVDATA_API KivContour
+{
+public:
+    using Points = std::vector<cv::Point_<double>>; ///< x is the column, y the row
+
+    KivContour() = default;                                                           ///< A contour without points.
+    KivContour(std::initializer_list<cv::Point_<double>> points) : points_(points) {} ///< The given points.
+    explicit KivContour(Points points) noexcept : points_(std::move(points)) {}       ///< The given points, taken over.
+    KivContour(const KivContour& other) : points_(other.points_) {}                   ///< Equal points.
+    KivContour(KivContour&& other) noexcept : points_(std::move(other.points_)) {}    ///< Leaves `other` empty.
+    ~KivContour() = default;
+
+    /// Becomes equal to `other`; on std::bad_alloc it keeps its points.
+    KivContour& operator=(const KivContour& other) { return *this = KivContour(other); }
+
+    /// Takes the points over and leaves `other` empty.
+    KivContour& operator=(KivContour&& other) noexcept
+    {
+        points_ = std::exchange(other.points_, Points());
+        return *this;
+    }
+
+    int Length() const noexcept { return static_cast<int>(points_.size()); } ///< Number of points.
+    const Points& AllPoints() const noexcept { return points_; }             ///< The points, as a flat list.
+
+    /// Whether the points run round clockwise as seen on the screen (y down), as IKivROIPara::MatToMask() traces the
+    /// border of a hole. It traces outer borders the other way round, and those without an inside, single pixels and
+    /// lines, are outer ones, too. Told from the points alone, in one pass; for a contour that crosses itself the
+    /// larger part decides.
+    bool IsHole() const noexcept;
+
+    friend bool operator==(const KivContour& a, const KivContour& b) { return a.points_ == b.points_; }
+    friend bool operator!=(const KivContour& a, const KivContour& b) { return a.points_ != b.points_; }
+
+private:
+    [[maybe_unused]] Points* first_member_ = &points_;
+    Points points_;
+};
+
+/// An array of contours with 0-based int indices.
+///
+/// An operation that throws (std::out_of_range, std::bad_alloc) leaves the array as it was.
+class KIVDATA_API KivContourArray
+{
+public:
+    KivContourArray() = default;                                                         ///< An empty array.
+    KivContourArray(std::initializer_list<KivContour> contours) : contours_(contours) {} ///< The given contours.
+    explicit KivContourArray(std::vector<KivContour> contours) noexcept
+        : contours_(std::move(contours)) {} ///< Taken over.
+
+    int Length() const noexcept { return static_cast<int>(contours_.size()); } ///< Number of contours.
+
+    KivContour& operator[](int index) { return contours_[checked(index)]; }             ///< 0 <= index < Length().
+    const KivContour& operator[](int index) const { return contours_[checked(index)]; } ///< 0 <= index < Length().
+
+    void Append(KivContour contour) { contours_.push_back(std::move(contour)); } ///< Adds a contour at the end.
+    void Clear() noexcept { contours_.clear(); }                                 ///< Makes the array empty.
+
+    auto begin() const noexcept { return contours_.begin(); } ///< The first contour.
+    auto end() const noexcept { return contours_.end(); }     ///< Past the last contour.
+
+    friend bool operator==(const KivContourArray& a, const KivContourArray& b) { return a.contours_ == b.contours_; }
+    friend bool operator!=(const KivContourArray& a, const KivContourArray& b) { return a.contours_ != b.contours_; }
+
+private:
+    std::size_t checked(int index) const;
+
+    std::vector<KivContour> contours_;
+};

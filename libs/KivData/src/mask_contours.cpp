@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// Filling all borders in one call is what makes the two inverse: the interior of a hole lies inside of two contours,
+// the hole's and the outer one's, and stays unfilled by the even-odd rule, while the border pixels, all foreground, are
+// painted by every contour they belong to.
+#include "mask_contours.h"
+
+#include "argument_checks.h"
+
+#include <opencv2/imgproc.hpp>
+
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace
+{
+
+using Point = cv::Point_<double>;
+using Points = KivContour::Points;
+using PixelChain = std::vector<cv::Point_<int>>;
+
+constexpr int all_contours = -1;
+constexpr int filled = -1;
+constexpr int eight_connected = 8;
+
+// cv::drawContours goes through every row from a contour's top on, also through those above of the mask. A million of
+// them cost milliseconds; thousands of millions would cost minutes.
+constexpr double drawable_margin = 1 << 20;
+
+/// The side of a half plane at which a coordinate of its points is at most, or at least, a limit.
+struct Side {
+    double Point::*across; // the limited coordinate
+    double Point::*along;  // the other one
+    double sign;           // 1 for at most, -1 for at least
+    double limit;
+
+    bool holds(const Point& point) const { return sign * point.*across <= sign * limit; }
+
+    /// Where the line from a to b, of which one holds, meets the limit.
+    Point meet(const Point& a, const Point& b) const
+    {
+        Point met;
+        met.*across = limit;
+        met.*along = a.*along + (b.*along - a.*along) * ((limit - a.*across) / (b.*across - a.*across));
+        return met;
+    }
+};
+
+/// The polygon's part on one side of a line (a step of Sutherland's and Hodgman's algorithm). What the line cuts apart
+/// stays joined by edges along the line.
+Points cut(const Points& polygon, const Side& side)
+{
+    Points kept;
+    for (std::size_t i = 0; i < polygon.size(); ++i) {
+        const Point& from = polygon[i > 0 ? i - 1 : polygon.size() - 1];
+        const Point& to = polygon[i];
+        if (side.holds(from) != side.holds(to)) {
+            kept.push_back(side.meet(from, to));
+        }
+        if (side.holds(to)) {
+            kept.push_back(to);
+        }
+    }
+    return kept;
+}
+
+/// The polygon's part within the drawable margin around the mask; all of it, unchanged, when it does not reach farther.
+Points cut_to_drawable(Points polygon, const cv::Mat& mask)
+{
+    const Side sides[] = {{&Point::x, &Point::y, -1.0, -drawable_margin},
+                          {&Point::x, &Point::y, 1.0, mask.cols + drawable_margin},
+                          {&Point::y, &Point::x, -1.0, -drawable_margin},
+                          {&Point::y, &Point::x, 1.0, mask.rows + drawable_margin}};
+    for (const Side& side : sides) {
+        if (!std::all_of(polygon.begin(), polygon.end(), [&](const Point& point) { return side.holds(point); })) {
+            polygon = cut(polygon, side);
+        }
+    }
+    return polygon;
+}
+
+/// The nearest pixel, ties to even, saturated to the range of int.
+Point rounded(const Point& point)
+{
+    const auto round = [](double value) { return std::nearbyint(std::clamp<double>(value, INT_MIN, INT_MAX)); };
+    return {round(point.x), round(point.y)};
+}
+
+/// The contour's points as pixels that can be drawn.
+PixelChain drawable_pixels(const KivContour& contour, const cv::Mat& mask)
+{
+    Points polygon;
+    polygon.reserve(contour.AllPoints().size());
+    for (const Point& point : contour.AllPoints()) {
+        if (!std::isnan(point.x) && !std::isnan(point.y)) {
+            polygon.push_back(rounded(point));
+        }
+    }
+    polygon = cut_to_drawable(std::move(polygon), mask);
+    PixelChain pixels;
+    pixels.reserve(polygon.size());
+    for (const Point& point : polygon) {
+        pixels.emplace_back(static_cast<int>(std::nearbyint(point.x)), static_cast<int>(std::nearbyint(point.y)));
+    }
+    return pixels;
+}
+
+} // namespace
+
+KivContourArray kivdata::trace_contours(const cv::Mat& mask)
+{
+    if (mask.channels() != 1) {
+        throw std::invalid_argument("MatToMask: the mask must have one channel");
+    }
+    if (mask.empty()) {
+        return KivContourArray();
+    }
+    // The frame of background keeps foreground at the image's edge apart from it, where some versions of
+    // cv::findContours do not look, and is a copy for those that overwrite their input.
+    cv::Mat framed = cv::Mat::zeros(mask.rows + 2, mask.cols + 2, CV_8UC1);
+    cv::Mat inside = framed(cv::Rect(1, 1, mask.cols, mask.rows));
+    cv::compare(mask, 0, inside, cv::CMP_NE);
+
+    std::vector<PixelChain> chains;
+    cv::findContours(framed, chains, cv::RETR_CCOMP, cv::CHAIN_APPROX_NONE, cv::Point(-1, -1));
+
+    KivContourArray contours;
+    for (const PixelChain& chain : chains) {
+        contours.Append(KivContour(Points(chain.begin(), chain.end())));
+    }
+    return contours;
+}
+
+cv::Mat kivdata::fill_contours(const KivContourArray& contours, int width, int height)
+{
+    check_frame(width, height);
+    cv::Mat mask = cv::Mat::zeros(height, width, CV_8UC1);
+    std::vector<PixelChain> chains;
+    for (const KivContour& contour : contours) {
+        chains.push_back(drawable_pixels(contour, mask));
+    }
+    std::erase_if(chains, [](const PixelChain& chain) { return chain.empty(); });
+    if (!chains.empty() && !mask.empty()) {
+        cv::drawContours(mask, chains, all_contours, cv::Scalar(255), filled, eight_connected, cv::noArray(), INT_MAX);
+    }
+    return mask;
+}

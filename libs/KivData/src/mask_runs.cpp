@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "mask_runs.h"
+
+#include "argument_checks.h"
+
+#include <algorithm>
+#include <cstring>
+
+cv::Mat kivdata::mask_of_runs(const std::vector<Run>& runs, int width, int height)
+{
+    check_frame(width, height);
+    cv::Mat mask = cv::Mat::zeros(height, width, CV_8UC1);
+    for (const Run& run : runs) {
+        const int begin = std::max(run.colBegin, 0);
+        const int end = std::min(run.colEnd, width - 1);
+        if (run.row >= 0 && run.row < height && begin <= end) {
+            std::memset(mask.ptr(run.row) + begin, 255, static_cast<std::size_t>(end - begin) + 1);
+        }
+    }
+    return mask;
+}
+
+std::vector<Run> kivdata::runs_of_mask(cv::Mat& mask)
+{
+    std::vector<Run> runs;
+    KivRLC::FindContours(mask, 1, nullptr, nullptr, nullptr, nullptr, &runs, nullptr, true, -1, -1, 1, false);
+    return runs;
+}
