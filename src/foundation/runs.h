@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// Runs inside the library are a flat list; the three parallel arrays of the data types exist only at its edges. Here is
+// the way from one to the other.
+//
+// The contract fixes the order of the three ints of a Run (row, first column, last column), so they are read by
+// structured bindings.
+#pragma once
+
+#include <KivData/KivData.h>
+#include <KivRLC/KivRLC.h>
+
+#include <span>
+#include <vector>
+
+namespace kiv
+{
+
+using RunList = std::vector<Run>;
+using RunView = std::span<const Run>;
+
+inline int row_of(const Run& run)
+{
+    const auto [row, begin, end] = run;
+    return row;
+}
+
+/// The runs on the first row of a list that is not empty.
+RunView leading_row(RunView runs);
+
+/// Width and height in pixels, as a region, a mask or an image states them; negative ones are passed on unchanged.
+struct Frame {
+    int width = 0;
+    int height = 0;
+};
+
+inline Frame frame_of(const KivRegion& region)
+{
+    const int width = region.Width();
+    const int height = region.Height();
+    return {width, height};
+}
+
+/// The flat list of the runs in three parallel arrays, as many as there are rows.
+RunList list_of(KivVarArray& rows, KivVarArray& col_begins, KivVarArray& col_ends);
+
+/// Runs as the data types hand them out and take them in. Not copyable: the arrays are filled once and read once.
+struct RunArrays {
+    RunArrays() = default;
+    explicit RunArrays(RunView runs);
+    RunArrays(const RunArrays&) = delete;
+    RunArrays& operator=(const RunArrays&) = delete;
+
+    bool empty() const { return rows.Length() < 1; }
+    RunList list() { return list_of(rows, col_begins, col_ends); }
+
+    KivVarArray rows;
+    KivVarArray col_begins;
+    KivVarArray col_ends;
+};
+
+/// A region taken apart: first its frame, then its runs.
+struct RegionParts {
+    explicit RegionParts(KivRegion& region);
+
+    /// The width alone decides whether a region is empty.
+    bool empty() const { return frame.width < 1; }
+
+    Frame frame;
+    RunArrays runs;
+};
+
+/// Replaces a region by one of the given frame and runs.
+void create_region(KivRegion& region, Frame frame, RunView runs);
+
+} // namespace kiv

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/first_member.h"
+#include "foundation/masks.h"
+
+#include <KivDataConvert/KivDataConvert.h>
+
+namespace
+{
+
+bool is_grey_value(int value)
+{
+    return value >= 0 && value <= 255;
+}
+
+} // namespace
+
+int KIVMV::KivRegionToImage(KivImage* image, KivRegion& region, int foreground, int background, int width, int height)
+{
+    if (!is_grey_value(foreground)) {
+        return KIVMV_ERR_PARAM_2;
+    }
+    if (!is_grey_value(background)) {
+        return KIVMV_ERR_PARAM_3;
+    }
+    if (width < 1) {
+        return KIVMV_ERR_PARAM_4;
+    }
+    if (height < 1) {
+        return KIVMV_ERR_PARAM_5;
+    }
+    kiv::RegionParts parts(region);
+    if (parts.empty()) {
+        return KIVMV_ERR_PARAM_1;
+    }
+
+    cv::Mat& pixels = kiv::matrix_of(*image);
+    try {
+        pixels = kiv::uniform_mask({width, height}, background);
+    } catch (...) {
+        return KIVMV_ERR_EXCEPTION;
+    }
+    kiv::paint_runs(parts.runs.list(), static_cast<unsigned char>(foreground), pixels);
+    return KIVMV_OK;
+}
+
+int KIVMV::KivRegionToBinImage(KivImage* image, KivRegion& region)
+{
+    kiv::RegionParts parts(region);
+    if (parts.empty()) {
+        return KIVMV_ERR_PARAM_1;
+    }
+
+    cv::Mat& pixels = kiv::matrix_of(*image);
+    pixels = kiv::uniform_mask(parts.frame, 0);
+    kiv::paint_runs(parts.runs.list(), 255, pixels);
+    return KIVMV_OK;
+}
