@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "algebra/run_pairs.h"
+
+#include "algebra/column_order.h"
+
+#include <algorithm>
+
+namespace kiv
+{
+namespace
+{
+
+void unite(const Run& a, const Run& b, RunList& out)
+{
+    const auto& [row, a_begin, a_end] = a;
+    const auto& [b_row, b_begin, b_end] = b;
+    if (runs_meet(a, b)) {
+        out.push_back({row, std::min(a_begin, b_begin), std::max(a_end, b_end)});
+    } else if (a_begin > b_end) {
+        out.push_back({row, b_begin, b_end});
+        out.push_back(a);
+    } else if (a_begin == b_end) { // only where B's run begins past its end
+        out.push_back({row, b_begin, a_end});
+    } else {
+        out.push_back(a);
+        out.push_back({row, b_begin, b_end});
+    }
+}
+
+/// Appends the pieces of `run` that the cuts, ordered by their first columns, leave. As the pieces come from left to
+/// right, only the last one can meet a further cut.
+void cut_run(const Run& run, RunView cuts, RunList& out)
+{
+    const std::size_t pieces_before = out.size();
+    out.push_back(run);
+    for (const Run& cut : cuts) {
+        if (out.size() == pieces_before) {
+            return;
+        }
+        const Run piece = out.back();
+        if (!runs_meet(piece, cut)) {
+            continue;
+        }
+        const auto& [row, begin, end] = piece;
+        const auto& [cut_row, cut_begin, cut_end] = cut;
+        out.pop_back();
+        if (begin < cut_begin) {
+            out.push_back({row, begin, cut_begin - 1});
+        }
+        if (end > cut_end) {
+            out.push_back({row, cut_end + 1, end});
+        }
+    }
+}
+
+} // namespace
+
+bool runs_meet(const Run& a, const Run& b)
+{
+    const auto& [a_row, a_begin, a_end] = a;
+    const auto& [b_row, b_begin, b_end] = b;
+    const bool share_a_column = a_begin <= b_end && b_begin <= a_end;
+    const bool one_lies_within_the_other = (b_begin <= a_begin) == (a_end <= b_end);
+    return share_a_column || one_lies_within_the_other;
+}
+
+void unite_row(RunView a, RunView b, RunList& out)
+{
+    for (const Run& of_a : a) {
+        for (const Run& of_b : b) {
+            unite(of_a, of_b, out);
+        }
+    }
+}
+
+void intersect_row(RunView a, RunView b, RunList& out)
+{
+    Neighbours neighbours(b);
+    for (const Run& of_a : a) {
+        for (const Run& of_b : neighbours.of(of_a)) {
+            if (runs_meet(of_a, of_b)) {
+                const auto& [row, a_begin, a_end] = of_a;
+                const auto& [b_row, b_begin, b_end] = of_b;
+                out.push_back({row, std::max(a_begin, b_begin), std::min(a_end, b_end)});
+            }
+        }
+    }
+}
+
+void cut_row(RunView a, RunView b, RunList& out)
+{
+    const ByColumn cuts(b);
+    Neighbours neighbours(cuts.runs());
+    for (const Run& run : a) {
+        cut_run(run, neighbours.of(run), out);
+    }
+}
+
+} // namespace kiv

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// Which set operation follows which rules. Two that differ by one rule show it by one line; the rules themselves are
+// told in row_join.h.
+#pragma once
+
+#include "algebra/row_join.h"
+#include "algebra/run_pairs.h"
+
+namespace kiv
+{
+
+enum class ResultFrame {
+    larger, // as wide as the wider and as high as the higher operand
+    of_a,
+};
+
+struct SetOperation {
+    JoinRules rules;
+    RowFunction combine_row;
+    ResultFrame frame;
+};
+
+inline constexpr SetOperation region_union = {
+    .rules = {.single_run_of_a = SingleRunOfA::kept,
+              .last_row_of_a = LastRowOfA::lone_run_joins_unmatched_group,
+              .last_row_of_b = LastRowOfB::like_any,
+              .rows_only_in_a = UnmatchedRows::kept,
+              .rows_only_in_b = UnmatchedRows::kept},
+    .combine_row = unite_row,
+    .frame = ResultFrame::larger,
+};
+
+inline constexpr SetOperation roi_union = {
+    .rules = {.single_run_of_a = SingleRunOfA::dropped,
+              .last_row_of_a = LastRowOfA::never_a_group,
+              .last_row_of_b = LastRowOfB::withheld_unless_single_run,
+              .rows_only_in_a = UnmatchedRows::kept,
+              .rows_only_in_b = UnmatchedRows::kept},
+    .combine_row = unite_row,
+    .frame = ResultFrame::larger,
+};
+
+inline constexpr SetOperation region_intersection = {
+    .rules = {.single_run_of_a = SingleRunOfA::dropped,
+              .last_row_of_a = LastRowOfA::like_any,
+              .last_row_of_b = LastRowOfB::withheld,
+              .rows_only_in_a = UnmatchedRows::dropped,
+              .rows_only_in_b = UnmatchedRows::dropped},
+    .combine_row = intersect_row,
+    .frame = ResultFrame::of_a,
+};
+
+inline constexpr SetOperation roi_intersection = {
+    .rules = {.single_run_of_a = SingleRunOfA::dropped,
+              .last_row_of_a = LastRowOfA::like_any,
+              .last_row_of_b = LastRowOfB::withheld_unless_single_run,
+              .rows_only_in_a = UnmatchedRows::dropped,
+              .rows_only_in_b = UnmatchedRows::dropped},
+    .combine_row = intersect_row,
+    .frame = ResultFrame::of_a,
+};
+
+inline constexpr SetOperation difference = {
+    // of regions and of ROIs alike
+    .rules = {.single_run_of_a = SingleRunOfA::kept,
+              .last_row_of_a = LastRowOfA::lone_run_joins_unmatched_group,
+              .last_row_of_b = LastRowOfB::like_any,
+              .rows_only_in_a = UnmatchedRows::kept,
+              .rows_only_in_b = UnmatchedRows::dropped},
+    .combine_row = cut_row,
+    .frame = ResultFrame::of_a,
+};
+
+/// The frame of a result, from the frames of the operands.
+Frame result_frame(ResultFrame rule, Frame a, Frame b);
+
+/// Sorts both lists by row and joins them.
+RunList combine(RunList a, RunList b, const SetOperation& operation);
+
+} // namespace kiv

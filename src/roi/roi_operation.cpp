@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "roi/roi_operation.h"
+
+#include "roi/mask_parts.h"
+
+namespace kiv
+{
+namespace
+{
+
+void write_stand_in(StandIn choice, const KivROI& a, const KivROI& b, KivROI& out)
+{
+    if (choice == StandIn::default_roi) {
+        out = KivROI();
+    } else {
+        out = choice == StandIn::a ? a : b;
+    }
+}
+
+} // namespace
+
+int combine_rois(KivROI& a, KivROI& b, KivROI& out, const RoiOperation& operation)
+{
+    if (is_open_curve(a) || (is_empty(a) && is_empty(b))) {
+        return KIVMV::KIVMV_ERR_PARAM_1;
+    }
+    if (is_open_curve(b)) {
+        return KIVMV::KIVMV_ERR_PARAM_2;
+    }
+    if (is_empty(a)) {
+        write_stand_in(operation.without_a, a, b, out);
+        return operation.code_for_empty_type;
+    }
+    if (is_empty(b)) {
+        write_stand_in(operation.without_b, a, b, out);
+        return operation.code_for_empty_type;
+    }
+
+    // One copy serves both operands in turn: assignment keeps the parameter object and replaces what is in it.
+    KivROI operand(a);
+    const IKivROIPara& parameters = parameters_of(operand);
+    MaskParts mask_of_a(parameters);
+    if (mask_of_a.runs.empty()) {
+        write_stand_in(operation.without_a, a, b, out);
+        return KIVMV::KIVMV_OK;
+    }
+    operand = b;
+    MaskParts mask_of_b(parameters);
+    if (mask_of_b.runs.empty()) {
+        write_stand_in(operation.without_b, a, b, out);
+        return KIVMV::KIVMV_OK;
+    }
+
+    const RunList runs = combine(mask_of_a.runs.list(), mask_of_b.runs.list(), operation.on_runs);
+    generate_mask(out, result_frame(operation.on_runs.frame, mask_of_a.frame, mask_of_b.frame), runs);
+    return KIVMV::KIVMV_OK;
+}
+
+} // namespace kiv
