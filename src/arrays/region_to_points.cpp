@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/runs.h"
+
+#include <KivDataConvert/KivDataConvert.h>
+
+#include <opencv2/core.hpp>
+
+#include <cstdint>
+
+int KIVMV::KivRegionToPointArray(KivRegion& region, KivPointArray* points)
+{
+    points->Clear();
+    kiv::RegionParts parts(region);
+    if (parts.empty()) {
+        return KIVMV_ERR_PARAM_1;
+    }
+
+    // No pixel of this mask is touched: it is made so that a frame that no mask can have is refused before any point.
+    const cv::Mat mask(parts.frame.height, parts.frame.width, CV_8UC1);
+    KivPoint point;
+    for (const auto& [row, begin, end] : parts.runs.list()) {
+        point.y = row;
+        for (std::int64_t column = begin; column <= end; ++column) {
+            point.x = static_cast<double>(column);
+            points->Append(point);
+        }
+    }
+    return KIVMV_OK;
+}

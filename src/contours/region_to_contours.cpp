@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/masks.h"
+
+#include <KivDataConvert/KivDataConvert.h>
+
+int KIVMV::KivRegionToContourArray(KivRegion& region, KivContourArray* contours)
+{
+    kiv::RegionParts parts(region);
+    if (parts.empty()) {
+        return KIVMV_ERR_PARAM_1;
+    }
+    cv::Mat mask = kiv::uniform_mask(parts.frame, 0);
+    kiv::paint_runs(parts.runs.list(), 255, mask);
+    if (mask.cols < 1) { // a guard that the check above leaves nothing to
+        return KIVMV_ERR_PARAM_1;
+    }
+
+    IKivROIPara tracer;
+    int width = 0;
+    int height = 0;
+    tracer.MatToMask(mask, contours, &width, &height);
+    return KIVMV_OK;
+}
