@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "contract_test.h"
+
+using namespace contract;
+using namespace KIVMV;
+
+namespace
+{
+
+using AlgebraContract = ContractTest;
+
+const Calls both_operands_read{"a.Width()", "a.Height()", "a.GetRegionRuns()",
+                               "b.Width()", "b.Height()", "b.GetRegionRuns()"};
+
+Calls after_reading(const Calls& rest)
+{
+    Calls all = both_operands_read;
+    all.insert(all.end(), rest.begin(), rest.end());
+    return all;
+}
+
+struct Operands {
+    Operands(int width_of_a, int width_of_b)
+    {
+        set(a, "a", width_of_a, 5, {{2, 0, 9}, {1, 0, 9}});
+        set(b, "b", width_of_b, 7, {{3, 1, 1}, {1, 4, 5}});
+        out.test_name = "out";
+        start();
+    }
+
+    KivRegion a;
+    KivRegion b;
+    KivRegion out;
+};
+
+} // namespace
+
+TEST_F(AlgebraContract, UnionReadsBothThenCreatesTheResultOnce)
+{
+    Operands given(10, 8);
+    EXPECT_EQ(KivRegionAdd(given.a, given.b, &given.out), KIVMV_OK);
+    EXPECT_EQ(calls(), after_reading({"out.CreateRegion(10, 7, {(1,0,9) (2,0,9) (3,1,1)})"}));
+}
+
+TEST_F(AlgebraContract, IntersectionReadsBothThenCreatesTheResultOnce)
+{
+    Operands given(10, 12);
+    EXPECT_EQ(KivRegionAnd(given.a, given.b, &given.out), KIVMV_OK);
+    EXPECT_EQ(calls(), after_reading({"out.CreateRegion(10, 5, {(1,4,5)})"}));
+}
+
+TEST_F(AlgebraContract, DifferenceReadsBothThenCreatesTheResultOnce)
+{
+    Operands given(10, 12);
+    EXPECT_EQ(KivRegionSub(given.a, given.b, &given.out), KIVMV_OK);
+    EXPECT_EQ(calls(), after_reading({"out.CreateRegion(10, 5, {(1,0,3) (1,6,9) (2,0,9)})"}));
+}
+
+TEST_F(AlgebraContract, EmptyOperandsAreAnsweredByOneAssignmentAfterBothWereRead)
+{
+    for (const auto function : {KivRegionAdd, KivRegionAnd, KivRegionSub}) {
+        {
+            Operands given(0, 0);
+            EXPECT_EQ(function(given.a, given.b, &given.out), KIVMV_ERR_PARAM_1);
+            EXPECT_EQ(calls(), after_reading({"KivRegion()", "out = KivRegion()"}));
+        }
+        {
+            Operands given(0, 8);
+            EXPECT_EQ(function(given.a, given.b, &given.out), KIVMV_OK);
+            EXPECT_EQ(calls(), after_reading({"out = b"}));
+        }
+        {
+            Operands given(10, 0);
+            EXPECT_EQ(function(given.a, given.b, &given.out), KIVMV_OK);
+            EXPECT_EQ(calls(), after_reading({"out = a"}));
+        }
+    }
+}
+
+TEST_F(AlgebraContract, ComplementReadsTheRegionThenCreatesTheResultOnce)
+{
+    Operands given(10, 0);
+    EXPECT_EQ(KivRegionNot(given.a, &given.out), KIVMV_OK);
+    EXPECT_EQ(calls(), (Calls{"a.Width()", "a.Height()", "a.GetRegionRuns()",
+                              "out.CreateRegion(10, 5, {(0,0,9) (3,0,9) (4,0,9)})"}));
+
+    start();
+    EXPECT_EQ(KivRegionNot(given.b, &given.out), KIVMV_ERR_PARAM_1);
+    EXPECT_EQ(calls(), (Calls{"b.Width()", "b.Height()", "b.GetRegionRuns()"}));
+}

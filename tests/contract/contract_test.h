@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+// What the tests against the recording data types share.
+#pragma once
+
+#include "double/recording.h"
+
+#include <KivData/KivData.h>
+#include <KivDataConvert/KivDataConvert.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace contract
+{
+
+using Calls = std::vector<std::string>;
+
+inline const Calls& calls()
+{
+    return recording::recorder().calls;
+}
+
+/// The constant part of every extraction, around the mask.
+inline std::string find_contours(const std::string& mask)
+{
+    return "FindContours(" + mask + ", 1, empty, empty, empty, null, empty, empty, true, -1, -1, 1, false)";
+}
+
+/// Forgets what making the arguments recorded, so that what follows is the function's own.
+inline void start()
+{
+    recording::recorder().calls.clear();
+    recording::recorder().violations.clear();
+    recording::recorder().call_count = 0;
+}
+
+/// Every test ends with no violation and with as many living objects as at its start.
+class ContractTest : public testing::Test
+{
+protected:
+    ContractTest()
+    {
+        start();
+        living_before_ = recording::recorder().living_objects;
+    }
+    ~ContractTest() override
+    {
+        EXPECT_EQ(recording::recorder().violations, Calls{});
+        EXPECT_EQ(recording::recorder().living_objects, living_before_);
+    }
+
+private:
+    long living_before_;
+};
+
+inline void set(KivRegion& region, const std::string& name, int width, int height, std::vector<Run> runs)
+{
+    region.test_name = name;
+    region.test_width = width;
+    region.test_height = height;
+    region.test_runs = std::move(runs);
+}
+
+inline void set(KivVarArray& array, const std::vector<int>& values)
+{
+    for (const int value : values) {
+        array.test_append(value);
+    }
+}
+
+/// The bytes of an 8-bit image given row by row, in a matrix whose rows are padded.
+inline cv::Mat padded_matrix(int rows, int cols, const std::vector<int>& bytes)
+{
+    cv::Mat padded(rows, cols + 3, CV_8UC1, cv::Scalar(9));
+    cv::Mat view = padded.colRange(0, cols);
+    for (int y = 0; y < rows; ++y) {
+        for (int x = 0; x < cols; ++x) {
+            view.at<uchar>(y, x) = static_cast<uchar>(bytes.at(static_cast<std::size_t>(y * cols + x)));
+        }
+    }
+    return view;
+}
+
+} // namespace contract
