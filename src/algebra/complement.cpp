@@ -52,13 +52,14 @@ void append_gaps(RunView row_runs, int width, RunList& out)
 
 } // namespace
 
-RunList complement(RunList runs, Frame frame, LastRowOfComplement last_row)
+RunList complement(RunView delivered, Frame frame, LastRowOfComplement last_row)
 {
     RunList out;
-    if (runs.empty()) {
+    if (delivered.empty()) {
         return out;
     }
-    sort_by_row(runs);
+    const ByRow by_row(delivered);
+    const RunView runs = by_row.runs();
     append_full_rows(0, row_of(runs.front()), frame.width, out);
     for (RunView rest = runs; !rest.empty();) {
         const RunView group = leading_row(rest);

@@ -5,12 +5,11 @@
 
 int KIVMV::KivRegionNot(KivRegion& a, KivRegion* out)
 {
-    kiv::RegionParts parts(a);
+    const kiv::RegionParts parts(a);
     if (parts.empty()) {
         return KIVMV_ERR_PARAM_1;
     }
 
-    const kiv::RunList runs = kiv::complement(parts.runs.list(), parts.frame, kiv::LastRowOfComplement::left_out);
-    kiv::create_region(*out, parts.frame, runs);
+    kiv::create_region(*out, parts.frame, kiv::complement(parts.runs, parts.frame, kiv::LastRowOfComplement::left_out));
     return KIVMV_OK;
 }

@@ -8,8 +8,8 @@ namespace kiv
 
 int combine_regions(KivRegion& a, KivRegion& b, KivRegion& out, const SetOperation& operation)
 {
-    RegionParts parts_of_a(a);
-    RegionParts parts_of_b(b);
+    const RegionParts parts_of_a(a);
+    const RegionParts parts_of_b(b);
     if (parts_of_a.empty() && parts_of_b.empty()) {
         out = KivRegion();
         return KIVMV::KIVMV_ERR_PARAM_1;
@@ -23,8 +23,8 @@ int combine_regions(KivRegion& a, KivRegion& b, KivRegion& out, const SetOperati
         return KIVMV::KIVMV_OK;
     }
 
-    const RunList runs = combine(parts_of_a.runs.list(), parts_of_b.runs.list(), operation);
-    create_region(out, result_frame(operation.frame, parts_of_a.frame, parts_of_b.frame), runs);
+    RunList runs = combine(parts_of_a.runs, parts_of_b.runs, operation);
+    create_region(out, result_frame(operation.frame, parts_of_a.frame, parts_of_b.frame), std::move(runs));
     return KIVMV::KIVMV_OK;
 }
 

@@ -16,11 +16,11 @@ Frame result_frame(ResultFrame rule, Frame a, Frame b)
     return {std::max(a.width, b.width), std::max(a.height, b.height)};
 }
 
-RunList combine(RunList a, RunList b, const SetOperation& operation)
+RunList combine(RunView a, RunView b, const SetOperation& operation)
 {
-    sort_by_row(a);
-    sort_by_row(b);
-    return join_rows(a, b, operation.rules, operation.combine_row);
+    const ByRow a_by_row(a);
+    const ByRow b_by_row(b);
+    return join_rows(a_by_row.runs(), b_by_row.runs(), operation.rules, operation.combine_row);
 }
 
 } // namespace kiv

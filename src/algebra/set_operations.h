@@ -74,7 +74,7 @@ inline constexpr SetOperation difference = {
 /// The frame of a result, from the frames of the operands.
 Frame result_frame(ResultFrame rule, Frame a, Frame b);
 
-/// Sorts both lists by row and joins them.
-RunList combine(RunList a, RunList b, const SetOperation& operation);
+/// Joins two lists, in whatever order their rows are.
+RunList combine(RunView a, RunView b, const SetOperation& operation);
 
 } // namespace kiv

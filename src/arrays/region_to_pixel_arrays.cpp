@@ -7,14 +7,14 @@ int KIVMV::KivRegionToVarArray(KivRegion& region, KivVarArray* xs, KivVarArray* 
 {
     xs->Clear();
     ys->Clear();
-    kiv::RegionParts parts(region);
+    const kiv::RegionParts parts(region);
     if (parts.empty()) {
         return KIVMV_ERR_PARAM_1;
     }
 
     // A mask brings the pixels into order and drops repetitions, whatever the runs are like.
     cv::Mat mask = kiv::uniform_mask(parts.frame, 0);
-    kiv::paint_runs(parts.runs.list(), 255, mask);
+    kiv::paint_runs(parts.runs, 255, mask);
     for (int y = 0; y < mask.rows; ++y) {
         const uchar* row = mask.data + static_cast<std::size_t>(y) * mask.step[0];
         for (int x = 0; x < mask.cols; ++x) {

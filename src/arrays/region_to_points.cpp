@@ -10,7 +10,7 @@
 int KIVMV::KivRegionToPointArray(KivRegion& region, KivPointArray* points)
 {
     points->Clear();
-    kiv::RegionParts parts(region);
+    const kiv::RegionParts parts(region);
     if (parts.empty()) {
         return KIVMV_ERR_PARAM_1;
     }
@@ -18,7 +18,7 @@ int KIVMV::KivRegionToPointArray(KivRegion& region, KivPointArray* points)
     // No pixel of this mask is touched: it is made so that a frame that no mask can have is refused before any point.
     const cv::Mat mask(parts.frame.height, parts.frame.width, CV_8UC1);
     KivPoint point;
-    for (const auto& [row, begin, end] : parts.runs.list()) {
+    for (const auto& [row, begin, end] : kiv::RunView(parts.runs)) {
         point.y = row;
         for (std::int64_t column = begin; column <= end; ++column) {
             point.x = static_cast<double>(column);

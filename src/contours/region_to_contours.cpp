@@ -5,12 +5,12 @@
 
 int KIVMV::KivRegionToContourArray(KivRegion& region, KivContourArray* contours)
 {
-    kiv::RegionParts parts(region);
+    const kiv::RegionParts parts(region);
     if (parts.empty()) {
         return KIVMV_ERR_PARAM_1;
     }
     cv::Mat mask = kiv::uniform_mask(parts.frame, 0);
-    kiv::paint_runs(parts.runs.list(), 255, mask);
+    kiv::paint_runs(parts.runs, 255, mask);
     if (mask.cols < 1) { // a guard that the check above leaves nothing to
         return KIVMV_ERR_PARAM_1;
     }

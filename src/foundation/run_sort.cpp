@@ -61,6 +61,15 @@ void sort_by_row(RunList& runs)
     }
 }
 
+ByRow::ByRow(RunView runs) : runs_(runs)
+{
+    if (!rows_ascend(runs)) {
+        copy_.assign(runs.begin(), runs.end());
+        sort_by_row(copy_);
+        runs_ = copy_;
+    }
+}
+
 } // namespace kiv
 
 int KIVMV::maxbit(KivVarArray values)

@@ -13,4 +13,19 @@ bool rows_ascend(RunView runs);
 /// otherwise linear.
 void sort_by_row(RunList& runs);
 
+/// Runs with ascending rows: the given ones, which must outlive it, or a sorted copy where their rows do not ascend.
+class ByRow
+{
+public:
+    explicit ByRow(RunView runs);
+    ByRow(const ByRow&) = delete;
+    ByRow& operator=(const ByRow&) = delete;
+
+    RunView runs() const { return runs_; }
+
+private:
+    RunList copy_;
+    RunView runs_;
+};
+
 } // namespace kiv

@@ -1,20 +1,40 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/runs.h"
 
+#include "foundation/bulk.h"
+
 #include <algorithm>
 #include <cstddef>
 
 namespace kiv
 {
-
-RunArrays::RunArrays(RunView runs)
+namespace
 {
-    for (const auto& [row, begin, end] : runs) {
-        rows.Append(KivVar(row));
-        col_begins.Append(KivVar(begin));
-        col_ends.Append(KivVar(end));
+
+template <class Region>
+HeldRuns delivered_runs(Region& region)
+{
+    if constexpr (KeepsFlatRuns<Region>) {
+        return RunView(region.Runs());
+    } else {
+        RunArrays arrays;
+        region.GetRegionRuns(&arrays.rows, &arrays.col_begins, &arrays.col_ends);
+        return arrays.list();
     }
 }
+
+template <class Region>
+void replace(Region& region, Frame frame, RunList runs)
+{
+    if constexpr (KeepsFlatRuns<Region>) {
+        region.CreateRegion(frame.width, frame.height, std::move(runs));
+    } else {
+        RunArrays arrays(runs);
+        region.CreateRegion(frame.width, frame.height, arrays.rows, arrays.col_begins, arrays.col_ends);
+    }
+}
+
+} // namespace
 
 RunView leading_row(RunView runs)
 {
@@ -34,15 +54,23 @@ RunList list_of(KivVarArray& rows, KivVarArray& col_begins, KivVarArray& col_end
     return runs;
 }
 
-RegionParts::RegionParts(KivRegion& region) : frame(frame_of(region))
+RunArrays::RunArrays(RunView runs)
 {
-    region.GetRegionRuns(&runs.rows, &runs.col_begins, &runs.col_ends);
+    for (const auto& [row, begin, end] : runs) {
+        rows.Append(KivVar(row));
+        col_begins.Append(KivVar(begin));
+        col_ends.Append(KivVar(end));
+    }
 }
 
-void create_region(KivRegion& region, Frame frame, RunView runs)
+HeldRuns runs_of(KivRegion& region)
 {
-    RunArrays arrays(runs);
-    region.CreateRegion(frame.width, frame.height, arrays.rows, arrays.col_begins, arrays.col_ends);
+    return delivered_runs(region);
+}
+
+void create_region(KivRegion& region, Frame frame, RunList runs)
+{
+    replace(region, frame, std::move(runs));
 }
 
 } // namespace kiv

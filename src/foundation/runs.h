@@ -10,6 +10,7 @@
 #include <KivRLC/KivRLC.h>
 
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace kiv
@@ -43,14 +44,13 @@ inline Frame frame_of(const KivRegion& region)
 /// The flat list of the runs in three parallel arrays, as many as there are rows.
 RunList list_of(KivVarArray& rows, KivVarArray& col_begins, KivVarArray& col_ends);
 
-/// Runs as the data types hand them out and take them in. Not copyable: the arrays are filled once and read once.
+/// Runs as the data types hand them out and take them in: the three arrays, to be filled once.
 struct RunArrays {
     RunArrays() = default;
     explicit RunArrays(RunView runs);
     RunArrays(const RunArrays&) = delete;
     RunArrays& operator=(const RunArrays&) = delete;
 
-    bool empty() const { return rows.Length() < 1; }
     RunList list() { return list_of(rows, col_begins, col_ends); }
 
     KivVarArray rows;
@@ -58,18 +58,39 @@ struct RunArrays {
     KivVarArray col_ends;
 };
 
+/// Runs to read: a list of its own, or a view of runs that another object keeps and that must outlive it.
+class HeldRuns
+{
+public:
+    HeldRuns(RunList own) : own_(std::move(own)), runs_(own_) {}
+    HeldRuns(RunView kept_elsewhere) : runs_(kept_elsewhere) {}
+    HeldRuns(const HeldRuns&) = delete;
+    HeldRuns& operator=(const HeldRuns&) = delete;
+
+    operator RunView() const& { return runs_; }
+    operator RunView() const&& = delete; // the view would outlive what it shows
+    bool empty() const { return runs_.empty(); }
+
+private:
+    RunList own_;
+    RunView runs_;
+};
+
+/// The runs of a region, in the order in which it delivers them. They may be a view of the region.
+HeldRuns runs_of(KivRegion& region);
+
 /// A region taken apart: first its frame, then its runs.
 struct RegionParts {
-    explicit RegionParts(KivRegion& region);
+    explicit RegionParts(KivRegion& region) : frame(frame_of(region)), runs(runs_of(region)) {}
 
     /// The width alone decides whether a region is empty.
     bool empty() const { return frame.width < 1; }
 
     Frame frame;
-    RunArrays runs;
+    HeldRuns runs;
 };
 
 /// Replaces a region by one of the given frame and runs.
-void create_region(KivRegion& region, Frame frame, RunView runs);
+void create_region(KivRegion& region, Frame frame, RunList runs);
 
 } // namespace kiv

@@ -28,7 +28,7 @@ int KIVMV::KivRegionToImage(KivImage* image, KivRegion& region, int foreground, 
     if (height < 1) {
         return KIVMV_ERR_PARAM_5;
     }
-    kiv::RegionParts parts(region);
+    const kiv::RegionParts parts(region);
     if (parts.empty()) {
         return KIVMV_ERR_PARAM_1;
     }
@@ -39,19 +39,19 @@ int KIVMV::KivRegionToImage(KivImage* image, KivRegion& region, int foreground, 
     } catch (...) {
         return KIVMV_ERR_EXCEPTION;
     }
-    kiv::paint_runs(parts.runs.list(), static_cast<unsigned char>(foreground), pixels);
+    kiv::paint_runs(parts.runs, static_cast<unsigned char>(foreground), pixels);
     return KIVMV_OK;
 }
 
 int KIVMV::KivRegionToBinImage(KivImage* image, KivRegion& region)
 {
-    kiv::RegionParts parts(region);
+    const kiv::RegionParts parts(region);
     if (parts.empty()) {
         return KIVMV_ERR_PARAM_1;
     }
 
     cv::Mat& pixels = kiv::matrix_of(*image);
     pixels = kiv::uniform_mask(parts.frame, 0);
-    kiv::paint_runs(parts.runs.list(), 255, pixels);
+    kiv::paint_runs(parts.runs, 255, pixels);
     return KIVMV_OK;
 }

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-// What the ROI functions share: which ROIs have a mask, and a mask taken apart.
+// What the ROI functions share: which ROIs have a mask, masks taken apart, and an ROI made of a mask.
 #pragma once
 
 #include "foundation/first_member.h"
 #include "foundation/runs.h"
 
 #include <KivData/KivData.h>
+
+#include <optional>
 
 namespace kiv
 {
@@ -27,20 +29,24 @@ inline bool has_mask(const KivROI& roi)
 
 /// The frame and the runs of an ROI's mask.
 struct MaskParts {
-    explicit MaskParts(const IKivROIPara& parameters)
-    {
-        parameters.GetMask(&runs.rows, &runs.col_begins, &runs.col_ends, &frame.width, &frame.height);
-    }
-
     Frame frame;
-    RunArrays runs;
+    HeldRuns runs;
+};
+
+/// Reads the masks of a set operation's operands, one after the other. What it returns may be a view of the ROI.
+///
+/// By the contract's own operations it reads through a copy of the first operand, to which the others are assigned:
+/// assignment keeps the copy's parameter object and replaces what is in it.
+class MaskReader
+{
+public:
+    MaskParts read(const KivROI& roi);
+
+private:
+    std::optional<KivROI> copy_;
 };
 
 /// Makes an ROI a mask of the given runs and frame.
-inline void generate_mask(KivROI& roi, Frame frame, RunView runs)
-{
-    RunArrays arrays(runs);
-    parameters_of(roi).GenMask(arrays.rows, arrays.col_begins, arrays.col_ends, frame.width, frame.height);
-}
+void generate_mask(KivROI& roi, Frame frame, RunList runs);
 
 } // namespace kiv

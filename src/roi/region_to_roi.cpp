@@ -10,8 +10,8 @@ int KIVMV::KivRegionToROI(KivRegion& region, KivROI* out)
         return KIVMV_ERR_PARAM_1;
     }
 
-    kiv::RunArrays runs;
-    region.GetRegionRuns(&runs.rows, &runs.col_begins, &runs.col_ends);
-    kiv::parameters_of(*out).GenMask(runs.rows, runs.col_begins, runs.col_ends, frame.width, frame.height);
+    const kiv::HeldRuns held = kiv::runs_of(region);
+    const kiv::RunView runs = held;
+    kiv::generate_mask(*out, frame, {runs.begin(), runs.end()});
     return KIVMV_OK;
 }

@@ -10,9 +10,8 @@ int KIVMV::KivROINot(KivROI& a, KivROI* out)
         return KIVMV_ERR_PARAM_1;
     }
 
-    const KivROI operand(a);
-    kiv::MaskParts mask(kiv::parameters_of(operand));
-    const kiv::RunList runs = kiv::complement(mask.runs.list(), mask.frame, kiv::LastRowOfComplement::like_any);
-    kiv::generate_mask(*out, mask.frame, runs);
+    kiv::MaskReader reader;
+    const kiv::MaskParts mask = reader.read(a);
+    kiv::generate_mask(*out, mask.frame, kiv::complement(mask.runs, mask.frame, kiv::LastRowOfComplement::like_any));
     return KIVMV_OK;
 }

@@ -36,23 +36,20 @@ int combine_rois(KivROI& a, KivROI& b, KivROI& out, const RoiOperation& operatio
         return operation.code_for_empty_type;
     }
 
-    // One copy serves both operands in turn: assignment keeps the parameter object and replaces what is in it.
-    KivROI operand(a);
-    const IKivROIPara& parameters = parameters_of(operand);
-    MaskParts mask_of_a(parameters);
+    MaskReader reader;
+    const MaskParts mask_of_a = reader.read(a);
     if (mask_of_a.runs.empty()) {
         write_stand_in(operation.without_a, a, b, out);
         return KIVMV::KIVMV_OK;
     }
-    operand = b;
-    MaskParts mask_of_b(parameters);
+    const MaskParts mask_of_b = reader.read(b);
     if (mask_of_b.runs.empty()) {
         write_stand_in(operation.without_b, a, b, out);
         return KIVMV::KIVMV_OK;
     }
 
-    const RunList runs = combine(mask_of_a.runs.list(), mask_of_b.runs.list(), operation.on_runs);
-    generate_mask(out, result_frame(operation.on_runs.frame, mask_of_a.frame, mask_of_b.frame), runs);
+    RunList runs = combine(mask_of_a.runs, mask_of_b.runs, operation.on_runs);
+    generate_mask(out, result_frame(operation.on_runs.frame, mask_of_a.frame, mask_of_b.frame), std::move(runs));
     return KIVMV::KIVMV_OK;
 }
 

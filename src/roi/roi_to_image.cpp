@@ -10,8 +10,10 @@ int KIVMV::KivROIToBinImage(KivImage* image, KivROI& roi)
     }
 
     IKivROIPara& parameters = kiv::parameters_of(roi);
-    kiv::MaskParts parts(parameters);
-    auto& [rows, col_begins, col_ends] = parts.runs;
-    kiv::matrix_of(*image) = parameters.ToMAT(rows, col_begins, col_ends, parts.frame.width, parts.frame.height);
+    kiv::RunArrays arrays;
+    auto& [rows, col_begins, col_ends] = arrays;
+    kiv::Frame frame;
+    parameters.GetMask(&rows, &col_begins, &col_ends, &frame.width, &frame.height);
+    kiv::matrix_of(*image) = parameters.ToMAT(rows, col_begins, col_ends, frame.width, frame.height);
     return KIVMV_OK;
 }

@@ -10,9 +10,11 @@ int KIVMV::KivROIToRegion(KivROI& roi, KivRegion* out)
         return KIVMV_ERR_PARAM_1;
     }
     IKivROIPara& parameters = kiv::parameters_of(roi);
-    kiv::MaskParts parts(parameters);
-    auto& [rows, col_begins, col_ends] = parts.runs;
-    const auto& [width, height] = parts.frame;
+    kiv::RunArrays arrays;
+    auto& [rows, col_begins, col_ends] = arrays;
+    kiv::Frame frame;
+    auto& [width, height] = frame;
+    parameters.GetMask(&rows, &col_begins, &col_ends, &width, &height);
     cv::Mat mask = parameters.ToMAT(rows, col_begins, col_ends, width, height);
     if (mask.cols < 1) {
         return KIVMV_ERR_PARAM_1;

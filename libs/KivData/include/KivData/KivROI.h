@@ -61,6 +61,13 @@ public:
     /// polygon, two for each edge on the row); never the area of the shape or of the frame.
     std::vector<Run> MaskRuns() const;
 
+    /// The runs of a mask without copying them; null for any other shape. Holds until the parameters are next changed.
+    const std::vector<Run>* KeptRuns() const noexcept
+    {
+        const auto* mask = std::get_if<KivShape::Mask>(&shape_);
+        return mask != nullptr ? &mask->runs : nullptr;
+    }
+
     /// Whether one of MaskRuns() covers the pixel in column x and row y, told without making the runs.
     bool Contains(int x, int y) const;
 

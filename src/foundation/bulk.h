@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// Operations that an implementation of the data types may offer beyond the contract, because its insides make them
+// cheap. Where they are missing, the contract's own operations do the same. Defining KIVMV_CONTRACT_ONLY leaves them
+// unused, so that both ways can be tested on the same types.
+#pragma once
+
+#include "foundation/runs.h"
+
+#include <concepts>
+
+namespace kiv
+{
+
+#if defined(KIVMV_CONTRACT_ONLY)
+inline constexpr bool bulk_operations_are_used = false;
+#else
+inline constexpr bool bulk_operations_are_used = true;
+#endif
+
+/// A region that shows its runs as a flat list and takes one over. Measured by bench/ as region_union.
+template <class Region>
+concept KeepsFlatRuns = bulk_operations_are_used && requires(Region& region, RunList runs)
+{
+    {
+        region.Runs()
+        } -> std::convertible_to<RunView>;
+    region.CreateRegion(0, 0, std::move(runs));
+};
+
+/// The same of an ROI's mask. Measured by bench/ as roi_union.
+template <class Parameters>
+concept KeepsFlatMask = bulk_operations_are_used && requires(Parameters& parameters, RunList runs)
+{
+    {
+        parameters.KeptRuns()
+        } -> std::same_as<const RunList*>;
+    {
+        parameters.MaskRuns()
+        } -> std::same_as<RunList>;
+    {
+        parameters.Width()
+        } -> std::same_as<int>;
+    {
+        parameters.Height()
+        } -> std::same_as<int>;
+    parameters.GenMask(std::move(runs), 0, 0);
+};
+
+} // namespace kiv
