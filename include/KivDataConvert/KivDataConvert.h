@@ -67,7 +67,7 @@ KIVMV_API int maxbit(KivVarArray values);
 
 /// Sorts runs by row, in place and stably: runs of one row keep their order. Columns only travel with their row.
 ///
-/// Negative rows sort before row 0. Every element of the three arrays is an int afterwards.
+/// Negative rows sort before row 0. The elements that are sorted are ints afterwards.
 /// @param rows the keys; any ints
 /// @param colBegins at least as many elements as `rows`; elements past that stay where they are
 /// @param colEnds the same
