@@ -41,9 +41,8 @@ void KivVarArray::Replace(int index, const KivVar& value)
     if (packed_ && value.ValType() == KivVar::IntKind) {
         ints_[at] = value.I();
     } else {
-        KivVar copy(value);
         unpack();
-        vars_[at].swap(copy);
+        vars_[at] = value;
     }
 }
 
@@ -67,9 +66,8 @@ void KivVarArray::append_slowly(const KivVar& value)
     if (packed_ && value.ValType() == KivVar::IntKind) {
         ints_.push_back(value.I());
     } else {
-        KivVar copy(value); // taken first: `value` may be an element that moves when the array grows
         unpack();
-        vars_.push_back(std::move(copy));
+        vars_.push_back(value);
     }
 }
 

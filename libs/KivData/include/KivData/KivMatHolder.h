@@ -16,16 +16,16 @@
 class KIVDATA_API KivMatHolder
 {
 public:
-    KivMatHolder() = default;                                                   ///< Holds an empty matrix.
-    explicit KivMatHolder(cv::Mat matrix) : matrix_(std::move(matrix)) {}       ///< Shares the pixels of `matrix`.
-    KivMatHolder(const KivMatHolder& other) : matrix_(other.matrix_.clone()) {} ///< Copies the pixels.
+    KivMatHolder() = default;                                                    ///< Holds an empty matrix.
+    explicit KivMatHolder(cv::Mat matrix) : matrix_(std::move(matrix)) {}        ///< Shares the pixels of `matrix`.
+    KivMatHolder(const KivMatHolder& other) : matrix_(copy_of(other.matrix_)) {} ///< Copies the pixels.
     KivMatHolder(KivMatHolder&& other) noexcept : matrix_(std::move(other.matrix_)) {} ///< Leaves `other` empty.
     ~KivMatHolder() = default;
 
     /// Copies the pixels.
     KivMatHolder& operator=(const KivMatHolder& other)
     {
-        matrix_ = other.matrix_.clone();
+        matrix_ = copy_of(other.matrix_);
         return *this;
     }
 
@@ -44,6 +44,8 @@ public:
     friend bool operator!=(const KivMatHolder& a, const KivMatHolder& b) { return !a.equals(b); }
 
 private:
+    /// cv::Mat::clone() forgets the size and the type of a matrix without elements.
+    static cv::Mat copy_of(const cv::Mat& matrix) { return matrix.empty() ? matrix : matrix.clone(); }
     bool equals(const KivMatHolder& other) const;
 
     [[maybe_unused]] cv::Mat* first_member_ = &matrix_;

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include <KivData/KivPoint.h>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <iterator>
+#include <stdexcept>
+#include <utility>
+
+namespace
+{
+
+const KivPointArray sample{KivPoint{1.0, 2.0}, KivPoint{-3.5, 0.25}};
+
+TEST(Point, StartsWithItsTwoCoordinates)
+{
+    const KivPoint point{1.5, -2.5};
+    double coordinates[2];
+    std::memcpy(coordinates, &point, sizeof coordinates);
+    EXPECT_EQ(coordinates[0], 1.5);
+    EXPECT_EQ(coordinates[1], -2.5);
+    EXPECT_EQ(KivPoint(), (KivPoint{0.0, 0.0}));
+    EXPECT_NE(point, (KivPoint{1.5, 2.5}));
+    EXPECT_NE(point, (KivPoint{0.0, -2.5}));
+}
+
+TEST(PointArray, KeepsWhatIsAppended)
+{
+    KivPointArray array;
+    KivPoint point{1.0, 2.0};
+    array.Append(point);
+    array.Append(KivPoint{-3.5, 0.25});
+    point.x = 9.0;
+    EXPECT_EQ(array.Length(), 2);
+    EXPECT_EQ(array, sample);
+    EXPECT_EQ(array.Points().size(), 2U);
+    EXPECT_EQ(std::distance(array.begin(), array.end()), 2);
+}
+
+TEST(PointArray, AppendsItsOwnElements)
+{
+    KivPointArray array(sample);
+    for (int i = 0; i < 100; ++i) {
+        array.Append(array[i]);
+    }
+    for (int i = 0; i < array.Length(); ++i) {
+        EXPECT_EQ(array[i], sample[i % 2]);
+    }
+}
+
+TEST(PointArray, IsAssignableThroughItsReferences)
+{
+    KivPointArray array(sample);
+    array[1].x = 7.0;
+    array[0] = array[1];
+    EXPECT_EQ(std::as_const(array)[0], (KivPoint{7.0, 0.25}));
+}
+
+TEST(PointArray, RefusesIndicesOutside)
+{
+    KivPointArray array(sample);
+    for (const int index : {-1, 2}) {
+        EXPECT_THROW(array[index], std::out_of_range);
+        EXPECT_THROW(sample[index], std::out_of_range);
+    }
+}
+
+TEST(PointArray, HasValueSemantics)
+{
+    KivPointArray copy(sample);
+    EXPECT_EQ(copy, sample);
+    copy[0].y = 5.0;
+    EXPECT_NE(copy, sample);
+    const KivPointArray& same = copy = sample;
+    copy = same;
+    EXPECT_EQ(copy, sample);
+
+    KivPointArray moved(std::move(copy));
+    EXPECT_EQ(moved, sample);
+    EXPECT_EQ(copy.Length(), 0);
+    copy.Append(KivPoint{1.0, 1.0});
+    EXPECT_EQ(copy.Length(), 1);
+    moved.Clear();
+    EXPECT_EQ(moved, KivPointArray());
+}
+
+} // namespace
