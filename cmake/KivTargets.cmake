@@ -29,11 +29,18 @@ function(kiv_export_only target map)
     set_target_properties(${target} PROPERTIES LINK_DEPENDS ${map})
 endfunction()
 
-# kiv_add_test(<name> <sources...>): a GoogleTest program whose tests CTest knows one by one.
+# kiv_add_test(<name> [INTERNALS] <sources...>): a GoogleTest program whose tests CTest knows one by one. It uses the
+# shared library or, with INTERNALS, the library's objects, of which it sees more than is exported.
 function(kiv_add_test name)
-    add_executable(${name} ${ARGN})
+    cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNALS" "" "")
+    add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-    target_link_libraries(${name} PRIVATE KivDataConvert KivData KivRLC GTest::gtest_main)
+    if(arg_INTERNALS)
+        target_link_libraries(${name} PRIVATE kiv_convert_objects GTest::gtest_main)
+        target_sources(${name} PRIVATE $<TARGET_OBJECTS:kiv_convert_objects>)
+    else()
+        target_link_libraries(${name} PRIVATE KivDataConvert GTest::gtest_main)
+    endif()
     kiv_warnings(${name})
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
 endfunction()

@@ -15,8 +15,7 @@ int KIVMV::KivRegionToPointArray(KivRegion& region, KivPointArray* points)
         return KIVMV_ERR_PARAM_1;
     }
 
-    // No pixel of this mask is touched: it is made so that a frame that no mask can have is refused before any point.
-    const cv::Mat mask(parts.frame.height, parts.frame.width, CV_8UC1);
+    const cv::Mat refuses_negative_height(parts.frame.height, 0, CV_8UC1);
     KivPoint point;
     for (const auto& [row, begin, end] : kiv::RunView(parts.runs)) {
         point.y = row;

@@ -7,9 +7,7 @@
 
 #include <opencv2/imgproc.hpp>
 
-#include <algorithm>
 #include <climits>
-#include <cstdint>
 
 namespace kiv
 {
@@ -20,10 +18,30 @@ constexpr int all_contours = -1;
 constexpr int filled = -1;
 constexpr int eight_connected = 8;
 
-int within_reach(int coordinate, int size)
+constexpr int uppermost_row = -(1 << 20);
+
+/// Where the edge from a to b, which lie on different sides of the uppermost row, meets it.
+cv::Point_<int> meet_uppermost_row(const cv::Point_<double>& a, const cv::Point_<double>& b)
 {
-    constexpr std::int64_t reach = 1 << 24;
-    return static_cast<int>(std::clamp<std::int64_t>(coordinate, -reach, size + reach));
+    const double part = (uppermost_row - a.y) / (b.y - a.y);
+    return {round_half_even(a.x + (b.x - a.x) * part), uppermost_row};
+}
+
+/// The polygon without what lies above the uppermost row; what that cuts apart stays joined along the row.
+PixelList cut_above_uppermost_row(const PixelList& polygon)
+{
+    PixelList kept;
+    for (std::size_t i = 0; i < polygon.size(); ++i) {
+        const auto& from = polygon[i > 0 ? i - 1 : polygon.size() - 1];
+        const auto& to = polygon[i];
+        if ((from.y < uppermost_row) != (to.y < uppermost_row)) {
+            kept.push_back(meet_uppermost_row(from, to));
+        }
+        if (to.y >= uppermost_row) {
+            kept.push_back(to);
+        }
+    }
+    return kept;
 }
 
 } // namespace
@@ -37,15 +55,13 @@ PixelList pixels_of(const KivContour& contour, int (*to_pixel)(double))
     return pixels;
 }
 
-void fill_polygon(cv::Mat& mask, PixelList polygon, int value)
+void fill_polygon(cv::Mat& mask, const PixelList& polygon, int value)
 {
-    for (auto& corner : polygon) {
-        corner.x = within_reach(corner.x, mask.cols);
-        corner.y = within_reach(corner.y, mask.rows);
+    const std::vector<PixelList> polygons{cut_above_uppermost_row(polygon)};
+    if (!polygons.front().empty()) {
+        cv::drawContours(mask, polygons, all_contours, cv::Scalar(value, 0, 0, 0), filled, eight_connected,
+                         cv::noArray(), INT_MAX, cv::Point(0, 0));
     }
-    const std::vector<PixelList> polygons{std::move(polygon)};
-    cv::drawContours(mask, polygons, all_contours, cv::Scalar(value, 0, 0, 0), filled, eight_connected, cv::noArray(),
-                     INT_MAX, cv::Point(0, 0));
 }
 
 int fill_contours(KivContourArray& contours, Frame frame, cv::Mat& mask)

@@ -16,9 +16,9 @@ PixelList pixels_of(const KivContour& contour, int (*to_pixel)(double));
 
 /// Fills the polygon, interior and 8-connected border, with a grey value. What lies outside the mask is cut off.
 ///
-/// Corners further than 2^24 pixels outside the mask are drawn at that distance, as drawing takes time for every row
-/// that a polygon spans above the mask.
-void fill_polygon(cv::Mat& mask, PixelList polygon, int value);
+/// What lies more than 2^20 rows above the mask is cut off before it is drawn, as drawing takes time for every row of a
+/// polygon from its top on; the cut ends of edges are rounded to pixels.
+void fill_polygon(cv::Mat& mask, const PixelList& polygon, int value);
 
 /// Makes `mask` the contours, filled by the data types, at a size of at least 2 x 2. Returns the result code; `mask` is
 /// as it was unless that is KIVMV_OK.

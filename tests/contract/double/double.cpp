@@ -305,6 +305,15 @@ void KivPointArray::test_append(double x, double y)
     recording::recorder().throw_at = throw_at;
 }
 
+std::vector<cv::Point_<double>> KivPointArray::test_points() const
+{
+    std::vector<cv::Point_<double>> points;
+    for (const auto& point : points_) {
+        points.emplace_back(point->x, point->y);
+    }
+    return points;
+}
+
 KivContour::KivContour()
 {
     record_call("KivContour()");

@@ -130,6 +130,7 @@ public:
     int Length() const;
 
     void test_append(double x, double y);
+    std::vector<cv::Point_<double>> test_points() const;
 
 private:
     std::vector<std::unique_ptr<KivPoint>> points_;

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// Every allocation fails once: the first, the second, and so on, until a function goes through. Each time the exception
+// reaches the caller, or becomes a code where that is promised; nothing leaks, and no argument has changed that should
+// not have.
+#include "failing_allocations.h"
+#include "scenarios.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+namespace
+{
+
+using faults::Output;
+using faults::Scenario;
+
+class AllocationFaults : public testing::TestWithParam<Scenario>
+{
+protected:
+    static void SetUpTestSuite() { faults::fail_matrices_too(); }
+};
+
+struct Attempt {
+    bool failure_was_injected = false;
+    bool threw = false;
+    int code = 0;
+};
+
+Attempt attempt_with_fault(const faults::Call& call, long fault_at)
+{
+    Attempt attempt;
+    faults::fail_allocation(fault_at);
+    try {
+        attempt.code = call.make();
+    } catch (const std::bad_alloc&) {
+        attempt.threw = true;
+    } catch (const cv::Exception&) {
+        attempt.threw = true;
+    }
+    attempt.failure_was_injected = faults::allocations_made() >= fault_at;
+    faults::fail_allocation(0);
+    return attempt;
+}
+
+TEST_P(AllocationFaults, NothingIsLostWhenMemoryRunsOut)
+{
+    const Scenario& scenario = GetParam();
+    scenario.prepare().make(); // whatever OpenCV makes once and keeps
+    int injected = 0;
+    for (long fault_at = 1;; ++fault_at) {
+        SCOPED_TRACE("allocation " + std::to_string(fault_at) + " fails");
+        const long living_before = faults::living_blocks();
+        bool went_through = false;
+        {
+            const faults::Call call = scenario.prepare();
+            const std::string inputs_before = call.inputs();
+            const std::string output_before = call.output();
+
+            const Attempt attempt = attempt_with_fault(call, fault_at);
+
+            EXPECT_EQ(call.inputs(), inputs_before);
+            went_through = !attempt.failure_was_injected;
+            if (went_through) {
+                EXPECT_EQ(attempt.code, KIVMV::KIVMV_OK);
+            } else {
+                ++injected;
+                const bool became_a_code = attempt.code == KIVMV::KIVMV_ERR_EXCEPTION;
+                EXPECT_TRUE(attempt.threw || (scenario.exceptions_become_a_code && became_a_code));
+                if (scenario.on_failure == Output::untouched) {
+                    EXPECT_EQ(call.output(), output_before);
+                }
+            }
+        }
+        if (HasFailure()) {
+            break;
+        }
+        EXPECT_EQ(faults::living_blocks(), living_before);
+        if (went_through) {
+            break;
+        }
+    }
+    RecordProperty("faults", injected);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, AllocationFaults, testing::ValuesIn(faults::all_scenarios()),
+                         [](const auto& scenario) { return scenario.param.name; });
+
+} // namespace

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "failing_allocations.h"
+
+#include <opencv2/core.hpp>
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace
+{
+
+thread_local long nth_fails = 0;
+thread_local long made = 0;
+std::atomic<long> living{0};
+
+bool is_to_fail()
+{
+    return ++made == nth_fails;
+}
+
+void* allocate(std::size_t size)
+{
+    void* block = is_to_fail() ? nullptr : std::malloc(size > 0 ? size : 1);
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    ++living;
+    return block;
+}
+
+void release(void* block) noexcept
+{
+    if (block != nullptr) {
+        --living;
+        std::free(block);
+    }
+}
+
+#if CV_VERSION_MAJOR >= 4
+using AccessFlags = cv::AccessFlag;
+#else
+using AccessFlags = int;
+#endif
+
+/// OpenCV's own allocator, which fails when it is told to, with the error that OpenCV raises when memory runs out.
+class FailingMatAllocator : public cv::MatAllocator
+{
+public:
+    cv::UMatData* allocate(int dims, const int* sizes, int type, void* data, std::size_t* step, AccessFlags flags,
+                           cv::UMatUsageFlags usage) const override
+    {
+        if (is_to_fail()) {
+            CV_Error(cv::Error::StsNoMem, "told to fail");
+        }
+        return cv::Mat::getStdAllocator()->allocate(dims, sizes, type, data, step, flags, usage);
+    }
+    bool allocate(cv::UMatData* data, AccessFlags flags, cv::UMatUsageFlags usage) const override
+    {
+        return cv::Mat::getStdAllocator()->allocate(data, flags, usage);
+    }
+    void deallocate(cv::UMatData* data) const override { cv::Mat::getStdAllocator()->deallocate(data); }
+};
+
+} // namespace
+
+void faults::fail_allocation(long nth)
+{
+    nth_fails = nth;
+    made = 0;
+}
+
+long faults::allocations_made()
+{
+    return made;
+}
+
+long faults::living_blocks()
+{
+    return living;
+}
+
+void faults::fail_matrices_too()
+{
+    static FailingMatAllocator allocator;
+    cv::Mat::setDefaultAllocator(&allocator);
+}
+
+void* operator new(std::size_t size)
+{
+    return allocate(size);
+}
+
+void* operator new[](std::size_t size)
+{
+    return allocate(size);
+}
+
+void operator delete(void* block) noexcept
+{
+    release(block);
+}
+
+void operator delete[](void* block) noexcept
+{
+    release(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept
+{
+    release(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept
+{
+    release(block);
+}

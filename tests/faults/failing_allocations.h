@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// Memory that runs out on request, for operator new and for the pixels of cv::Mat alike.
+#pragma once
+
+namespace faults
+{
+
+/// Lets the n-th allocation of this thread fail, counted from 1; 0 lets all succeed. Starts counting anew.
+void fail_allocation(long nth);
+
+/// Allocations of this thread since fail_allocation() was last called.
+long allocations_made();
+
+/// Blocks that are allocated now.
+long living_blocks();
+
+/// Makes cv::Mat take its pixels from the failing allocator, from now on.
+void fail_matrices_too();
+
+} // namespace faults
