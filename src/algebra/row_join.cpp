@@ -96,6 +96,7 @@ RunList join_rows(RunView a, RunView b, const JoinRules& rules, RowFunction comb
 {
     assert(rows_ascend(a) && rows_ascend(b));
     RunList out;
+    out.reserve(a.size() + b.size());
     if (a.size() == 1) {
         if (rules.single_run_of_a == SingleRunOfA::kept) {
             append(a, out);
