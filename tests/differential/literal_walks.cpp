@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <stdexcept>
 #include <utility>
 
@@ -36,16 +37,16 @@ void emit(Runs& out, int row, int col_begin, int col_end)
     out.push_back(Run{row, col_begin, col_end});
 }
 
-// Columns may be as low or as high as an int goes. One step past either end wraps around to the other, by unsigned
-// arithmetic, because the signed step would be undefined.
+// Columns may be as low or as high as an int goes. A step past either end stays there, because what lies beyond the
+// last column that an int can name is an empty run.
 int plus_one(int column)
 {
-    return static_cast<int>(static_cast<unsigned>(column) + 1U);
+    return column == std::numeric_limits<int>::max() ? column : column + 1;
 }
 
 int minus_one(int column)
 {
-    return static_cast<int>(static_cast<unsigned>(column) - 1U);
+    return column == std::numeric_limits<int>::min() ? column : column - 1;
 }
 
 // Runs of one row keep the order in which they came.
