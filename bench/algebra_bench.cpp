@@ -7,6 +7,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
+
+#include <limits>
 #include <string>
 
 namespace
@@ -68,6 +71,10 @@ void register_on(const bench::Workload& work)
 
 int main(int argc, char** argv)
 {
+    // Freed memory is kept for the next iteration, also beyond malloc's threshold for giving it back. Otherwise results
+    // of more than 32 MB would pay for fresh pages each time, and growth would show the kernel instead of the library.
+    mallopt(M_MMAP_MAX, 0);
+    mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     benchmark::Initialize(&argc, argv);
     std::vector<std::vector<bench::Workload>> growing;
     for (const char* kind : {"blobs", "strokes", "tall"}) {

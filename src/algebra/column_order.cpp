@@ -46,17 +46,29 @@ ByColumn::ByColumn(RunView row) : runs_(row)
 
 Neighbours::Neighbours(RunView row) : row_(row), is_plain_(is_plain(row)) {}
 
+std::size_t Neighbours::first_not_left_of(int column) const
+{
+    const auto lies_left = [column](const Run& run) { return end_of(run) < column; };
+    std::size_t begin = first_;
+    std::size_t stop = first_;
+    if (begin > 0 && !lies_left(row_[begin - 1])) {
+        begin = 0;
+    }
+    for (std::size_t step = 1; stop < row_.size() && lies_left(row_[stop]); step *= 2) {
+        begin = stop + 1;
+        stop = std::min(row_.size(), stop + step);
+    }
+    const RunView among = row_.subspan(begin, stop - begin);
+    return begin +
+           static_cast<std::size_t>(std::partition_point(among.begin(), among.end(), lies_left) - among.begin());
+}
+
 RunView Neighbours::of(const Run& run)
 {
     if (!is_plain_ || begin_of(run) > end_of(run)) {
         return row_;
     }
-    if (first_ > 0 && end_of(row_[first_ - 1]) >= begin_of(run)) {
-        first_ = 0;
-    }
-    while (first_ < row_.size() && end_of(row_[first_]) < begin_of(run)) {
-        ++first_;
-    }
+    first_ = first_not_left_of(begin_of(run));
     std::size_t stop = first_;
     while (stop < row_.size() && begin_of(row_[stop]) <= end_of(run)) {
         ++stop;

@@ -25,7 +25,8 @@ private:
 };
 
 /// Finds the runs of a row that another run can meet, so that a row of many runs is not gone through for each of them.
-/// Asked in the order of first columns, all answers together take linear time.
+/// Asked in the order of first columns, all answers together take linear time; in any other, each takes logarithmic
+/// time to find.
 ///
 /// This works for rows whose runs neither overlap nor are out of order nor begin past their end; of any other row, and
 /// for a run that begins past its end, all runs are the answer.
@@ -37,9 +38,12 @@ public:
     RunView of(const Run& run);
 
 private:
+    /// The first run that does not end left of the column: searched for from the last answer on, in growing steps.
+    std::size_t first_not_left_of(int column) const;
+
     RunView row_;
     bool is_plain_;
-    std::size_t first_ = 0; // no run before it reaches as far right as the run last asked for
+    std::size_t first_ = 0; // the first run of the last answer
 };
 
 } // namespace kiv
