@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+/// @file
+/// Makes requests for more memory than there is fail under sanitizers as they do without. To be included by exactly one
+/// source file of a program.
+#pragma once
+
+// NOLINTBEGIN(bugprone-reserved-identifier,misc-use-internal-linkage,misc-definitions-in-headers)
+extern "C" const char* __asan_default_options();
+extern "C" const char* __tsan_default_options();
+
+extern "C" const char* __asan_default_options()
+{
+    return "allocator_may_return_null=1";
+}
+
+extern "C" const char* __tsan_default_options()
+{
+    return "allocator_may_return_null=1";
+}
+// NOLINTEND(bugprone-reserved-identifier,misc-use-internal-linkage,misc-definitions-in-headers)
