@@ -14,7 +14,8 @@
 /// - Pointers must not be null. Inputs are passed by reference and are not changed.
 /// - The library throws nothing of its own. Exceptions of the data types and of OpenCV (std::bad_alloc,
 ///   cv::Exception) pass to the caller, where nothing else is said; everything local is released, and the output is as
-///   it was, unless writing it had begun.
+///   it was, unless writing it had begun. A frame too large to hold raises cv::Exception or std::bad_alloc in every
+///   function that makes a mask of it.
 /// - No state is kept between calls. Calls on distinct objects may run at the same time; two calls that share an
 ///   object which one of them writes must not.
 /// - Costs are stated in runs, pixels or points; "linear" means proportional to what is read plus what is written.
@@ -271,8 +272,8 @@ KIVMV_API int KivContourArrayToRegion(KivContourArray& contours, int width, int 
 /// Fills one contour, its border included, into a region.
 ///
 /// Coordinates are truncated toward zero. The frame reaches from (0, 0) to just past the largest column and row;
-/// parts at negative coordinates are cut off. Coordinates that no int can hold are saturated to int, and NaN counts as
-/// 0.
+/// parts at negative coordinates are cut off, those more than 2^20 rows above the frame before drawing, which rounds
+/// where their edges enter. Coordinates that no int can hold are saturated to int, and NaN counts as 0.
 /// @param contour the contour
 /// @param[out] region runs are maximal, ordered by row, then by column
 /// @retval KIVMV_ERR_PARAM_1 the contour has no points
@@ -307,8 +308,9 @@ KIVMV_API int KivBinImageToContourArray(KivImage& image, KivContourArray* contou
 /// image itself is not changed.
 ///
 /// Coordinates are rounded to the nearest pixel, ties to even: (2.5, 3.5) is drawn at (2, 4). Coordinates that no int
-/// can hold are saturated to int, and NaN counts as 0.
-/// @param image an image of one channel
+/// can hold are saturated to int, and NaN counts as 0. What lies outside the image is cut off, parts more than 2^20
+/// rows above it before drawing, which rounds where their edges enter.
+/// @param image an image of one channel, 8-bit as a rule; the depth and the height are not checked
 /// @param contour the contour
 /// @param add true: the contour becomes foreground (255); false: it is cut out (0)
 /// @param[out] contours written as IKivROIPara::MatToMask() does

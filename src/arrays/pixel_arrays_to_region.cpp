@@ -14,16 +14,18 @@ int KIVMV::KivVarArrayToRegion(KivVarArray& xs, KivVarArray& ys, KivRegion* regi
     }
 
     kiv::PixelList pixels;
-    const int length = xs.Length();
+    const kiv::VariantReader columns(xs);
+    const kiv::VariantReader rows(ys);
+    const int length = columns.length();
     pixels.reserve(static_cast<std::size_t>(length));
     for (int i = 0; i < length; ++i) {
-        if (!kiv::is_number(xs[i])) {
+        if (!columns.is_number(i)) {
             return KIVMV_ERR_PARAM_1;
         }
-        if (!kiv::is_number(ys[i])) {
+        if (!rows.is_number(i)) {
             return KIVMV_ERR_PARAM_2;
         }
-        pixels.emplace_back(xs[i].I(), ys[i].I());
+        pixels.emplace_back(columns.value(i), rows.value(i));
     }
     return kiv::pixels_to_region(pixels, *region);
 }

@@ -7,8 +7,10 @@
 int KIVMV::KivVarArrayToContour(KivVarArray& xs, KivVarArray& ys, KivContour* contour)
 {
     *contour = KivContour();
-    const int length = xs.Length();
-    if (length != ys.Length()) {
+    const kiv::VariantReader columns(xs);
+    const kiv::VariantReader rows(ys);
+    const int length = columns.length();
+    if (length != rows.length()) {
         return KIVMV_ERR_LENGTH;
     }
     if (length < 1) {
@@ -18,13 +20,13 @@ int KIVMV::KivVarArrayToContour(KivVarArray& xs, KivVarArray& ys, KivContour* co
     auto& points = kiv::points_of(*contour);
     points.reserve(static_cast<std::size_t>(length));
     for (int i = 0; i < length; ++i) {
-        if (!kiv::is_number(xs[i])) {
+        if (!columns.is_number(i)) {
             return KIVMV_ERR_PARAM_1;
         }
-        if (!kiv::is_number(ys[i])) {
+        if (!rows.is_number(i)) {
             return KIVMV_ERR_PARAM_2;
         }
-        points.emplace_back(xs[i].I(), ys[i].I());
+        points.emplace_back(columns.value(i), rows.value(i));
     }
     return KIVMV_OK;
 }

@@ -7,6 +7,7 @@
 #include "foundation/runs.h"
 
 #include <concepts>
+#include <vector>
 
 namespace kiv
 {
@@ -44,6 +45,15 @@ concept KeepsFlatMask = bulk_operations_are_used && requires(Parameters& paramet
         parameters.Height()
         } -> std::same_as<int>;
     parameters.GenMask(std::move(runs), 0, 0);
+};
+
+/// An array that shows its elements as a flat list as long as all of them are ints.
+template <class Array>
+concept KeepsPackedInts = bulk_operations_are_used && requires(const Array& array)
+{
+    {
+        array.PackedInts()
+        } -> std::same_as<const std::vector<int>*>;
 };
 
 } // namespace kiv

@@ -3,6 +3,8 @@
 // two.
 #include "foundation/run_sort.h"
 
+#include "foundation/variants.h"
+
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <algorithm>
@@ -90,9 +92,9 @@ void KIVMV::radixsort(KivVarArray& rows, KivVarArray& colBegins, KivVarArray& co
     kiv::sort_by_row(runs);
     int i = 0;
     for (const auto& [row, begin, end] : runs) {
-        rows[i] = KivVar(row);
-        colBegins[i] = KivVar(begin);
-        colEnds[i] = KivVar(end);
+        kiv::write_int(rows, i, row);
+        kiv::write_int(colBegins, i, begin);
+        kiv::write_int(colEnds, i, end);
         ++i;
     }
 }

@@ -2,6 +2,7 @@
 #include "foundation/runs.h"
 
 #include "foundation/bulk.h"
+#include "foundation/variants.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -45,11 +46,14 @@ RunView leading_row(RunView runs)
 
 RunList list_of(KivVarArray& rows, KivVarArray& col_begins, KivVarArray& col_ends)
 {
-    const int length = rows.Length();
+    const VariantReader row_reader(rows);
+    const VariantReader begin_reader(col_begins);
+    const VariantReader end_reader(col_ends);
+    const int length = row_reader.length();
     RunList runs;
     runs.reserve(static_cast<std::size_t>(length));
     for (int i = 0; i < length; ++i) {
-        runs.push_back({rows[i].I(), col_begins[i].I(), col_ends[i].I()});
+        runs.push_back({row_reader.value(i), begin_reader.value(i), end_reader.value(i)});
     }
     return runs;
 }
