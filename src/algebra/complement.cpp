@@ -22,17 +22,23 @@ int right_of(int column)
     return column == std::numeric_limits<int>::max() ? column : column + 1;
 }
 
-/// Full rows from `first` to just before `stop`.
-void append_full_rows(std::int64_t first, std::int64_t stop, int width, RunList& out)
+/// Full rows from `first` to just before `stop`; the list grows once, so that one too long to hold is refused at once.
+void append_full_rows(std::int64_t first, std::int64_t stop, int last_column, RunList& out)
 {
-    for (std::int64_t row = first; row < stop; ++row) {
-        out.push_back({static_cast<int>(row), 0, width - 1});
+    if (first >= stop) {
+        return;
+    }
+    const std::size_t before = out.size();
+    out.resize(before + static_cast<std::size_t>(stop - first));
+    for (Run& run : std::span(out).subspan(before)) {
+        run = {static_cast<int>(first), 0, last_column};
+        ++first;
     }
 }
 
 /// The gaps of one row: left of its runs, between neighbours, right of them. A gap between neighbours includes the last
 /// pixel of the left run and reaches one past the first pixel of the right one, and there is one for every pair.
-void append_gaps(RunView row_runs, int width, RunList& out)
+void append_gaps(RunView row_runs, int last_column, RunList& out)
 {
     const ByColumn by_column(row_runs);
     const RunView runs = by_column.runs();
@@ -45,8 +51,8 @@ void append_gaps(RunView row_runs, int width, RunList& out)
         out.push_back({row, last_end, right_of(begin)});
         last_end = end;
     }
-    if (last_end != width - 1) {
-        out.push_back({row, right_of(last_end), width - 1});
+    if (last_end != last_column) {
+        out.push_back({row, right_of(last_end), last_column});
     }
 }
 
@@ -60,18 +66,19 @@ RunList complement(RunView delivered, Frame frame, LastRowOfComplement last_row)
     }
     const ByRow by_row(delivered);
     const RunView runs = by_row.runs();
-    append_full_rows(0, row_of(runs.front()), frame.width, out);
+    const int last_column = left_of(frame.width);
+    append_full_rows(0, row_of(runs.front()), last_column, out);
     for (RunView rest = runs; !rest.empty();) {
         const RunView group = leading_row(rest);
         rest = rest.subspan(group.size());
         if (!rest.empty()) {
-            append_full_rows(std::int64_t{row_of(group.front())} + 1, row_of(rest.front()), frame.width, out);
+            append_full_rows(std::int64_t{row_of(group.front())} + 1, row_of(rest.front()), last_column, out);
         }
         if (!rest.empty() || last_row == LastRowOfComplement::like_any) {
-            append_gaps(group, frame.width, out);
+            append_gaps(group, last_column, out);
         }
     }
-    append_full_rows(std::int64_t{row_of(runs.back())} + 1, frame.height, frame.width, out);
+    append_full_rows(std::int64_t{row_of(runs.back())} + 1, frame.height, last_column, out);
     return out;
 }
 
