@@ -29,18 +29,29 @@ function(kiv_export_only target map)
     set_target_properties(${target} PROPERTIES LINK_DEPENDS ${map})
 endfunction()
 
-# kiv_add_test(<name> [INTERNALS] <sources...>): a GoogleTest program whose tests CTest knows one by one. It uses the
-# shared library or, with INTERNALS, the library's objects, of which it sees more than is exported.
+# kiv_add_test(<name> <sources...>): a GoogleTest program on the shared library, whose tests CTest knows one by one.
 function(kiv_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNALS" "" "")
-    add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+    add_executable(${name} ${ARGN})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-    if(arg_INTERNALS)
-        target_link_libraries(${name} PRIVATE kiv_convert_objects GTest::gtest_main)
-        target_sources(${name} PRIVATE $<TARGET_OBJECTS:kiv_convert_objects>)
-    else()
-        target_link_libraries(${name} PRIVATE KivDataConvert GTest::gtest_main)
-    endif()
+    target_link_libraries(${name} PRIVATE KivDataConvert GTest::gtest_main)
     kiv_warnings(${name})
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
+endfunction()
+
+# kiv_add_internal_tests(<name> <sources...>): the programs <name>_tests and <name>_contract_only_tests, which are linked
+# with the library's objects and so see more than is exported: once as they are, once as they are built to use nothing
+# but the contract of the data types. The tests are compiled once.
+function(kiv_add_internal_tests name)
+    add_library(${name}_test_objects OBJECT ${ARGN})
+    target_include_directories(${name}_test_objects PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${name}_test_objects PUBLIC kiv_convert_objects GTest::gtest_main)
+    kiv_warnings(${name}_test_objects)
+    foreach(variant "" _contract_only)
+        set(program ${name}${variant}_tests)
+        add_executable(${program}
+            $<TARGET_OBJECTS:${name}_test_objects> $<TARGET_OBJECTS:kiv_convert${variant}_objects>)
+        target_link_libraries(${program} PRIVATE KivData KivRLC opencv_imgproc GTest::gtest_main)
+        set_target_properties(${program} PROPERTIES LINKER_LANGUAGE CXX)
+        gtest_discover_tests(${program} TEST_SUFFIX "${variant}" DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
+    endforeach()
 endfunction()

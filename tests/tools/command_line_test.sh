@@ -1,0 +1,96 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+# Runs kivconvert as its users do: round trips, exit statuses, one line on standard error, no output after a failure.
+#
+#   command_line_test.sh KIVCONVERT
+. "$(dirname "$0")/command_line.sh"
+
+#  .#..##.
+#  #######
+#  ..###..
+printf '# width=7 height=3\nrow,colBegin,colEnd\n0,1,1\n0,4,5\n1,0,6\n2,2,4\n' >a.csv
+printf '# width=7 height=3\nrow,colBegin,colEnd\n0,5,6\n1,2,3\n2,0,2\n2,4,4\n' >b.csv
+printf 'P5\n4 1\n255\n\001\100\200\377' >grey.pgm
+
+# Runs to an image and back, in every format, change nothing.
+for image in a.png a.bmp a.pgm a.tif; do
+    expect 0 image a.csv -o "$image"
+    expect 0 region "$image" -o back.csv
+    same a.csv back.csv
+done
+expect 0 region a.png -o a.json
+expect 0 image a.json -o again.png
+same a.png again.png
+expect 0 image a.csv -o framed.pgm --foreground 3 --background 1 --width 2 --height 1
+expect 0 region framed.pgm --threshold 2 -o framed.csv
+printf '# width=2 height=1\nrow,colBegin,colEnd\n0,1,1\n' >expected.csv
+same framed.csv expected.csv
+
+# Pixels of the threshold itself are foreground.
+for threshold in 0:0,0,3 1:0,0,3 2:0,1,3 64:0,1,3 65:0,2,3 129:0,3,3 255:0,3,3; do
+    expect 0 region grey.pgm --threshold "${threshold%%:*}" -o out.csv
+    [ "$(tail -n 1 out.csv)" = "${threshold#*:}" ] || fail "threshold $threshold gives $(tail -n 1 out.csv)"
+done
+rm -f out.csv
+
+expect 0 info a.csv
+shows 'frame *7 x 3'
+shows 'runs *4'
+shows 'pixels *13'
+expect 0 info a.png
+shows 'pixels *13'
+
+# Set algebra: run files and images mix, as operands and as results.
+expect 0 image b.csv -o b.png
+for operation in union intersection difference; do
+    expect 0 "$operation" a.csv b.csv -o runs.csv
+    expect 0 "$operation" a.png b.csv -o mixed.csv
+    same runs.csv mixed.csv
+    expect 0 "$operation" a.png b.png -o mask.png
+    expect 0 image runs.csv -o painted.png
+    same mask.png painted.png
+done
+expect 0 union a.csv b.csv -o union.png
+expect 0 info union.png
+shows 'pixels *16'
+expect 0 complement a.png -o complement.json
+expect 0 complement a.csv -o a.csv
+
+# An output that is there already stays as it is when the work fails.
+cp b.csv kept.csv
+expect 2 union b.csv none.csv -o kept.csv
+same b.csv kept.csv
+
+: >empty.csv
+printf '# width=7 height=3\nrow,colBegin,colEnd\n0,1,1\n0,x,5\n' >number.csv
+printf '# width=7 height=3\nrow,colBegin,colEnd\n0,1\n' >column.csv
+printf '# width=7 height=3\nrow,colBegin,colEnd\n0,1,3000000000\n' >range.csv
+printf '{"width":7,"height":3,"runs":[[0,1,"1"]]}' >type.json
+printf '{"width":7,' >cut.json
+printf '# width=2147483647 height=2147483647\nrow,colBegin,colEnd\n0,1,1\n' >huge.csv
+printf '# width=0 height=0\nrow,colBegin,colEnd\n' >nothing.csv
+printf 'no image' >text.png
+head -c 40 a.png >cut.png
+printf 'P5\n1 1\n65535\n\001\001' >deep.pgm
+for file in none.csv empty.csv number.csv column.csv range.csv type.json cut.json huge.csv text.png cut.png .; do
+    expect 2 info "$file"
+    expect_refused 2 complement "$file"
+done
+expect 2 info number.csv
+grep -qx 'kivconvert: number.csv:4: colBegin is not an integer' err.txt || fail "wrong complaint: $(cat err.txt)"
+expect_refused 1 complement nothing.csv
+expect_refused 1 region deep.pgm
+
+expect 2 image b.csv -o huge.png --width 2000000000 --height 2000000000
+expect 2 image b.csv -o lossy.jpg
+expect 2 region a.png -o folder/out.csv
+expect 2 region a.png -o a.png
+expect 2 region a.png -o out.csv --threshold 256
+expect 2 image b.csv -o out.png --foreground -1
+expect 2 union a.csv -o out.csv
+expect 2 unknown
+expect 2
+expect 0 --help
+expect 0 --version
+
+[ "$failures" = 0 ]

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "kivconvert/operands.h"
+#include "kivconvert/run_files.h"
+#include "tools/scratch_folder.h"
+
+namespace
+{
+
+using OperandsOfCommands = tools_tests::ScratchFolder;
+using kivconvert::read_operands;
+using tools_tests::complaint_of;
+
+const std::string rectangle = "roi:rectangle:-5,1,50,2";
+const KivRegion runs(7, 5, {{4, 0, 6}});
+
+TEST_F(OperandsOfCommands, AreFilesOrShapes)
+{
+    kivconvert::write_runs(path("a.csv"), runs);
+    EXPECT_EQ(kivconvert::read_operand(path("a.csv"), {}), runs);
+    EXPECT_EQ(kivconvert::read_operand(rectangle, {3, 9}), KivRegion(3, 9, {{1, 0, 2}, {2, 0, 2}}));
+}
+
+TEST_F(OperandsOfCommands, GiveShapesTheFrameOfTheOther)
+{
+    kivconvert::write_runs(path("a.csv"), runs);
+    const KivRegion shape(7, 5, {{1, 0, 6}, {2, 0, 6}});
+    const kivconvert::Operands first = read_operands(rectangle, path("a.csv"), {});
+    EXPECT_EQ(first.a, shape);
+    EXPECT_EQ(first.b, runs);
+    const kivconvert::Operands second = read_operands(path("a.csv"), rectangle, {});
+    EXPECT_EQ(second.a, runs);
+    EXPECT_EQ(second.b, shape);
+}
+
+TEST_F(OperandsOfCommands, TakeAGivenFrameFirst)
+{
+    kivconvert::write_runs(path("a.csv"), runs);
+    EXPECT_EQ(read_operands(path("a.csv"), rectangle, {2, 2}).b, KivRegion(2, 2, {{1, 0, 1}}));
+    EXPECT_EQ(read_operands(rectangle, path("a.csv"), {2, 2}).a, KivRegion(2, 2, {{1, 0, 1}}));
+}
+
+TEST_F(OperandsOfCommands, NeedAPossibleFrame)
+{
+    for (const kivconvert::Frame& frame : {kivconvert::Frame{}, {5, 0}, {0, 5}}) {
+        EXPECT_EQ(complaint_of([&] { kivconvert::read_operand(rectangle, frame); }),
+                  rectangle + ": is in no frame; give --width and --height");
+    }
+    EXPECT_NE(complaint_of([&] {
+                  kivconvert::read_operand(rectangle, {1 << 21, 1});
+              }).find("is too large"),
+              std::string::npos);
+}
+
+TEST_F(OperandsOfCommands, MayBeShapesWithoutPixels)
+{
+    EXPECT_EQ(kivconvert::read_operand("roi:circle:-50,0,3", {7, 5}), KivRegion(7, 5, {}));
+    KivROI none;
+    EXPECT_EQ(kivconvert::region_of(none, {7, 5}), KivRegion(7, 5, {}));
+}
+
+} // namespace

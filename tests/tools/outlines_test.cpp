@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "kivconvert/outlines.h"
+#include "tools/nested_mask.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+
+namespace
+{
+
+kivconvert::TracedContours traced(cv::Mat mask)
+{
+    KivImage image(mask);
+    return kivconvert::contours_of(image, "mask");
+}
+
+/// The numbers of holes, by the row of the topmost point of the outer border.
+std::map<int, std::size_t> holes_by_top_row(const std::vector<kivconvert::Outline>& outlines)
+{
+    std::map<int, std::size_t> holes;
+    for (const kivconvert::Outline& outline : outlines) {
+        const auto& points = outline.outer->AllPoints();
+        const auto top = std::min_element(points.begin(), points.end(), [](auto a, auto b) { return a.y < b.y; });
+        holes[static_cast<int>(top->y)] = outline.holes.size();
+    }
+    return holes;
+}
+
+TEST(Outlines, HaveTheHolesOfTheirOwnPiece)
+{
+    kivconvert::TracedContours contours = traced(tools_tests::nested_mask());
+    EXPECT_EQ(contours.contours.Length(), 7);
+    // The frame has three holes, the disc one, the pixel none.
+    EXPECT_EQ(holes_by_top_row(kivconvert::outlines_of(contours)),
+              (std::map<int, std::size_t>{{3, 3}, {12, 1}, {20, 0}}));
+}
+
+TEST(Outlines, OfPixelsAndLinesHaveNoHoles)
+{
+    for (const cv::Size size : {cv::Size(1, 1), cv::Size(1, 5), cv::Size(5, 1), cv::Size(3, 3)}) {
+        kivconvert::TracedContours contours = traced(cv::Mat(size, CV_8UC1, cv::Scalar(9)));
+        const auto outlines = kivconvert::outlines_of(contours);
+        ASSERT_EQ(outlines.size(), 1U) << size;
+        EXPECT_TRUE(outlines.front().holes.empty()) << size;
+    }
+}
+
+TEST(Outlines, OfNothingAreNone)
+{
+    kivconvert::TracedContours contours = traced(cv::Mat::zeros(4, 4, CV_8UC1));
+    EXPECT_TRUE(kivconvert::outlines_of(contours).empty());
+}
+
+} // namespace

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Files as bytes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kivconvert
+{
+
+/// The extension in lower case, with its dot; empty if there is none.
+std::string extension_of(const std::string& path);
+
+/// @throws FileError if the file cannot be read or is empty.
+std::string read_file(const std::string& path);
+
+/// Writes beside the target and renames when all is written: a failure leaves whatever was at `path` as it was.
+///
+/// @throws FileError if the file cannot be written, or if something other than a regular file is at `path`.
+void write_file(const std::string& path, std::string_view bytes);
+
+} // namespace kivconvert

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "kivconvert/image_files.h"
+
+#include "kivconvert/errors.h"
+#include "kivconvert/files.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <iterator>
+#include <opencv2/imgcodecs.hpp>
+#include <string_view>
+#include <unistd.h>
+#include <vector>
+
+namespace kivconvert
+{
+namespace
+{
+
+constexpr std::string_view lossless_extensions[] = {".png", ".bmp", ".pgm", ".tif", ".tiff"};
+
+/// Keeps the image codecs from writing complaints of their own to standard error, as long as it lives.
+class QuietCodecs
+{
+public:
+    QuietCodecs() : saved_(dup(STDERR_FILENO))
+    {
+        const int nowhere = open("/dev/null", O_WRONLY);
+        dup2(nowhere, STDERR_FILENO);
+        close(nowhere);
+    }
+    QuietCodecs(const QuietCodecs&) = delete;
+    QuietCodecs& operator=(const QuietCodecs&) = delete;
+    ~QuietCodecs()
+    {
+        dup2(saved_, STDERR_FILENO);
+        close(saved_);
+    }
+
+private:
+    int saved_;
+};
+
+/// @param mode one of cv::ImreadModes
+cv::Mat decode(const std::string& bytes, int mode)
+{
+    const QuietCodecs quiet;
+    const std::vector<uchar> buffer(bytes.begin(), bytes.end());
+    try {
+        return cv::imdecode(buffer, mode);
+    } catch (const cv::Exception&) {
+        return {};
+    }
+}
+
+cv::Mat read_image(const std::string& path, int mode)
+{
+    cv::Mat pixels = decode(read_file(path), mode);
+    if (pixels.empty()) {
+        throw FileError(path, "is not an image of a known format, or a damaged one");
+    }
+    return pixels;
+}
+
+std::vector<uchar> encode(const std::string& extension, const cv::Mat& pixels)
+{
+    const QuietCodecs quiet;
+    std::vector<uchar> bytes;
+    try {
+        return cv::imencode(extension, pixels, bytes) ? bytes : std::vector<uchar>();
+    } catch (const cv::Exception&) {
+        return {};
+    }
+}
+
+} // namespace
+
+void expect_possible_frame(const std::string& path, int width, int height)
+{
+    constexpr int max_side = 1 << 20;
+    constexpr long long max_pixels = 1LL << 30;
+    if (width > max_side || height > max_side || static_cast<long long>(width) * height > max_pixels) {
+        throw FileError(path,
+                        fmt::format("a frame of {} x {} is too large; {} columns, {} rows and {} pixels are the most",
+                                    width, height, max_side, max_side, max_pixels));
+    }
+}
+
+KivImage read_grey_image(const std::string& path)
+{
+    cv::Mat pixels = read_image(path, cv::IMREAD_GRAYSCALE | cv::IMREAD_ANYDEPTH);
+    return KivImage(pixels);
+}
+
+PngPicture read_as_png(const std::string& path)
+{
+    const cv::Mat pixels = read_image(path, cv::IMREAD_ANYCOLOR);
+    const std::vector<uchar> bytes = encode(".png", pixels);
+    if (bytes.empty()) {
+        throw FileError(path, "cannot be made a .png");
+    }
+    return {std::string(bytes.begin(), bytes.end()), pixels.cols, pixels.rows};
+}
+
+void expect_lossless_image(const std::string& path)
+{
+    const auto* const last = std::end(lossless_extensions);
+    if (std::find(std::begin(lossless_extensions), last, extension_of(path)) == last) {
+        throw FileError(path, "is not named like an image that keeps every pixel; those end in .png, .bmp, .pgm, .tif");
+    }
+}
+
+void write_image(const std::string& path, const KivImage& image)
+{
+    expect_lossless_image(path);
+    const std::vector<uchar> bytes = encode(extension_of(path), image.Mat());
+    if (bytes.empty()) {
+        throw FileError(path, "cannot hold an image of this size");
+    }
+    write_file(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+} // namespace kivconvert

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Traced contours, sorted by the piece of foreground that they belong to.
+#pragma once
+
+#include "kivconvert/contour_files.h"
+
+#include <vector>
+
+namespace kivconvert
+{
+
+/// The borders of one connected piece of foreground.
+struct Outline {
+    const KivContour* outer = nullptr;
+    std::vector<const KivContour*> holes;
+};
+
+/// The outlines in the order of their outer borders. They point into `traced`, whose contours must be those of a whole
+/// mask, as tracing gives them. @throws ResultError
+std::vector<Outline> outlines_of(TracedContours& traced);
+
+} // namespace kivconvert

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// Regions from and to whatever file can hold one: runs or a mask image.
+#pragma once
+
+#include <KivData/KivData.h>
+
+#include <string>
+
+namespace kivconvert
+{
+
+/// The non-zero pixels of an image. @param subject the file that the image came from, for error messages
+KivRegion region_of(KivImage& image, const std::string& subject);
+
+/// Reads a run file, or the non-zero pixels of an image. @throws FileError, ResultError
+KivRegion read_region(const std::string& path);
+
+/// How a region is painted.
+struct Painting {
+    int foreground = 255; ///< 0 to 255
+    int background = 0;   ///< 0 to 255
+    int width = 0;        ///< 0: that of the region's frame
+    int height = 0;       ///< 0: that of the region's frame
+};
+
+/// Paints a region and writes the image. @throws FileError, ResultError
+void write_painted(const std::string& path, KivRegion& region, const Painting& painting);
+
+/// Writes a run file or a mask image, as the extension says. @throws FileError, ResultError
+void write_region(const std::string& path, KivRegion& region);
+
+} // namespace kivconvert

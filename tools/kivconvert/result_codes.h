@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// The library's result codes in words.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace kivconvert
+{
+
+/// The library refused something; the message names the code and tells its meaning.
+struct ResultError : std::runtime_error {
+    using runtime_error::runtime_error;
+};
+
+/// For example "KIVMV_ERR_BIT_DEPTH (2001014): the input image is not 8-bit".
+std::string describe_result(int code);
+
+/// @throws ResultError unless `code` is success; its message begins with `subject`, the file or operation concerned.
+void expect_success(int code, const std::string& subject);
+
+} // namespace kivconvert

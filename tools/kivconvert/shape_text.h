@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// Shapes of regions of interest in words: "roi:circle:320,240,100".
+#pragma once
+
+#include <KivData/KivData.h>
+
+#include <string>
+
+namespace kivconvert
+{
+
+/// Whether the text is meant as a shape: it begins with "roi:".
+bool is_shape(const std::string& text);
+
+/// The shape, in a frame. @throws InputError if the text names no shape, or if its numbers are not those of the shape
+KivROI parse_shape(const std::string& text, int width, int height);
+
+/// All shapes and their parameters, for help texts.
+std::string known_shapes();
+
+} // namespace kivconvert
