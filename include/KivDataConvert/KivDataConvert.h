@@ -191,7 +191,8 @@ KIVMV_API int KivImageToMatrix(KivImage& image, KivMatrix* matrix);
 
 /// Makes an image an 8-bit copy of a matrix, which shares nothing with it.
 ///
-/// Values are rounded and clamped to 0 to 255, not rescaled; the channel count is kept.
+/// Values are rounded and clamped to 0 to 255, not rescaled, by cv::Mat::convertTo(), which leaves open what becomes of
+/// reals that no int can hold; the channel count is kept.
 /// @param[out] image its former pixels are released
 /// @param matrix any element type that OpenCV converts to 8 bits
 /// @retval KIVMV_ERR_PARAM_1 the matrix has no rows

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <limits>
 #include <new>
 
 namespace
@@ -13,15 +14,16 @@ namespace
 thread_local long nth_fails = 0;
 thread_local long made = 0;
 std::atomic<long> living{0};
+std::atomic<std::size_t> largest_block{std::numeric_limits<std::size_t>::max()};
 
-bool is_to_fail()
+bool is_to_fail(std::size_t size)
 {
-    return ++made == nth_fails;
+    return ++made == nth_fails || size > largest_block;
 }
 
 void* allocate(std::size_t size)
 {
-    void* block = is_to_fail() ? nullptr : std::malloc(size > 0 ? size : 1);
+    void* block = is_to_fail(size) ? nullptr : std::malloc(size > 0 ? size : 1);
     if (block == nullptr) {
         throw std::bad_alloc();
     }
@@ -50,7 +52,11 @@ public:
     cv::UMatData* allocate(int dims, const int* sizes, int type, void* data, std::size_t* step, AccessFlags flags,
                            cv::UMatUsageFlags usage) const override
     {
-        if (is_to_fail()) {
+        std::size_t size = data == nullptr ? static_cast<std::size_t>(CV_ELEM_SIZE(type)) : 0;
+        for (int i = 0; i < dims; ++i) {
+            size *= static_cast<std::size_t>(sizes[i]);
+        }
+        if (is_to_fail(size)) {
             CV_Error(cv::Error::StsNoMem, "told to fail");
         }
         return cv::Mat::getStdAllocator()->allocate(dims, sizes, type, data, step, flags, usage);
@@ -68,6 +74,11 @@ void faults::fail_allocation(long nth)
 {
     nth_fails = nth;
     made = 0;
+}
+
+void faults::fail_blocks_over(std::size_t bytes)
+{
+    largest_block = bytes;
 }
 
 long faults::allocations_made()
@@ -89,6 +100,14 @@ void faults::fail_matrices_too()
 void* operator new(std::size_t size)
 {
     return allocate(size);
+}
+
+// For those who can do without: what the standard library then does is its own affair, so these never fail on purpose.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    void* block = std::malloc(size > 0 ? size : 1);
+    living += block != nullptr ? 1 : 0;
+    return block;
 }
 
 void* operator new[](std::size_t size)

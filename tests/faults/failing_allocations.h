@@ -2,11 +2,16 @@
 // Memory that runs out on request, for operator new and for the pixels of cv::Mat alike.
 #pragma once
 
+#include <cstddef>
+
 namespace faults
 {
 
 /// Lets the n-th allocation of this thread fail, counted from 1; 0 lets all succeed. Starts counting anew.
 void fail_allocation(long nth);
+
+/// Lets every allocation of more than so many bytes fail, from now on and in all threads.
+void fail_blocks_over(std::size_t bytes);
 
 /// Allocations of this thread since fail_allocation() was last called.
 long allocations_made();

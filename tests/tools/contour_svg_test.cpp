@@ -5,8 +5,9 @@
 #include "tools/nested_mask.h"
 #include "tools/scratch_folder.h"
 
-#include <regex>
 #include <sstream>
+#include <string>
+#include <vector>
 
 namespace
 {
@@ -34,22 +35,31 @@ Border parse_border(const std::string& numbers)
     return border;
 }
 
+/// What stands between each `open` and the next `close`.
+std::vector<std::string> texts_between(const std::string& text, const std::string& open, const std::string& close)
+{
+    std::vector<std::string> found;
+    for (auto at = text.find(open); at != std::string::npos; at = text.find(open, at)) {
+        at += open.size();
+        found.push_back(text.substr(at, text.find(close, at) - at));
+    }
+    return found;
+}
+
 Path parse_path(const std::string& data)
 {
-    const std::regex borders("M([-0-9., ]+)Z");
     Path path;
-    for (std::sregex_iterator found(data.begin(), data.end(), borders), none; found != none; ++found) {
-        path.push_back(parse_border((*found)[1]));
+    for (const std::string& border : texts_between(data, "M", "Z")) {
+        path.push_back(parse_border(border));
     }
     return path;
 }
 
 std::vector<Path> paths_of(const std::string& svg)
 {
-    const std::regex path_data("<path d=\"([^\"]*)\"/>");
     std::vector<Path> paths;
-    for (std::sregex_iterator found(svg.begin(), svg.end(), path_data), none; found != none; ++found) {
-        paths.push_back(parse_path((*found)[1]));
+    for (const std::string& data : texts_between(svg, "<path d=\"", "\"/>")) {
+        paths.push_back(parse_path(data));
     }
     return paths;
 }

@@ -25,7 +25,7 @@ TracedContours contours_of(KivRegion& region, const std::string& subject);
 
 std::string contours_as_json(const TracedContours& traced);
 
-/// Parses JSON. `file` is named in error messages. @throws FileError for anything that is not the format.
+/// Parses JSON. `file` is named in error messages. @throws InputError for anything that is not the format.
 TracedContours parse_contours_json(std::string_view text, const std::string& file);
 
 /// One path per outer border, the borders of its holes in it.

@@ -118,6 +118,9 @@ KivContourArray kivdata::trace_contours(const cv::Mat& mask)
     if (mask.empty()) {
         return KivContourArray();
     }
+    if (mask.rows > INT_MAX - 2 || mask.cols > INT_MAX - 2) {
+        throw std::invalid_argument("MatToMask: the mask is too large to be traced");
+    }
     // The frame of background keeps foreground at the image's edge apart from it, where some versions of
     // cv::findContours do not look, and is a copy for those that overwrite their input.
     cv::Mat framed = cv::Mat::zeros(mask.rows + 2, mask.cols + 2, CV_8UC1);

@@ -113,7 +113,7 @@ public:
     /// foreground pixels along it; foreground is 8-connected, background 4-connected. KivContour::IsHole() tells which
     /// it is.
     ///
-    /// @throws std::invalid_argument if the mask has more than one channel.
+    /// @throws std::invalid_argument if the mask has more than one channel, or more than 2^31 - 3 rows or columns.
     static void MatToMask(cv::Mat& mask, KivContourArray* contours, int* width, int* height);
 
     /// Exchanges two sets of parameters.

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+// The union of regions is what its literal walk emits.
+#include "set_operations.h"
+#include "target.h"
+
+#include "differential/literal_walks.h"
+
+#include <KivDataConvert/KivDataConvert.h>
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
+{
+    fuzz::check_regions({bytes, size}, KIVMV::KivRegionAdd, literal::region_union, fuzz::ResultFrame::larger);
+    return 0;
+}
