@@ -51,6 +51,14 @@ MaskParts MaskReader::read(const KivROI& roi)
     return mask_of(parameters_of(*copy_));
 }
 
+PaintedMask::PaintedMask(const KivROI& roi)
+{
+    IKivROIPara& parameters = parameters_of(roi);
+    auto& [rows, col_begins, col_ends] = runs;
+    parameters.GetMask(&rows, &col_begins, &col_ends, &frame.width, &frame.height);
+    pixels = parameters.ToMAT(rows, col_begins, col_ends, frame.width, frame.height);
+}
+
 void generate_mask(KivROI& roi, Frame frame, RunList runs)
 {
     become_mask(parameters_of(roi), frame, std::move(runs));

@@ -7,6 +7,8 @@
 
 #include <KivData/KivData.h>
 
+#include <opencv2/core.hpp>
+
 #include <optional>
 
 namespace kiv
@@ -44,6 +46,15 @@ public:
 
 private:
     std::optional<KivROI> copy_;
+};
+
+/// An ROI's mask as the ROI itself reports and paints it.
+struct PaintedMask {
+    explicit PaintedMask(const KivROI& roi);
+
+    Frame frame;
+    RunArrays runs;
+    cv::Mat pixels;
 };
 
 /// Makes an ROI a mask of the given runs and frame.

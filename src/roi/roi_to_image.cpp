@@ -9,11 +9,6 @@ int KIVMV::KivROIToBinImage(KivImage* image, KivROI& roi)
         return KIVMV_ERR_PARAM_1;
     }
 
-    IKivROIPara& parameters = kiv::parameters_of(roi);
-    kiv::RunArrays arrays;
-    auto& [rows, col_begins, col_ends] = arrays;
-    kiv::Frame frame;
-    parameters.GetMask(&rows, &col_begins, &col_ends, &frame.width, &frame.height);
-    kiv::matrix_of(*image) = parameters.ToMAT(rows, col_begins, col_ends, frame.width, frame.height);
+    kiv::matrix_of(*image) = kiv::PaintedMask(roi).pixels;
     return KIVMV_OK;
 }
