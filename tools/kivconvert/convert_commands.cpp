@@ -56,7 +56,7 @@ void add_region_command(CLI::App& app)
     const auto options = std::make_shared<RegionOptions>();
     CLI::App* const command = app.add_subcommand("region", "Writes the runs of an image's foreground, or of a shape");
     command->footer("Shapes: " + known_shapes());
-    command->add_option("IN", options->input, "8-bit image, colour is read as grey; or shape (roi:SHAPE:NUMBERS)")
+    command->add_option("IN", options->input, "8-bit image, colour is read as grey; or shape (--roi SHAPE:NUMBERS)")
         ->required();
     command->add_option("-o,--output", options->output, "run file, .csv or .json")->required();
     command
@@ -77,7 +77,7 @@ void add_image_command(CLI::App& app)
     const auto options = std::make_shared<Options>();
     CLI::App* const command = app.add_subcommand("image", "Paints runs or a shape into an image");
     command->footer("Shapes: " + known_shapes());
-    command->add_option("IN", options->input, "run file, .csv or .json; or shape (roi:SHAPE:NUMBERS)")->required();
+    command->add_option("IN", options->input, "run file, .csv or .json; or shape (--roi SHAPE:NUMBERS)")->required();
     command->add_option("-o,--output", options->output, "image, .png, .bmp, .pgm or .tif")->required();
 
     const auto add_number = [&](const char* name, int& value, int least, int most, const char* description) {

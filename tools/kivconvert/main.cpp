@@ -13,6 +13,10 @@
 #include <fmt/format.h>
 #include <new>
 #include <opencv2/core.hpp>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -35,8 +39,20 @@ int fail(int status, std::string what)
     return status;
 }
 
-void run(int argc, char** argv, CLI::App& app)
+/// The arguments, with "--roi SHAPE" written as the operand that it is: "roi:SHAPE".
+std::vector<std::string> arguments_of(int argc, char** argv)
 {
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i) {
+        const bool is_shape_option = std::string_view(argv[i]) == "--roi" && i + 1 < argc;
+        arguments.push_back(is_shape_option ? fmt::format("roi:{}", argv[++i]) : argv[i]);
+    }
+    return arguments;
+}
+
+void run(std::vector<std::string> arguments, CLI::App& app)
+{
+    app.name("kivconvert");
     app.set_version_flag("--version", "kivconvert " KIVCONVERT_VERSION);
     app.require_subcommand(1);
     kivconvert::add_convert_commands(app);
@@ -44,7 +60,8 @@ void run(int argc, char** argv, CLI::App& app)
     kivconvert::add_points_command(app);
     kivconvert::add_set_commands(app);
     kivconvert::add_info_command(app);
-    app.parse(argc, argv);
+    std::reverse(arguments.begin(), arguments.end()); // the order in which CLI11 takes them
+    app.parse(std::move(arguments));
 }
 
 } // namespace
@@ -54,7 +71,7 @@ int main(int argc, char** argv)
     silence_opencv();
     CLI::App app{"Converts shapes between images, runs, contours and points, and combines them."};
     try {
-        run(argc, argv, app);
+        run(arguments_of(argc, argv), app);
         return 0;
     } catch (const CLI::Success& help) {
         return app.exit(help);

@@ -36,7 +36,7 @@ struct Arguments {
     Frame frame;
 };
 
-constexpr const char* operand_description = "run file, mask image or shape (roi:SHAPE:NUMBERS)";
+constexpr const char* operand_description = "run file, mask image or shape (--roi SHAPE:NUMBERS)";
 
 CLI::App* add_command(CLI::App& app, const std::string& name, const std::string& description, Arguments& arguments)
 {
