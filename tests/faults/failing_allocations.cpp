@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <limits>
 #include <new>
+#include <utility>
 
 namespace
 {
@@ -59,7 +60,13 @@ public:
         if (is_to_fail(size)) {
             CV_Error(cv::Error::StsNoMem, "told to fail");
         }
-        return cv::Mat::getStdAllocator()->allocate(dims, sizes, type, data, step, flags, usage);
+        // OpenCV loses the pixels when the small block that describes them cannot be had, so the two count as one.
+        const long counted = made;
+        const long failing = std::exchange(nth_fails, 0);
+        cv::UMatData* pixels = cv::Mat::getStdAllocator()->allocate(dims, sizes, type, data, step, flags, usage);
+        made = counted;
+        nth_fails = failing;
+        return pixels;
     }
     bool allocate(cv::UMatData* data, AccessFlags flags, cv::UMatUsageFlags usage) const override
     {

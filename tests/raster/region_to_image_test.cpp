@@ -3,6 +3,7 @@
 #include <KivDataConvert/KivDataConvert.h>
 
 #include "support/rasters.h"
+#include "support/sanitizer_memory.h"
 
 #include <gtest/gtest.h>
 #include <opencv2/core.hpp>
@@ -13,22 +14,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-// Requests for more memory than there is are to fail as they do in programs without sanitizers.
-// NOLINTBEGIN(bugprone-reserved-identifier,misc-use-internal-linkage)
-extern "C" const char* __asan_default_options();
-extern "C" const char* __tsan_default_options();
-
-extern "C" const char* __asan_default_options()
-{
-    return "allocator_may_return_null=1";
-}
-
-extern "C" const char* __tsan_default_options()
-{
-    return "allocator_may_return_null=1";
-}
-// NOLINTEND(bugprone-reserved-identifier,misc-use-internal-linkage)
 
 namespace
 {
