@@ -161,7 +161,7 @@ testing::AssertionResult is_quick(Call call)
     const std::clock_t begin = std::clock();
     call();
     const double seconds = static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
-    if (seconds < 1.0) {
+    if (seconds < 2.0) {
         return testing::AssertionSuccess();
     }
     return testing::AssertionFailure() << "took " << seconds << " s of processor time";
