@@ -18,7 +18,7 @@ inline constexpr bool bulk_operations_are_used = false;
 inline constexpr bool bulk_operations_are_used = true;
 #endif
 
-/// A region that shows its runs as a flat list and takes one over. Measured by bench/ as region_union.
+/// A region that shows its runs as a flat list and takes one over. bench/algebra_bench.cpp measures it as region_union.
 template <class Region>
 concept KeepsFlatRuns = bulk_operations_are_used && requires(Region& region, RunList runs)
 {
@@ -28,7 +28,7 @@ concept KeepsFlatRuns = bulk_operations_are_used && requires(Region& region, Run
     region.CreateRegion(0, 0, std::move(runs));
 };
 
-/// The same of an ROI's mask. Measured by bench/ as roi_union.
+/// The same of an ROI's mask.
 template <class Parameters>
 concept KeepsFlatMask = bulk_operations_are_used && requires(Parameters& parameters, RunList runs)
 {
