@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The runs of one row in the order of their first columns, and those of them that a given run can meet.
+// The runs of one row in the order of their first columns, and those of them that a run of another row can meet.
 #pragma once
 
 #include "foundation/runs.h"
+
+#include <algorithm>
+#include <limits>
 
 namespace kiv
 {
@@ -12,7 +15,12 @@ namespace kiv
 class ByColumn
 {
 public:
-    explicit ByColumn(RunView row);
+    explicit ByColumn(RunView row) : runs_(row)
+    {
+        if (!std::is_sorted(row.begin(), row.end(), begins_before)) {
+            sort();
+        }
+    }
 
     RunView runs() const { return runs_; }
 
@@ -20,30 +28,74 @@ public:
     ByColumn& operator=(const ByColumn&) = delete;
 
 private:
+    static bool begins_before(const Run& left, const Run& right) { return begin_of(left) < begin_of(right); }
+
+    void sort();
+
     RunList copy_;
     RunView runs_;
 };
 
-/// Finds the runs of a row that another run can meet, so that a row of many runs is not gone through for each of them.
-/// Asked in the order of first columns, all answers together take linear time; in any other, each takes logarithmic
-/// time to find.
-///
-/// This works for rows whose runs neither overlap nor are out of order nor begin past their end; of any other row, and
-/// for a run that begins past its end, all runs are the answer.
-class Neighbours
+/// Whether no run of a row begins past its end, nor begins or ends before the run in front of it does. Runs may
+/// overlap.
+inline bool climbs(RunView row)
+{
+    int last_begin = std::numeric_limits<int>::min();
+    int last_end = std::numeric_limits<int>::min();
+    for (const auto& [same_row, begin, end] : row) {
+        if (begin > end || begin < last_begin || end < last_end) {
+            return false;
+        }
+        last_begin = begin;
+        last_end = end;
+    }
+    return true;
+}
+
+/// The runs of a row from one of them on, up to the last that begins at or left of a column.
+class Reach
 {
 public:
-    explicit Neighbours(RunView row);
+    Reach(RunView from, int last_column) : from_(from), last_column_(last_column) {}
 
-    RunView of(const Run& run);
+    struct Stop {
+        const Run* end_of_row;
+        int last_column;
+
+        friend bool operator!=(const Run* at, const Stop& stop)
+        {
+            return at != stop.end_of_row && begin_of(*at) <= stop.last_column;
+        }
+    };
+
+    const Run* begin() const { return from_.data(); }
+    Stop end() const { return {from_.data() + from_.size(), last_column_}; }
 
 private:
-    /// The first run that does not end left of the column: searched for from the last answer on, in growing steps.
-    std::size_t first_not_left_of(int column) const;
-
-    RunView row_;
-    bool is_plain_;
-    std::size_t first_ = 0; // the first run of the last answer
+    RunView from_;
+    int last_column_;
 };
+
+/// Calls `visit` with each run of A, in order, and the runs of B that share a column with it, found in one walk along
+/// both rows. Both must climb.
+template <class Visit>
+void for_each_with_reach(RunView a, RunView b, Visit visit)
+{
+    for (const Run& run : a) {
+        while (!b.empty() && end_of(b.front()) < begin_of(run)) {
+            b = b.subspan(1);
+        }
+        visit(run, Reach(b, end_of(run)));
+    }
+}
+
+/// Calls `visit` with each run of A, in order, and all runs of B.
+template <class Visit>
+void for_each_with_all(RunView a, RunView b, Visit visit)
+{
+    for (const Run& run : a) {
+        visit(run, Reach(b, std::numeric_limits<int>::max()));
+    }
+}
 
 } // namespace kiv

@@ -26,9 +26,9 @@ public:
     /// B's runs on a row; nothing when B lacks the row, an empty view when a rule withholds its runs.
     std::optional<RunView> take(int row)
     {
-        const auto found =
-            std::find_if(rest_.begin(), rest_.end(), [row](const Run& run) { return row_of(run) >= row; });
-        rest_ = {found, rest_.end()};
+        while (!rest_.empty() && row_of(rest_.front()) < row) {
+            rest_ = rest_.subspan(1);
+        }
         if (rest_.empty() || row_of(rest_.front()) != row) {
             return std::nullopt;
         }
@@ -81,10 +81,11 @@ void join_rows_of_a(RunView a, RunView b, const JoinRules& rules, RowFunction co
 
 void append_rows_only_in_b(RunView a, RunView b, RunList& out)
 {
-    auto in_a = a.begin();
     for (const Run& run : b) {
-        in_a = std::find_if(in_a, a.end(), [&run](const Run& other) { return row_of(other) >= row_of(run); });
-        if (in_a == a.end() || row_of(*in_a) != row_of(run)) {
+        while (!a.empty() && row_of(a.front()) < row_of(run)) {
+            a = a.subspan(1);
+        }
+        if (a.empty() || row_of(a.front()) != row_of(run)) {
             out.push_back(run);
         }
     }

@@ -28,29 +28,32 @@ void unite(const Run& a, const Run& b, RunList& out)
 }
 
 /// Appends the pieces of `run` that the cuts, ordered by their first columns, leave. As the pieces come from left to
-/// right, only the last one can meet a further cut.
-void cut_run(const Run& run, RunView cuts, RunList& out)
+/// right, only the last one can meet a further cut; it is appended when no cut is left.
+void cut_run(const Run& run, Reach cuts, RunList& out)
 {
-    const std::size_t pieces_before = out.size();
-    out.push_back(run);
+    const std::size_t without_pieces = out.size();
+    Run piece = run;
     for (const Run& cut : cuts) {
-        if (out.size() == pieces_before) {
-            return;
-        }
-        const Run piece = out.back();
         if (!runs_meet(piece, cut)) {
             continue;
         }
-        const auto& [row, begin, end] = piece;
+        auto& [row, begin, end] = piece;
         const auto& [cut_row, cut_begin, cut_end] = cut;
-        out.pop_back();
-        if (begin < cut_begin) {
-            out.push_back({row, begin, cut_begin - 1});
-        }
         if (end > cut_end) {
-            out.push_back({row, cut_end + 1, end});
+            if (begin < cut_begin) {
+                out.push_back({row, begin, cut_begin - 1});
+            }
+            begin = cut_end + 1;
+        } else if (begin < cut_begin) {
+            end = cut_begin - 1;
+        } else if (out.size() > without_pieces) {
+            piece = out.back();
+            out.pop_back();
+        } else {
+            return;
         }
     }
+    out.push_back(piece);
 }
 
 } // namespace
@@ -75,24 +78,29 @@ void unite_row(RunView a, RunView b, RunList& out)
 
 void intersect_row(RunView a, RunView b, RunList& out)
 {
-    Neighbours neighbours(b);
-    for (const Run& of_a : a) {
-        for (const Run& of_b : neighbours.of(of_a)) {
+    const auto intersect = [&out](const Run& of_a, Reach reach) {
+        for (const Run& of_b : reach) {
             if (runs_meet(of_a, of_b)) {
                 const auto& [row, a_begin, a_end] = of_a;
                 const auto& [b_row, b_begin, b_end] = of_b;
                 out.push_back({row, std::max(a_begin, b_begin), std::min(a_end, b_end)});
             }
         }
+    };
+    if (climbs(a) && climbs(b)) {
+        for_each_with_reach(a, b, intersect);
+    } else {
+        for_each_with_all(a, b, intersect);
     }
 }
 
 void cut_row(RunView a, RunView b, RunList& out)
 {
-    const ByColumn cuts(b);
-    Neighbours neighbours(cuts.runs());
-    for (const Run& run : a) {
-        cut_run(run, neighbours.of(run), out);
+    const auto cut = [&out](const Run& run, Reach cuts) { cut_run(run, cuts, out); };
+    if (climbs(a) && climbs(b)) {
+        for_each_with_reach(a, b, cut);
+    } else {
+        for_each_with_all(a, ByColumn(b).runs(), cut);
     }
 }
 

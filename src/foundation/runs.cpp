@@ -4,7 +4,6 @@
 #include "foundation/bulk.h"
 #include "foundation/variants.h"
 
-#include <algorithm>
 #include <cstddef>
 
 namespace kiv
@@ -36,13 +35,6 @@ void replace(Region& region, Frame frame, RunList runs)
 }
 
 } // namespace
-
-RunView leading_row(RunView runs)
-{
-    const int row = row_of(runs.front());
-    const auto stop = std::find_if(runs.begin(), runs.end(), [row](const Run& run) { return row_of(run) != row; });
-    return {runs.begin(), stop};
-}
 
 RunList list_of(KivVarArray& rows, KivVarArray& col_begins, KivVarArray& col_ends)
 {

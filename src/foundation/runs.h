@@ -25,8 +25,27 @@ inline int row_of(const Run& run)
     return row;
 }
 
+inline int begin_of(const Run& run)
+{
+    const auto [row, begin, end] = run;
+    return begin;
+}
+
+inline int end_of(const Run& run)
+{
+    const auto [row, begin, end] = run;
+    return end;
+}
+
 /// The runs on the first row of a list that is not empty.
-RunView leading_row(RunView runs);
+inline RunView leading_row(RunView runs)
+{
+    std::size_t length = 1;
+    while (length < runs.size() && row_of(runs[length]) == row_of(runs.front())) {
+        ++length;
+    }
+    return runs.first(length);
+}
 
 /// Width and height in pixels, as a region, a mask or an image states them; negative ones are passed on unchanged.
 struct Frame {

@@ -364,33 +364,36 @@ TEST(RunPairs, WithoutRunsInAThereIsNothing)
 }
 
 // ---------------------------------------------------------------------------------------------------------------
-// Rows of many runs: of a plain row only the runs that can be met are looked at.
+// Rows that climb: only the runs that can be met are looked at.
 
-TEST(RunPairs, NeighboursInAPlainRowAreTheRunsThatShareAColumn)
+TEST(RunPairs, ARowClimbsWhenNoRunIsInvertedOrBeginsOrEndsBeforeTheOneInFront)
 {
-    const Runs row = {{1, 0, 2}, {1, 3, 3}, {1, 6, 7}, {1, 9, 9}};
-    kiv::Neighbours neighbours(row);
-    const auto of = [&neighbours](int begin, int end) {
-        const kiv::RunView found = neighbours.of({1, begin, end});
-        return Runs(found.begin(), found.end());
-    };
-    EXPECT_TRUE(same(of(-5, -1), {}));
-    EXPECT_TRUE(same(of(-5, 0), {{1, 0, 2}}));
-    EXPECT_TRUE(same(of(2, 3), {{1, 0, 2}, {1, 3, 3}}));
-    EXPECT_TRUE(same(of(3, 3), {{1, 3, 3}}));
-    EXPECT_TRUE(same(of(4, 5), {}));
-    EXPECT_TRUE(same(of(7, 20), {{1, 6, 7}, {1, 9, 9}}));
-    EXPECT_TRUE(same(of(10, 20), {}));
-    EXPECT_TRUE(same(of(2, 6), {{1, 0, 2}, {1, 3, 3}, {1, 6, 7}})); // back to the left
-    EXPECT_TRUE(same(of(6, 5), row));                               // begins past its end
+    for (const Runs& row : {Runs{}, Runs{{1, 4, 4}}, Runs{{1, 0, 2}, {1, 5, 7}}, Runs{{1, 0, 4}, {1, 2, 4}, {1, 2, 6}},
+                            Runs{{1, lowest, lowest}, {1, highest, highest}}}) {
+        EXPECT_TRUE(kiv::climbs(row)) << described(row);
+    }
+    for (const Runs& row :
+         {Runs{{1, 5, 4}}, Runs{{1, 4, 5}, {1, 3, 6}}, Runs{{1, 0, 5}, {1, 1, 4}}, Runs{{1, 0, 2}, {1, 5, 4}}}) {
+        EXPECT_FALSE(kiv::climbs(row)) << described(row);
+    }
 }
 
-TEST(RunPairs, NeighboursInAnyOtherRowAreAllItsRuns)
+TEST(RunPairs, TheReachOfARunIsTheRunsThatShareAColumnWithIt)
 {
-    for (const Runs& row : {Runs{{1, 0, 2}, {1, 2, 3}}, Runs{{1, 4, 5}, {1, 0, 2}}, Runs{{1, 0, 2}, {1, 5, 4}}}) {
-        kiv::Neighbours neighbours(row);
-        const kiv::RunView found = neighbours.of({1, 20, 30});
-        EXPECT_TRUE(same(Runs(found.begin(), found.end()), row));
+    const Runs a = {{1, -5, -1}, {1, -5, 0}, {1, 2, 3}, {1, 3, 3}, {1, 4, 5}, {1, 5, 20}, {1, 10, 20}};
+    const Runs b = {{1, 0, 2}, {1, 2, 3}, {1, 6, 7}, {1, 9, 9}};
+    std::vector<Runs> reaches;
+    kiv::for_each_with_reach(a, b, [&reaches](const auto&, kiv::Reach reach) {
+        Runs& found = reaches.emplace_back();
+        for (const auto& run : reach) {
+            found.push_back(run);
+        }
+    });
+    const std::vector<Runs> expected = {
+        {}, {{1, 0, 2}}, {{1, 0, 2}, {1, 2, 3}}, {{1, 2, 3}}, {}, {{1, 6, 7}, {1, 9, 9}}, {}};
+    ASSERT_EQ(reaches.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_TRUE(same(reaches[i], expected[i])) << described(Runs{a[i]});
     }
 }
 
