@@ -2,8 +2,6 @@
 #include "arrays/pixels_to_region.h"
 #include "foundation/variants.h"
 
-#include <KivDataConvert/KivDataConvert.h>
-
 int KIVMV::KivVarArrayToRegion(KivVarArray& xs, KivVarArray& ys, KivRegion* region)
 {
     if (xs.Length() < 1) {
@@ -13,11 +11,9 @@ int KIVMV::KivVarArrayToRegion(KivVarArray& xs, KivVarArray& ys, KivRegion* regi
         return KIVMV_ERR_LENGTH;
     }
 
-    kiv::PixelList pixels;
     const kiv::VariantReader columns(xs);
     const kiv::VariantReader rows(ys);
     const int length = columns.length();
-    pixels.reserve(static_cast<std::size_t>(length));
     for (int i = 0; i < length; ++i) {
         if (!columns.is_number(i)) {
             return KIVMV_ERR_PARAM_1;
@@ -25,7 +21,7 @@ int KIVMV::KivVarArrayToRegion(KivVarArray& xs, KivVarArray& ys, KivRegion* regi
         if (!rows.is_number(i)) {
             return KIVMV_ERR_PARAM_2;
         }
-        pixels.emplace_back(columns.value(i), rows.value(i));
     }
-    return kiv::pixels_to_region(pixels, *region);
+    const auto pixel_at = [&columns, &rows](int i) { return cv::Point_<int>(columns.value(i), rows.value(i)); };
+    return kiv::pixels_to_region(length, pixel_at, *region);
 }

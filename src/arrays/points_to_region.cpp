@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "arrays/pixels_to_region.h"
 
-#include <KivDataConvert/KivDataConvert.h>
-
 int KIVMV::KivPointArrayToRegion(KivPointArray& points, KivRegion* region)
 {
     const int length = points.Length();
@@ -10,11 +8,9 @@ int KIVMV::KivPointArrayToRegion(KivPointArray& points, KivRegion* region)
         return KIVMV_ERR_PARAM_1;
     }
 
-    kiv::PixelList pixels;
-    pixels.reserve(static_cast<std::size_t>(length));
-    for (int i = 0; i < length; ++i) {
+    const auto pixel_at = [&points](int i) {
         const KivPoint& point = points[i];
-        pixels.emplace_back(kiv::truncate(point.x), kiv::truncate(point.y));
-    }
-    return kiv::pixels_to_region(pixels, *region);
+        return cv::Point_<int>(kiv::truncate(point.x), kiv::truncate(point.y));
+    };
+    return kiv::pixels_to_region(length, pixel_at, *region);
 }

@@ -56,4 +56,21 @@ concept KeepsPackedInts = bulk_operations_are_used && requires(const Array& arra
         } -> std::same_as<const std::vector<int>*>;
 };
 
+/// An array of variants that takes many ints at once.
+template <class Array>
+concept TakesManyInts = bulk_operations_are_used && requires(Array& array, std::size_t count)
+{
+    array.Reserve(count);
+    array.AppendRange(0, 0);
+    array.AppendCopies(0, count);
+};
+
+/// An array of points that takes the pixels of a run at once.
+template <class Array>
+concept TakesPixels = bulk_operations_are_used && requires(Array& array, std::size_t count)
+{
+    array.Reserve(count);
+    array.AppendPixels(0, 0, 0);
+};
+
 } // namespace kiv

@@ -3,7 +3,6 @@
 
 #include <KivRLC/KivRLC.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <vector>
@@ -11,25 +10,27 @@
 namespace kiv
 {
 
-cv::Mat uniform_mask(Frame frame, int value)
+cv::Mat unset_mask(Frame frame)
 {
     const int sizes[] = {frame.height, frame.width};
     cv::Mat mask;
     mask.create(2, sizes, CV_8UC1);
+    return mask;
+}
+
+cv::Mat uniform_mask(Frame frame, int value)
+{
+    cv::Mat mask = unset_mask(frame);
     mask = cv::Scalar(value);
     return mask;
 }
 
 void paint_runs(RunView runs, unsigned char value, cv::Mat& mask)
 {
-    for (const auto& [row, begin, end] : runs) {
-        const int first = std::max(begin, 0);
-        const int last = std::min(end, mask.cols - 1);
-        if (row >= 0 && row < mask.rows && first <= last) {
-            uchar* pixels = mask.data + static_cast<std::size_t>(row) * mask.step[0];
-            std::memset(pixels + first, value, static_cast<std::size_t>(last - first) + 1);
-        }
-    }
+    for_each_visible(runs, {mask.cols, mask.rows}, [value, &mask](int row, int first, int last) {
+        uchar* pixels = mask.data + static_cast<std::size_t>(row) * mask.step[0];
+        std::memset(pixels + first, value, length_of(first, last));
+    });
 }
 
 RunList extract_runs(cv::Mat& mask)

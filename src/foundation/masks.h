@@ -8,11 +8,29 @@
 
 #include <opencv2/core.hpp>
 
+#include <algorithm>
+
 namespace kiv
 {
 
+/// A new 8-bit single-channel matrix whose bytes are not set. What is not touched of it costs no memory.
+cv::Mat unset_mask(Frame frame);
+
 /// A new 8-bit single-channel matrix whose bytes are all `value`.
 cv::Mat uniform_mask(Frame frame, int value);
+
+/// Calls `visit` with row, first and last column of the part of each run that lies in the frame, where there is one.
+template <class Visit>
+void for_each_visible(RunView runs, Frame frame, Visit visit)
+{
+    for (const auto& [row, begin, end] : runs) {
+        const int first = std::max(begin, 0);
+        const int last = std::min(end, frame.width - 1);
+        if (row >= 0 && row < frame.height && first <= last) {
+            visit(row, first, last);
+        }
+    }
+}
 
 /// Sets the mask's bytes under the runs to `value`. Runs are clipped to the mask; each costs what its visible part
 /// costs.

@@ -37,6 +37,16 @@ void sort_by_key_byte(const RunList& runs, int shift, RunList& sorted)
     }
 }
 
+/// Whether the arrays hold packed ints whose rows ascend already, so that sorting would write what they hold.
+bool is_sorted_already(const KivVarArray& rows, const KivVarArray& col_begins, const KivVarArray& col_ends)
+{
+    const std::vector<int>* keys = packed_ints(rows);
+    const std::vector<int>* begins = packed_ints(col_begins);
+    const std::vector<int>* ends = packed_ints(col_ends);
+    return keys != nullptr && begins != nullptr && ends != nullptr && begins->size() >= keys->size() &&
+           ends->size() >= keys->size() && std::is_sorted(keys->begin(), keys->end());
+}
+
 } // namespace
 
 bool rows_ascend(RunView runs)
@@ -76,10 +86,12 @@ ByRow::ByRow(RunView runs) : runs_(runs)
 
 int KIVMV::maxbit(KivVarArray values)
 {
+    const kiv::VariantReader reader(values);
+    const int length = reader.length();
     std::int64_t limit = 10;
     int digits = 1;
-    for (int i = 0; i < values.Length(); ++i) {
-        for (const int value = values[i].I(); limit <= value; limit *= 10) {
+    for (int i = 0; i < length; ++i) {
+        for (const int value = reader.value(i); limit <= value; limit *= 10) {
             ++digits;
         }
     }
@@ -88,6 +100,9 @@ int KIVMV::maxbit(KivVarArray values)
 
 void KIVMV::radixsort(KivVarArray& rows, KivVarArray& colBegins, KivVarArray& colEnds)
 {
+    if (kiv::is_sorted_already(rows, colBegins, colEnds)) {
+        return;
+    }
     kiv::RunList runs = kiv::list_of(rows, colBegins, colEnds);
     kiv::sort_by_row(runs);
     int i = 0;

@@ -9,6 +9,8 @@
 #include <KivData/KivData.h>
 #include <KivRLC/KivRLC.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <span>
 #include <utility>
 #include <vector>
@@ -35,6 +37,12 @@ inline int end_of(const Run& run)
 {
     const auto [row, begin, end] = run;
     return end;
+}
+
+/// The number of columns from `first` up to and including `last`, which must not be left of it.
+inline std::size_t length_of(int first, int last)
+{
+    return static_cast<std::size_t>(std::int64_t{last} - first) + 1;
 }
 
 /// The runs on the first row of a list that is not empty.

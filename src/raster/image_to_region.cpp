@@ -18,14 +18,19 @@ cv::Mat copy_of(const cv::Mat& pixels)
     return copy;
 }
 
-/// Makes the first `cols` bytes of each row 0 or 255. In a mask of several channels the bytes behind them stay as they
-/// are: the extractor does not look there.
-void normalise(cv::Mat& mask)
+/// A copy whose rows begin with `cols` bytes of 0 or 255. In a mask of several channels the bytes behind them are as
+/// they were: the extractor does not look there.
+cv::Mat normalised_copy_of(const cv::Mat& pixels)
 {
+    cv::Mat mask(pixels.rows, pixels.cols, pixels.type());
+    const std::size_t row_bytes = static_cast<std::size_t>(pixels.cols) * pixels.elemSize();
     for (int y = 0; y < mask.rows; ++y) {
-        uchar* row = mask.data + static_cast<std::size_t>(y) * mask.step[0];
-        std::transform(row, row + mask.cols, row, [](uchar byte) { return static_cast<uchar>(byte != 0 ? 255 : 0); });
+        const uchar* from = pixels.ptr(y);
+        uchar* normalised_end = std::transform(from, from + pixels.cols, mask.ptr(y),
+                                               [](uchar byte) { return static_cast<uchar>(byte != 0 ? 255 : 0); });
+        std::copy(from + pixels.cols, from + row_bytes, normalised_end);
     }
+    return mask;
 }
 
 kiv::Frame frame_of(const KivImage& image)
@@ -47,8 +52,7 @@ int KIVMV::KivImageToRegion(KivImage& image, KivRegion* region)
         return KIVMV_ERR_BIT_DEPTH;
     }
 
-    cv::Mat mask = copy_of(kiv::matrix_of(image));
-    normalise(mask);
+    cv::Mat mask = normalised_copy_of(kiv::matrix_of(image));
     kiv::mask_to_region(mask, frame_of(image), *region);
     return KIVMV_OK;
 }

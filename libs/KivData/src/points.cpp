@@ -3,18 +3,45 @@
 
 #include "argument_checks.h"
 
+#include <cstdint>
 #include <limits>
 #include <stdexcept>
 
-void KivPointArray::append(const KivPoint& point)
+namespace
 {
-    if (points_.size() == static_cast<std::size_t>(std::numeric_limits<int>::max())) {
-        throw std::length_error("KivPointArray: no room for more than 2^31 - 1 points");
+
+constexpr auto max_length = static_cast<std::size_t>(std::numeric_limits<int>::max());
+
+[[noreturn]] void throw_too_long()
+{
+    throw std::length_error("KivPointArray: no room for more than 2^31 - 1 points");
+}
+
+} // namespace
+
+void KivPointArray::append_slowly(const KivPoint& point)
+{
+    if (points_.size() == max_length) {
+        throw_too_long();
     }
     points_.push_back(point);
 }
 
-std::size_t KivPointArray::checked(int index) const
+void KivPointArray::AppendPixels(int row, int first, int last)
 {
-    return kivdata::checked_index("KivPointArray", index, Length());
+    const std::size_t before = points_.size();
+    const auto added = static_cast<std::size_t>(std::int64_t{last} - first + 1);
+    if (added > max_length - before) {
+        throw_too_long();
+    }
+    points_.resize(before + added);
+    KivPoint* point = points_.data() + before;
+    for (std::size_t i = 0; i < added; ++i) {
+        point[i] = {static_cast<double>(first) + static_cast<double>(static_cast<int>(i)), static_cast<double>(row)};
+    }
+}
+
+void KivPointArray::throw_out_of_range(int index) const
+{
+    kivdata::throw_out_of_range("KivPointArray", index, Length());
 }

@@ -4,7 +4,9 @@
 #include "argument_checks.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
+#include <numeric>
 #include <stdexcept>
 #include <utility>
 
@@ -34,16 +36,42 @@ void KivVarArray::Remove(int index)
     }
 }
 
-void KivVarArray::Replace(int index, const KivVar& value)
+void KivVarArray::check_room(std::size_t added) const
 {
-    check_index(index);
-    const auto at = static_cast<std::size_t>(index);
-    if (packed_ && value.ValType() == KivVar::IntKind) {
-        ints_[at] = value.I();
-    } else {
-        unpack();
-        vars_[at] = value;
+    if (added > max_length - static_cast<std::size_t>(Length())) {
+        throw std::length_error("KivVarArray: no room for more than 2^31 - 1 elements");
     }
+}
+
+void KivVarArray::AppendRange(int first, int last)
+{
+    const auto added = static_cast<std::size_t>(std::int64_t{last} - first + 1);
+    check_room(added);
+    if (packed_) {
+        ints_.resize(ints_.size() + added);
+        std::iota(ints_.end() - static_cast<std::ptrdiff_t>(added), ints_.end(), first);
+    } else {
+        vars_.reserve(vars_.size() + added);
+        for (std::int64_t value = first; value <= last; ++value) {
+            vars_.emplace_back(static_cast<int>(value));
+        }
+    }
+}
+
+void KivVarArray::AppendCopies(int value, std::size_t count)
+{
+    check_room(count);
+    if (packed_) {
+        ints_.insert(ints_.end(), count, value);
+    } else {
+        vars_.insert(vars_.end(), count, KivVar(value));
+    }
+}
+
+void KivVarArray::replace_slowly(int index, const KivVar& value)
+{
+    unpack();
+    vars_[static_cast<std::size_t>(index)] = value;
 }
 
 void KivVarArray::Clear() noexcept
@@ -60,9 +88,7 @@ void KivVarArray::throw_out_of_range(int index) const
 
 void KivVarArray::append_slowly(const KivVar& value)
 {
-    if (static_cast<std::size_t>(Length()) == max_length) {
-        throw std::length_error("KivVarArray: no room for more than 2^31 - 1 elements");
-    }
+    check_room(1);
     if (packed_ && value.ValType() == KivVar::IntKind) {
         ints_.push_back(value.I());
     } else {

@@ -5,6 +5,7 @@
 
 #include <KivData/KivDataExport.h>
 
+#include <cstddef>
 #include <initializer_list>
 #include <utility>
 #include <vector>
@@ -37,6 +38,12 @@ public:
     void Append(const KivPoint& point) { append(point); } ///< Adds a copy at the end.
     void Clear() noexcept { points_.clear(); }            ///< Makes the array empty; its memory is kept.
 
+    /// Makes room for `length` points in all; does nothing where there is room already.
+    void Reserve(std::size_t length) { points_.reserve(length); }
+
+    /// Adds the pixels of a row from column `first` up to and including column `last`, `first` <= `last`.
+    void AppendPixels(int row, int first, int last);
+
     const std::vector<KivPoint>& Points() const noexcept { return points_; } ///< All points, as a flat list.
     auto begin() const noexcept { return points_.begin(); }                  ///< The first point.
     auto end() const noexcept { return points_.end(); }                      ///< Past the last point.
@@ -45,8 +52,23 @@ public:
     friend bool operator!=(const KivPointArray& a, const KivPointArray& b) { return a.points_ != b.points_; }
 
 private:
-    void append(const KivPoint& point);
-    std::size_t checked(int index) const;
+    void append(const KivPoint& point)
+    {
+        if (points_.size() < points_.capacity()) {
+            points_.push_back(point);
+        } else {
+            append_slowly(point);
+        }
+    }
+    std::size_t checked(int index) const
+    {
+        if (index < 0 || index >= Length()) {
+            throw_out_of_range(index);
+        }
+        return static_cast<std::size_t>(index);
+    }
+    void append_slowly(const KivPoint& point);
+    [[noreturn]] void throw_out_of_range(int index) const;
 
     std::vector<KivPoint> points_;
 };

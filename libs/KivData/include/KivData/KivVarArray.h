@@ -6,6 +6,7 @@
 #include <KivData/KivDataExport.h>
 #include <KivData/KivVar.h>
 
+#include <cstddef>
 #include <initializer_list>
 #include <vector>
 
@@ -54,9 +55,32 @@ public:
         }
     }
 
-    void Remove(int index);                       ///< Takes the element at `index` out; later ones move up.
-    void Replace(int index, const KivVar& value); ///< Overwrites the element at `index` by a copy of `value`.
-    void Clear() noexcept;                        ///< Makes the array empty.
+    /// Overwrites the element at `index` by a copy of `value`.
+    void Replace(int index, const KivVar& value)
+    {
+        check_index(index);
+        if (packed_ && value.ValType() == KivVar::IntKind) {
+            ints_[static_cast<std::size_t>(index)] = value.I();
+        } else {
+            replace_slowly(index, value);
+        }
+    }
+
+    void Remove(int index); ///< Takes the element at `index` out; later ones move up.
+    void Clear() noexcept;  ///< Makes the array empty.
+
+    /// Makes room for `length` ints in all; does nothing where there is room already.
+    void Reserve(std::size_t length)
+    {
+        if (packed_) {
+            ints_.reserve(length);
+        }
+    }
+
+    /// Adds the ints from `first` up to and including `last`, `first` <= `last`, in ascending order.
+    void AppendRange(int first, int last);
+
+    void AppendCopies(int value, std::size_t count); ///< Adds an int `count` times.
 
     /// The elements as a flat list, or null when the array is not (or no longer) kept packed. Holds until the array is
     /// next changed.
@@ -81,6 +105,8 @@ private:
     }
     [[noreturn]] void throw_out_of_range(int index) const;
     void append_slowly(const KivVar& value);
+    void check_room(std::size_t added) const;
+    void replace_slowly(int index, const KivVar& value);
     void unpack_slowly();
     bool equals(const KivVarArray& other) const noexcept;
 
