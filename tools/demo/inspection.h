@@ -17,6 +17,8 @@ namespace demo
 
 /// A picture for people, written by the steps and shown again on the contact sheet.
 struct Picture {
+    std::string name;
+    std::string file;
     std::string caption;
     cv::Mat pixels;
 };

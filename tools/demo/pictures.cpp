@@ -77,9 +77,9 @@ void draw_contour(cv::Mat& picture, const KivContour& contour, const cv::Scalar&
 std::string add_picture(Inspection& inspection, const std::string& name, const std::string& caption,
                         const cv::Mat& pixels)
 {
-    inspection.pictures.push_back({caption, pixels.clone()});
-    std::string file = fmt::format("{}/{:02}-{}.png", inspection.folder, inspection.pictures.size(), name);
+    std::string file = fmt::format("{}/{:02}-{}.png", inspection.folder, inspection.pictures.size() + 1, name);
     write_picture(file, pixels);
+    inspection.pictures.push_back({name, file, caption, pixels.clone()});
     return file;
 }
 

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "gallery/gallery.h"
+#include "kivconvert/result_codes.h"
+
+#include <KivDataConvert/KivDataConvert.h>
+
+#include <fmt/format.h>
+#include <opencv2/imgproc.hpp>
+
+namespace gallery
+{
+namespace
+{
+
+const cv::Size part(part_view.size());
+const std::string part_in_bars = "The end of a bar with a round hole, made of horizontal blue bars.";
+const std::string part_in_white = "The end of a bar with a round hole, white on black.";
+const std::string part_in_lines = "A green line along the bar's outer border pixels and an orange one round its hole.";
+
+/// The contours, and faintly the pixels that they enclose.
+Drawing drawn(KivContourArray& contours)
+{
+    KivRegion enclosed;
+    kivconvert::expect_success(KIVMV::KivContourArrayToRegion(contours, part.width, part.height, &enclosed), "fill");
+    Drawing drawing(part);
+    drawing.pixels(enclosed, "faint");
+    for (const KivContour& contour : contours) {
+        drawing.border(contour, contour.IsHole() ? "hole" : "outer");
+    }
+    return drawing;
+}
+
+Drawing drawn(const KivImage& image)
+{
+    return Drawing(image.Mat().size()).grey(image.Mat());
+}
+
+std::string lengths(const KivContourArray& contours)
+{
+    std::string text;
+    for (const KivContour& contour : contours) {
+        text += fmt::format("{}{} of {} points", text.empty() ? "" : ", ",
+                            contour.IsHole() ? "a hole" : "an outer border", contour.Length());
+    }
+    return text;
+}
+
+Entry region_to_contours(Stage& stage, KivContourArray& contours)
+{
+    return {
+        "KivRegionToContourArray",
+        "The borders of a region: a closed chain of the region's own border pixels for each piece, and one for each "
+        "hole in it. Together they are the region, without loss.",
+        {{"A region", part_in_bars, Drawing(part).runs(stage.part)},
+         {"Its contours", part_in_lines, drawn(contours)},
+         {"What is left of the scene after the star",
+          "Machined parts, cut by a ring and a star; green lines round the pieces, orange ones round their holes.",
+          stage.picture("contours")}},
+        lengths(contours),
+        contours.Length() == 2 && !contours[0].IsHole() && contours[1].IsHole()};
+}
+
+Entry contours_to_region(Stage& stage, KivContourArray& contours)
+{
+    KivRegion region;
+    kivconvert::expect_success(KIVMV::KivContourArrayToRegion(contours, part.width, part.height, &region),
+                               "KivContourArrayToRegion");
+    return {"KivContourArrayToRegion",
+            "All contours filled together into a frame of the given size: holes stay open. What was traced comes back "
+            "bit for bit.",
+            {{"Contours", part_in_lines, drawn(contours)}, {"Their region", part_in_bars, Drawing(part).runs(region)}},
+            "equal to the region that was traced",
+            region == stage.part};
+}
+
+Entry contour_to_region()
+{
+    const KivContour triangle{{24.9, 3.2}, {38.9, 27.6}, {4.3, 20.9}};
+    const cv::Size view(42, 30);
+    KivContour contour = triangle;
+    KivRegion region;
+    kivconvert::expect_success(KIVMV::KivContourToRegion(contour, &region), "KivContourToRegion");
+    return {
+        "KivContourToRegion",
+        "One contour filled, its border included. Coordinates are truncated toward zero, and the frame reaches from "
+        "(0, 0) to just past the largest column and row.",
+        {{"A sub-pixel contour", "A triangle whose corners lie between pixel centres.",
+          Drawing(view).border(triangle, "outer").points(triangle)},
+         {"Its region", "The triangle in blue bars, in a frame that ends at its right and lower corner.",
+          Drawing({region.Width(), region.Height()}, {{}, view}).runs(region).border(triangle, "outer")}},
+        fmt::format("a frame of {} × {}, {}", region.Width(), region.Height(), counted(region.Runs().size(), "run")),
+        region.Width() == 39 && region.Height() == 28};
+}
+
+Entry contours_to_image(Stage& stage, KivContourArray& contours)
+{
+    KivImage image;
+    kivconvert::expect_success(KIVMV::KivContourArrayToBinImage(&image, contours, part.width, part.height),
+                               "KivContourArrayToBinImage");
+    return {"KivContourArrayToBinImage",
+            "The same filling into a new mask: 255 inside, borders included, and 0 elsewhere.",
+            {{"Contours", part_in_lines, drawn(contours)}, {"Their mask", part_in_white, drawn(image)}},
+            "equal to the mask that was traced",
+            image == stage.mask};
+}
+
+Entry image_to_contours(Stage& stage, const KivContourArray& of_region)
+{
+    KivContourArray contours;
+    kivconvert::expect_success(KIVMV::KivBinImageToContourArray(stage.mask, &contours), "KivBinImageToContourArray");
+    return {"KivBinImageToContourArray",
+            "The borders of a mask, as those of its region.",
+            {{"A mask", part_in_white, drawn(stage.mask)}, {"Its contours", part_in_lines, drawn(contours)}},
+            "the same as those of the region",
+            contours == of_region};
+}
+
+KivContourArray merged(Stage& stage, KivContour& contour, bool add)
+{
+    KivContourArray contours;
+    kivconvert::expect_success(KIVMV::KivMergContour(stage.mask, contour, add, &contours), "KivMergContour");
+    return contours;
+}
+
+/// Whether contours enclose the mask with a triangle drawn into it in the given value.
+bool enclose(KivContourArray& contours, const KivImage& mask, const std::vector<cv::Point>& triangle, int value)
+{
+    cv::Mat expected = mask.Mat().clone();
+    cv::fillConvexPoly(expected, triangle, cv::Scalar(value));
+    KivImage filled;
+    kivconvert::expect_success(KIVMV::KivContourArrayToBinImage(&filled, contours, part.width, part.height), "fill");
+    return filled == KivImage(expected);
+}
+
+Entry merge_contour(Stage& stage)
+{
+    const std::vector<cv::Point> corners = {{8, 40}, {48, 14}, {44, 60}};
+    KivContour triangle(KivContour::Points(corners.begin(), corners.end()));
+    const KivImage before = stage.mask;
+    KivContourArray added = merged(stage, triangle, true);
+    KivContourArray cut = merged(stage, triangle, false);
+    return {"KivMergContour",
+            "The contours of a mask after a filled contour was added to it, or cut out of it. Coordinates are rounded "
+            "to the nearest pixel, and the mask itself is not changed.",
+            {{"A mask and a contour", "The white bar with its hole, and the outline of a triangle over both.",
+              drawn(stage.mask).border(triangle, "ideal")},
+             {"Added", "The bar's outline with two corners of the triangle sticking out, and a hole cut short by it.",
+              drawn(added)},
+             {"Cut out", "Two green outlines: where the triangle was the bar is in two pieces, and the hole is open.",
+              drawn(cut)},
+             {"A star cut out of the scene", "Machined parts tinted red where they lie outside of a large star.",
+              stage.picture("cut")}},
+            fmt::format("added: {}; cut out: {}", lengths(added), lengths(cut)),
+            enclose(added, before, corners, 255) && enclose(cut, before, corners, 0) && stage.mask == before};
+}
+
+} // namespace
+
+Chapter contour_chapter(Stage& stage)
+{
+    KivContourArray contours;
+    kivconvert::expect_success(KIVMV::KivRegionToContourArray(stage.part, &contours), "KivRegionToContourArray");
+    return {"contours",
+            "Contours, regions and masks",
+            {region_to_contours(stage, contours), contours_to_region(stage, contours), contour_to_region(),
+             contours_to_image(stage, contours), image_to_contours(stage, contours), merge_contour(stage)}};
+}
+
+} // namespace gallery
