@@ -24,7 +24,7 @@ KivROI as_roi(KivRegion& region)
     return roi;
 }
 
-KivRegion as_region(KivROI roi)
+KivRegion as_region(KivROI& roi)
 {
     KivRegion region;
     kivconvert::expect_success(KIVMV::KivROIToRegion(roi, &region), "KivROIToRegion");
@@ -41,12 +41,11 @@ KivRegion combined(RegionOperation operation, KivRegion& a, KivRegion& b)
     return result;
 }
 
-KivRegion combined(RoiOperation operation, KivRegion& a, KivRegion& b)
+KivRegion combined(RoiOperation operation, KivRegion& a, KivROI& b)
 {
     KivROI first = as_roi(a);
-    KivROI second = as_roi(b);
     KivROI result;
-    kivconvert::expect_success(operation(first, second, &result), "set operation");
+    kivconvert::expect_success(operation(first, b, &result), "set operation");
     return as_region(result);
 }
 
@@ -72,10 +71,10 @@ struct Comparison {
     {
         const int absent = cv::countNonZero(missing);
         const int added = cv::countNonZero(extra);
-        return counted(region.Runs().size(), "run") +
-               (absent + added == 0 ? "; every pixel as on masks"
-                                    : fmt::format("; against the same on masks {} missing, {} more",
-                                                  counted(static_cast<std::size_t>(absent), "pixel"), added));
+        const std::string runs = counted(region.Runs().size(), "run");
+        return absent + added == 0 ? runs + "; every pixel as on masks"
+                                   : fmt::format("{}; compared with masks, {} pixels are missing and {} more are there",
+                                                 runs, absent, added);
     }
 };
 
@@ -102,10 +101,11 @@ Panel operands(const KivRegion& a, const KivRegion& b, const std::string& shape)
 
 void add_unions(Stage& stage, std::vector<Entry>& entries)
 {
-    KivRegion b = as_region(KivROI::Circle(37.5, 43.5, 15.6, part.width, part.height));
+    KivROI shape = KivROI::Circle(37.5, 43.5, 15.6, part.width, part.height);
+    KivRegion b = as_region(shape);
     const cv::Mat expected = stage.mask.Mat() | demo::mask_of(b);
     const Comparison regions(combined(KIVMV::KivRegionAdd, stage.part, b), expected);
-    const Comparison rois(combined(KIVMV::KivROIAdd, stage.part, b), expected);
+    const Comparison rois(combined(KIVMV::KivROIAdd, stage.part, shape), expected);
     const std::string seen = "A and B together in green; B fills a part of the hole and bulges out below.";
     entries.push_back({"KivRegionAdd",
                        "The pixels of A or B. On a row that both have each run of A is united with each run of B, so "
@@ -116,20 +116,22 @@ void add_unions(Stage& stage, std::vector<Entry>& entries)
                          stage.picture("union")}},
                        regions.told(),
                        only_in_rows(regions.missing, {}) && only_in_rows(regions.extra, {})});
-    entries.push_back({"KivROIAdd",
-                       "The same of ROIs. A's last row is a single run here: it is united with B's runs on the row "
-                       "before, as this operation always does.",
-                       {operands(stage.part, b, "a disc"), {"The union of ROIs", seen, rois.drawn()}},
-                       rois.told(),
-                       only_in_rows(rois.missing | rois.extra, {last_row(stage.part)})});
+    entries.push_back(
+        {"KivROIAdd",
+         "The same of ROIs. A's last row is a single run here; it is united with B's runs on the row before instead "
+         "of those on its own row (violet).",
+         {operands(stage.part, b, "a disc"), {"The union of ROIs", seen, rois.drawn()}},
+         rois.told(),
+         only_in_rows(rois.missing | rois.extra, {last_row(stage.part)})});
 }
 
 void add_intersections(Stage& stage, std::vector<Entry>& entries)
 {
-    KivRegion b = as_region(KivROI::Circle(38.5, 37.5, 15.6, part.width, part.height));
+    KivROI shape = KivROI::Circle(38.5, 37.5, 15.6, part.width, part.height);
+    KivRegion b = as_region(shape);
     const cv::Mat expected = stage.mask.Mat() & demo::mask_of(b);
     const Comparison regions(combined(KIVMV::KivRegionAnd, stage.part, b), expected);
-    const Comparison rois(combined(KIVMV::KivROIAnd, stage.part, b), expected);
+    const Comparison rois(combined(KIVMV::KivROIAnd, stage.part, shape), expected);
     entries.push_back(
         {"KivRegionAnd",
          "The pixels of both A and B, in A's frame. B's last row gives nothing: the red pixels would be "
@@ -151,10 +153,11 @@ void add_intersections(Stage& stage, std::vector<Entry>& entries)
 
 void add_differences(Stage& stage, std::vector<Entry>& entries)
 {
-    KivRegion b = as_region(KivROI::Ring(34.5, 37.5, 6.2, 14.6, part.width, part.height));
+    KivROI shape = KivROI::Ring(34.5, 37.5, 6.2, 14.6, part.width, part.height);
+    KivRegion b = as_region(shape);
     const cv::Mat expected = stage.mask.Mat() & ~demo::mask_of(b);
     const Comparison regions(combined(KIVMV::KivRegionSub, stage.part, b), expected);
-    const Comparison rois(combined(KIVMV::KivROISub, stage.part, b), expected);
+    const Comparison rois(combined(KIVMV::KivROISub, stage.part, shape), expected);
     const std::string seen = "A in green with a ring-shaped gap, and an island in the middle of it.";
     entries.push_back(
         {"KivRegionSub",
@@ -194,8 +197,9 @@ void add_complements(Stage& stage, std::vector<Entry>& entries)
     const Comparison rois(roi_complement(stage.part), expected);
     entries.push_back(
         {"KivRegionNot",
-         "The pixels of the frame that are not in A. A gap between two runs takes a pixel of each with "
-         "it (violet), and A's last row gives nothing (red).",
+         "The pixels of the frame that are not in A. A gap between two runs reaches from the last pixel of the left "
+         "one "
+         "to one past the first pixel of the right one (violet), and A's last row gives nothing (red).",
          {before,
           {"The complement of a region",
            "The table and the hole in green; violet pixels left and right of the hole, one red row below.",
@@ -207,7 +211,7 @@ void add_complements(Stage& stage, std::vector<Entry>& entries)
          only_in_rows(regions.missing, {last_row(stage.part)}) && cv::countNonZero(regions.extra & expected) == 0});
     entries.push_back(
         {"KivROINot",
-         "The same of an ROI. Gaps take their neighbours with them here, too, but the last row is "
+         "The same of an ROI. Gaps reach into their neighbours here, too, but the last row is "
          "complemented like any other.",
          {before,
           {"The complement of an ROI",

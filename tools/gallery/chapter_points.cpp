@@ -68,7 +68,7 @@ Entry contour_to_var_array(const KivContour& exact)
             {{"A sub-pixel contour", "A closed line through 16 dots on a circle; most dots lie between pixel centres.",
               drawn(exact)},
              {"The listed points", "16 dots, each in the centre of a pixel, beside the line they come from.",
-              dotted(listed(xs, ys)).border(exact, "outer")}},
+              Drawing(hole_view.size()).border(exact, "outer").points(listed(xs, ys))}},
             fmt::format("for one, ({:.2f}, {:.2f}) gives ({}, {})", first.x, first.y, xs[1].I(), ys[1].I()),
             rounded(listed(xs, ys), exact)};
 }
