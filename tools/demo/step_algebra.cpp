@@ -84,14 +84,16 @@ Report complement_of_region(Inspection& inspection)
     Report report;
     report.milliseconds = time_of(
         [&] { kivconvert::expect_success(KIVMV::KivRegionNot(inspection.filled, &report.region), "complement"); });
-    // Gaps are given with the ends of the runs beside them, so the two have pixels in common.
+    // Gaps reach into the runs beside them, so the two have pixels in common; the last row with runs gives nothing.
     const cv::Mat filled = mask_of(inspection.filled);
     const cv::Mat result = mask_of(report.region);
     cv::Mat uncovered = ~(filled | result);
     clear_last_row_of(inspection.filled, uncovered);
     report.passed = cv::countNonZero(uncovered) == 0 || inspection.filled.Runs().empty();
-    report.remark = fmt::format("the rest, and {} pixels beside it", cv::countNonZero(filled & result));
-    add_picture(inspection, "complement", "complement: the table", tinted(inspection, report.region, violet));
+    report.remark =
+        fmt::format("all but the last row; gaps take {} pixels of the parts", cv::countNonZero(filled & result));
+    add_picture(inspection, "complement", "complement: the table but one row",
+                tinted(inspection, report.region, violet));
     return report;
 }
 

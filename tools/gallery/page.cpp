@@ -105,7 +105,7 @@ private:
                          Drawing(part_view.size()).grey(camera.pixels(part_view)));
         const Panel lens("A smaller one for numbers: the lower edge of its hole, 22 × 7 pixels",
                          "A strip of 22 by 7 large grey pixels, dark in the middle and light on both sides.",
-                         Drawing(lens_view.size()).grey(stage_.lens_grey.Mat()).values(stage_.lens_grey.Mat()));
+                         Drawing(lens_view.size()).grey(stage_.lens_grey.Mat()));
         return fmt::format("<div class=\"overview\">\n<figure><a class=\"scene\" href=\"{0}\">{1}{2}{3}</a>\n"
                            "<figcaption>The scene, {4} × {5} pixels, drawn by the demo. The boxes mark the two "
                            "cut-outs.</figcaption></figure>\n<div>\n",

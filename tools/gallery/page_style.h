@@ -34,6 +34,7 @@ article { background: var(--card); border: 1px solid var(--line); border-radius:
   grid-template-columns: repeat(auto-fill, minmax(min(100%, 21rem), 1fr)) }
 .panels.wide { grid-template-columns: repeat(auto-fill, minmax(min(100%, 29rem), 1fr)) }
 figure { margin: 0 }
+.overview figure + figure { margin-top: 1.2rem }
 figcaption { font-size: .88rem; color: var(--quiet); padding-top: .35rem }
 img { display: block; width: 100%; height: auto }
 .found { font-size: .88rem; color: var(--quiet) }
@@ -47,12 +48,14 @@ img { display: block; width: 100%; height: auto }
 .legend li::before { content: ""; display: inline-block; width: 1.1em; height: 1.1em; margin-right: .45em;
   vertical-align: -.2em; border-radius: .2em; background: var(--swatch) }
 .legend .line::before { height: .3em; vertical-align: .2em }
+@media (min-width: 40rem) {
+  .overview { grid-template-columns: 2.25fr 1fr }
+}
 @media (min-width: 75rem) {
   .layout { display: grid; grid-template: auto 1fr / 15rem minmax(0, 1fr); column-gap: 2.5rem }
   nav { grid-area: 1 / 1 / 3; position: sticky; top: 0; max-height: 100vh; overflow-y: auto; align-self: start;
     padding: 1rem 0 }
   nav ul { display: block }
-  .overview { grid-template-columns: 2.25fr 1fr }
 }
 )css";
 
