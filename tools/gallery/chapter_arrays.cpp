@@ -172,7 +172,8 @@ Drawing numbered_runs(const KivRegion& region)
 Entry sort_runs(Stage& stage)
 {
     std::vector<Run> runs = stage.lens.Runs();
-    std::shuffle(runs.begin(), runs.end(), std::mt19937(3));
+    std::mt19937 random(3);
+    std::shuffle(runs.begin(), runs.end(), random);
     KivRegion shuffled(lens.width, lens.height, runs);
     KivVarArray rows;
     KivVarArray begins;
@@ -207,7 +208,8 @@ Entry count_digits(Stage& stage)
             "negative value counts as one digit.",
             {{"Rows as the scene counts them", "Blue bars; left of each row its number in the scene, 851 to 857.",
               drawing}},
-            fmt::format("largest row {}: {}", rows[rows.Length() - 1].I(), counted(digits, "digit")),
+            fmt::format("largest row {}: {}", rows[rows.Length() - 1].I(),
+                        counted(static_cast<std::size_t>(digits), "digit")),
             digits == 3};
 }
 

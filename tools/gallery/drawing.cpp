@@ -41,7 +41,7 @@ constexpr std::string_view style_sheet = R"css(
 .ideal { fill: none; stroke: var(--b); stroke-width: .3; stroke-dasharray: 1 .6 }
 text { font: .44px system-ui, "DejaVu Sans", sans-serif; text-anchor: middle; dominant-baseline: central }
 .ink { fill: var(--ink) }
-.small { fill: var(--ink); font-size: .34px }
+.small { fill: var(--ink); font-size: .32px }
 .black { fill: #000 }
 .white { fill: #fff }
 )css";
