@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "demo/pictures.h"
+#include "gallery/borders.h"
 #include "gallery/gallery.h"
 #include "kivconvert/result_codes.h"
 
@@ -14,24 +15,9 @@ namespace
 {
 
 const cv::Size part(part_view.size());
-const std::string part_in_bars = "The end of a bar with a round hole, made of horizontal blue bars.";
-const std::string part_in_white = "The end of a bar with a round hole, white on black.";
 const std::string part_in_lines = "A green line along the bar's outer border pixels and an orange one round its hole.";
 
-/// The contours, and faintly the pixels that they enclose.
-Drawing drawn(KivContourArray& contours)
-{
-    KivRegion enclosed;
-    kivconvert::expect_success(KIVMV::KivContourArrayToRegion(contours, part.width, part.height, &enclosed), "fill");
-    Drawing drawing(part);
-    drawing.pixels(enclosed, "faint");
-    for (const KivContour& contour : contours) {
-        drawing.border(contour, contour.IsHole() ? "hole" : "outer");
-    }
-    return drawing;
-}
-
-Drawing drawn(const KivImage& image)
+Drawing shown(const KivImage& image)
 {
     return Drawing(image.Mat().size()).grey(image.Mat());
 }
@@ -107,12 +93,10 @@ Entry contour_to_region()
 
 Entry contours_to_image(Stage& stage, KivContourArray& contours)
 {
-    KivImage image;
-    kivconvert::expect_success(KIVMV::KivContourArrayToBinImage(&image, contours, part.width, part.height),
-                               "KivContourArrayToBinImage");
+    const KivImage image = enclosed_by(contours);
     return {"KivContourArrayToBinImage",
             "All contours filled together into a new mask: 255 inside, borders included, and 0 elsewhere.",
-            {{"Contours", part_in_lines, drawn(contours)}, {"Their mask", part_in_white, drawn(image)}},
+            {{"Contours", part_in_lines, drawn(contours)}, {"Their mask", part_in_white, shown(image)}},
             "equal to the mask that was traced",
             image == stage.mask};
 }
@@ -123,7 +107,7 @@ Entry image_to_contours(Stage& stage, const KivContourArray& of_region)
     kivconvert::expect_success(KIVMV::KivBinImageToContourArray(stage.mask, &contours), "KivBinImageToContourArray");
     return {"KivBinImageToContourArray",
             "The borders of a mask, as those of its region.",
-            {{"A mask", part_in_white, drawn(stage.mask)}, {"Its contours", part_in_lines, drawn(contours)}},
+            {{"A mask", part_in_white, shown(stage.mask)}, {"Its contours", part_in_lines, drawn(contours)}},
             "the same as those of the region",
             contours == of_region};
 }
@@ -133,14 +117,6 @@ KivContourArray merged(Stage& stage, KivContour& contour, bool add)
     KivContourArray contours;
     kivconvert::expect_success(KIVMV::KivMergContour(stage.mask, contour, add, &contours), "KivMergContour");
     return contours;
-}
-
-/// What the contours enclose.
-cv::Mat filled(KivContourArray& contours)
-{
-    KivImage image;
-    kivconvert::expect_success(KIVMV::KivContourArrayToBinImage(&image, contours, part.width, part.height), "fill");
-    return image.Mat();
 }
 
 Entry merge_contour(Stage& stage)
@@ -154,7 +130,7 @@ Entry merge_contour(Stage& stage)
             "The contours of a mask after a filled contour was added to it, or cut out of it. Coordinates are rounded "
             "to the nearest pixel, and the mask itself is not changed.",
             {{"A mask and a contour", "The white bar with its hole, and the outline of a triangle over both.",
-              drawn(stage.mask).border(triangle, "ideal")},
+              shown(stage.mask).border(triangle, "ideal")},
              {"Added", "The bar's outline with two corners of the triangle sticking out, and a hole cut short by it.",
               drawn(added)},
              {"Cut out", "Two green outlines: where the triangle was the bar is in two pieces, and the hole is open.",
@@ -162,8 +138,8 @@ Entry merge_contour(Stage& stage)
              {"A star cut out of the scene", "Machined parts tinted red where they lie outside of a large star.",
               stage.picture("cut")}},
             fmt::format("added: {}; cut out: {}", lengths(added), lengths(cut)),
-            same(filled(added), with_triangle(before.Mat(), corners, 255)) &&
-                same(filled(cut), with_triangle(before.Mat(), corners, 0)) && stage.mask == before};
+            same(enclosed_by(added).Mat(), with_triangle(before.Mat(), corners, 255)) &&
+                same(enclosed_by(cut).Mat(), with_triangle(before.Mat(), corners, 0)) && stage.mask == before};
 }
 
 } // namespace

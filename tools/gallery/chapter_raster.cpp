@@ -45,7 +45,7 @@ Entry bin_image_to_region(Stage& stage)
     return {"KivBinImageToRegion",
             "The same of a mask, an 8-bit image of one channel. Not a pixel is lost: painted again, the region is the "
             "mask.",
-            {{"A mask", "The end of a bar in white on black, with a round hole.", Drawing(part).grey(stage.mask.Mat())},
+            {{"A mask", part_in_white, Drawing(part).grey(stage.mask.Mat())},
              {"Its region", "The same shape made of horizontal bars, a knob on the first and last pixel of each.",
               Drawing(part).runs(region)},
              {"The whole scene's region", "A dark picture of machined parts on a table, all parts tinted amber.",
@@ -78,7 +78,7 @@ Entry region_to_bin_image(Stage& stage)
     kivconvert::expect_success(KIVMV::KivRegionToBinImage(&image, stage.part), "KivRegionToBinImage");
     return {"KivRegionToBinImage",
             "The region's mask in its own frame: 255 where the region is, 0 elsewhere.",
-            {{"A region", "The end of a bar made of horizontal blue bars.", Drawing(part).runs(stage.part)},
+            {{"A region", part_in_bars, Drawing(part).runs(stage.part)},
              {"Its mask", "The same shape in white on black.", Drawing(part).grey(image.Mat())}},
             "equal to the mask that the region was made of",
             image == stage.mask};

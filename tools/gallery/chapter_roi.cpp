@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "gallery/borders.h"
 #include "gallery/gallery.h"
 #include "kivconvert/result_codes.h"
 
@@ -17,7 +18,6 @@ const cv::Point2d centre(27.5, 30.5);
 constexpr double inner = 9.3;
 constexpr double outer = 23.7;
 const std::string ring_in_lines = "Two dashed circles about one centre.";
-const std::string part_in_bars = "The end of a bar with a round hole, made of horizontal blue bars.";
 
 KivROI ring()
 {
@@ -89,7 +89,7 @@ Entry image_to_roi(Stage& stage)
     kivconvert::expect_success(KIVMV::KivBinImageToROI(stage.mask, &roi), "KivBinImageToROI");
     return {"KivBinImageToROI",
             "An ROI of the kind mask that has exactly the mask's non-zero pixels, in the image's frame.",
-            {{"A mask", "The end of a bar with a round hole, white on black.", Drawing(part).grey(stage.mask.Mat())},
+            {{"A mask", part_in_white, Drawing(part).grey(stage.mask.Mat())},
              {"The pixels of the ROI", "The same shape in plain amber pixels.",
               Drawing(part).pixels(KivRegion(part.width, part.height, roi.Parameters().MaskRuns()), "b")}},
             "equal to the ROI of the mask's region",
@@ -101,20 +101,13 @@ Entry roi_to_contours()
     KivROI roi = ring();
     KivContourArray contours;
     kivconvert::expect_success(KIVMV::KivROIToContourArray(roi, &contours), "KivROIToContourArray");
-    KivImage filled;
-    kivconvert::expect_success(KIVMV::KivContourArrayToBinImage(&filled, contours, part.width, part.height), "fill");
-    Drawing borders(part);
-    borders.pixels(filled.Mat(), "faint");
-    for (const KivContour& contour : contours) {
-        borders.border(contour, contour.IsHole() ? "hole" : "outer");
-    }
-    return {
-        "KivROIToContourArray",
-        "The borders of an ROI's pixels. Filled together they give its mask back.",
-        {{"A ring", ring_in_lines, ideal_ring()},
-         {"Its contours", "A green chain of pixels along the outer circle, an orange one along the inner.", borders}},
-        counted(static_cast<std::size_t>(contours.Length()), "contour"),
-        contours.Length() == 2 && cv::countNonZero(filled.Mat() != ring_mask()) == 0};
+    return {"KivROIToContourArray",
+            "The borders of an ROI's pixels. Filled together they give its mask back.",
+            {{"A ring", ring_in_lines, ideal_ring()},
+             {"Its contours", "A green chain of pixels along the outer circle, an orange one along the inner.",
+              drawn(contours)}},
+            counted(static_cast<std::size_t>(contours.Length()), "contour"),
+            contours.Length() == 2 && cv::countNonZero(enclosed_by(contours).Mat() != ring_mask()) == 0};
 }
 
 } // namespace

@@ -35,7 +35,7 @@ struct Entry {
     std::string text; ///< one or two sentences, in HTML
     std::vector<Panel> panels;
     std::string found; ///< numbers of this very call
-    bool holds = true; ///< whether the result was checked to be what the text says
+    bool holds;        ///< whether the result was checked to be what the text says
 };
 
 struct Chapter {
@@ -60,6 +60,10 @@ struct Stage {
 /// Where the cut-outs lie in the scene.
 inline const cv::Rect part_view(928, 824, 56, 62);
 inline const cv::Rect lens_view(950, 851, 22, 7);
+
+/// What is seen of the part, in words.
+inline const std::string part_in_bars = "The end of a bar with a round hole, made of horizontal blue bars.";
+inline const std::string part_in_white = "The end of a bar with a round hole, white on black.";
 
 /// Draws the scene and runs the steps of the demo, which write their pictures into the folder.
 Stage set_stage(const std::string& folder);
