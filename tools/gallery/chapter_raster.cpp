@@ -104,7 +104,7 @@ Entry image_to_matrix(Stage& stage)
 Entry matrix_to_image(Stage& stage)
 {
     KivMatrix matrix;
-    stage.lens_grey.Mat().colRange(0, 12).convertTo(matrix.Mat(), CV_64F, 2.3, -120.25);
+    stage.lens_grey.Mat().colRange(0, 12).convertTo(matrix.Mat(), CV_64F, 2.6, -140.25);
     KivImage image;
     kivconvert::expect_success(KIVMV::KivMatrixToImage(&image, matrix), "KivMatrixToImage");
     const cv::Mat clamped = cv::min(cv::max(matrix.Mat(), 0.0), 255.0);
