@@ -71,7 +71,7 @@ TEST(ContourJson, MustHavePointsOfTwoNumbersNearTheFrame)
     for (const char* point :
          {"1", "{}", "[]", "[1]", "[1,2,3]", "[1,\"2\"]", "[null,2]", "[1048577,2]", "[1,-1e300]"}) {
         expect_refused(fmt::format(R"({{"width":7,"height":5,"contours":[{{"points":[[1,2],{}]}}]}})", point),
-                       " \"contours\"[0]: \"points\"[1] is not an array of two numbers from -1048576 to 1048576");
+                       " \"contours\"[0]: \"points\"[1]: is not an array of two numbers from -1048576 to 1048576");
     }
     expect_refused(R"({"width":7,"height":5,"contours":[{"points":[[1,1e999]]}]})",
                    " is JSON with a number that is out of range");

@@ -115,7 +115,7 @@ TEST_F(ContourSvg, RefusesOtherPictures)
     EXPECT_EQ(write("a.svg", "c.png"), path("c.png") + ": cannot be opened: No such file or directory");
     EXPECT_EQ(write("a.json", "b.png"), path("a.json") + ": cannot hold a picture; only .svg can");
     EXPECT_EQ(write("a.png", "b.png"),
-              path("a.png") + ": is not named like an output of contours; those end in .json or .svg");
+              path("a.png") + ": is not named like an output of contours; those end in .json, .geojson or .svg");
     EXPECT_EQ(files(), 1);
 }
 

@@ -4,6 +4,8 @@
 
 #include <filesystem>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace
 {
@@ -59,6 +61,43 @@ TEST_F(Files, AreReplacedBehindLinks)
     EXPECT_TRUE(std::filesystem::is_symlink(path("link")));
     EXPECT_EQ(get("a"), "new");
     EXPECT_EQ(files(), 2);
+}
+
+/// Waits for nobody: every look shows one of the whole texts.
+TEST_F(Files, AreNeverSeenHalfWritten)
+{
+    const std::string texts[] = {std::string(100'000, 'a'), std::string(300'000, 'b')};
+    write_file(path("a"), texts[0]);
+    std::vector<std::jthread> writers;
+    for (const std::string& text : texts) {
+        writers.emplace_back([&, this] {
+            for (int i = 0; i < 200; ++i) {
+                write_file(path("a"), text);
+            }
+        });
+    }
+    for (int i = 0; i < 500; ++i) {
+        const std::string seen = read_file(path("a"));
+        ASSERT_TRUE(seen == texts[0] || seen == texts[1]) << seen.size() << " bytes";
+    }
+    writers.clear();
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(Files, LeaveNothingBehindWhenTheyCannotBeRenamed)
+{
+    // The name is free, but too long for what is written beside it.
+    const std::string name(250, 'a');
+    EXPECT_EQ(complaint_of([&] { write_file(path(name), "text"); }),
+              path(name) + ": cannot be written: File name too long");
+    EXPECT_EQ(files(), 0);
+}
+
+TEST(Endings, AreToldInAnyCase)
+{
+    EXPECT_TRUE(kivconvert::is_named_like("folder.x/a.COCO.Json", ".coco.json"));
+    EXPECT_FALSE(kivconvert::is_named_like("folder.x/.coco.json", ".coco.json"));
+    EXPECT_FALSE(kivconvert::is_named_like("a.coco.json/b", ".coco.json"));
 }
 
 TEST(Extensions, AreInLowerCase)

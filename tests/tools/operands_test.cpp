@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "kivconvert/conversions.h"
 #include "kivconvert/operands.h"
 #include "kivconvert/run_files.h"
 #include "tools/scratch_folder.h"
@@ -7,36 +8,53 @@ namespace
 {
 
 using OperandsOfCommands = tools_tests::ScratchFolder;
+using kivconvert::Content;
 using kivconvert::read_operands;
 using tools_tests::complaint_of;
 
 const std::string rectangle = "roi:rectangle:-5,1,50,2";
 const KivRegion runs(7, 5, {{4, 0, 6}});
 
+KivRegion region_of(Content content)
+{
+    return kivconvert::region_of(content, "operand");
+}
+
 TEST_F(OperandsOfCommands, AreFilesOrShapes)
 {
     kivconvert::write_runs(path("a.csv"), runs);
-    EXPECT_EQ(kivconvert::read_operand(path("a.csv"), {}), runs);
-    EXPECT_EQ(kivconvert::read_operand(rectangle, {3, 9}), KivRegion(3, 9, {{1, 0, 2}, {2, 0, 2}}));
+    EXPECT_EQ(region_of(kivconvert::read_operand(path("a.csv"), {})), runs);
+    EXPECT_EQ(region_of(kivconvert::read_operand(rectangle, {3, 9})), KivRegion(3, 9, {{1, 0, 2}, {2, 0, 2}}));
 }
 
-TEST_F(OperandsOfCommands, GiveShapesTheFrameOfTheOther)
+TEST_F(OperandsOfCommands, GiveShapesAndContoursTheFrameOfTheOther)
 {
     kivconvert::write_runs(path("a.csv"), runs);
+    put("a.geojson", R"({"type":"Polygon","coordinates":[[[-5,1],[50,1],[50,2],[-5,2],[-5,1]]]})");
     const KivRegion shape(7, 5, {{1, 0, 6}, {2, 0, 6}});
-    const kivconvert::Operands first = read_operands(rectangle, path("a.csv"), {});
-    EXPECT_EQ(first.a, shape);
-    EXPECT_EQ(first.b, runs);
-    const kivconvert::Operands second = read_operands(path("a.csv"), rectangle, {});
-    EXPECT_EQ(second.a, runs);
-    EXPECT_EQ(second.b, shape);
+    for (const std::string& placeable : {rectangle, path("a.geojson")}) {
+        const kivconvert::Operands first = read_operands(placeable, path("a.csv"), {});
+        EXPECT_EQ(region_of(first.a), shape);
+        EXPECT_EQ(region_of(first.b), runs);
+        const kivconvert::Operands second = read_operands(path("a.csv"), placeable, {});
+        EXPECT_EQ(region_of(second.a), runs);
+        EXPECT_EQ(region_of(second.b), shape);
+    }
 }
 
 TEST_F(OperandsOfCommands, TakeAGivenFrameFirst)
 {
     kivconvert::write_runs(path("a.csv"), runs);
-    EXPECT_EQ(read_operands(path("a.csv"), rectangle, {2, 2}).b, KivRegion(2, 2, {{1, 0, 1}}));
-    EXPECT_EQ(read_operands(rectangle, path("a.csv"), {2, 2}).a, KivRegion(2, 2, {{1, 0, 1}}));
+    EXPECT_EQ(region_of(read_operands(path("a.csv"), rectangle, {2, 2}).b), KivRegion(2, 2, {{1, 0, 1}}));
+    EXPECT_EQ(region_of(read_operands(rectangle, path("a.csv"), {2, 2}).a), KivRegion(2, 2, {{1, 0, 1}}));
+}
+
+TEST_F(OperandsOfCommands, RefuseAFrameThatNoneNeeds)
+{
+    kivconvert::write_runs(path("a.csv"), runs);
+    const std::string complaint = "--width: is for shapes and contours; everything else has a frame of its own";
+    EXPECT_EQ(complaint_of([&] { kivconvert::read_operand(path("a.csv"), {2, 2}); }), complaint);
+    EXPECT_EQ(complaint_of([&] { read_operands(path("a.csv"), path("a.csv"), {2, 2}); }), complaint);
 }
 
 TEST_F(OperandsOfCommands, NeedAPossibleFrame)
@@ -53,9 +71,8 @@ TEST_F(OperandsOfCommands, NeedAPossibleFrame)
 
 TEST_F(OperandsOfCommands, MayBeShapesWithoutPixels)
 {
-    EXPECT_EQ(kivconvert::read_operand("roi:circle:-50,0,3", {7, 5}), KivRegion(7, 5, {}));
-    KivROI none;
-    EXPECT_EQ(kivconvert::region_of(none, {7, 5}), KivRegion(7, 5, {}));
+    EXPECT_EQ(region_of(kivconvert::read_operand("roi:circle:-50,0,3", {7, 5})), KivRegion(7, 5, {}));
+    EXPECT_EQ(region_of(KivROI()), KivRegion());
 }
 
 } // namespace

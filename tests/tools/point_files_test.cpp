@@ -3,6 +3,8 @@
 #include "tools/scratch_folder.h"
 
 #include <climits>
+#include <string>
+#include <utility>
 
 namespace
 {
@@ -37,6 +39,35 @@ TEST_F(PointFiles, AreNotMadeOfMoreThanCanBeListed)
     EXPECT_EQ(complaint_of([&] { kivconvert::write_points(path("a.csv"), region, "b.csv"); }),
               "b.csv: has more than 134217728 pixels, too many to list");
     EXPECT_EQ(files(), 0);
+}
+
+TEST(PointCsv, GivesPointsBackAsTheyAre)
+{
+    const KivPointArray points = {{0.1, -2.5}, {1e-9, 1048576}, {3, 4}};
+    EXPECT_EQ(kivconvert::points_as_csv(points), "x,y\n0.1,-2.5\n1e-09,1048576\n3,4\n");
+    EXPECT_EQ(kivconvert::parse_points_csv(kivconvert::points_as_csv(points), "a"), points);
+    EXPECT_EQ(kivconvert::points_as_csv(KivVarArray{1, -2}, KivVarArray{3, 4}), "x,y\n1,3\n-2,4\n");
+    EXPECT_EQ(kivconvert::parse_points_csv("x,y\r\n1,2", "a"), KivPointArray({{1, 2}}));
+}
+
+TEST(PointCsv, MustHaveTwoCoordinatesNearTheFrameOnEachLine)
+{
+    const std::string far = " is not a number from -1048576 to 1048576";
+    const std::pair<std::string, std::string> files[] = {
+        {"x;y\n", "1: expected \"x,y\""},
+        {"x,y,z\n", "1: more on the line than expected"},
+        {"x,y\n1\n", "2: y is missing"},
+        {"x,y\n1,2\n1,\n", "3: y is not a number"},
+        {"x,y\n1,2,3\n", "2: more on the line than expected"},
+        {"x,y\n,2\n", "2: x is not a number"},
+        {"x,y\nnan,2\n", "2: x" + far},
+        {"x,y\n1,-1048576.5\n", "2: y" + far},
+        {"x,y\n1,1e999\n", "2: y is out of the range of double"},
+    };
+    for (const auto& [text, complaint] : files) {
+        EXPECT_EQ(complaint_of([&, bytes = text] { kivconvert::parse_points_csv(bytes, "a"); }), "a:" + complaint)
+            << text;
+    }
 }
 
 } // namespace

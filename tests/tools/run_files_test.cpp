@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Run files on disk: the format is told by the extension, and the frame is bounded.
+#include "kivconvert/region_files.h"
 #include "kivconvert/run_files.h"
 #include "tools/scratch_folder.h"
 
@@ -16,10 +17,23 @@ TEST_F(RunFiles, AreReadAsTheyWereWritten)
     const KivRegion region(7, 5, {{4, 0, 6}, {0, 1, 1}});
     for (const char* name : {"a.csv", "a.json", "B.CSV", "B.Json"}) {
         kivconvert::write_runs(path(name), region);
-        EXPECT_EQ(kivconvert::read_runs(path(name)), region) << name;
+        EXPECT_EQ(kivconvert::read_region(path(name)), region) << name;
     }
     EXPECT_EQ(get("B.CSV"), kivconvert::runs_as_csv(region));
     EXPECT_EQ(get("B.Json"), kivconvert::runs_as_json(region));
+}
+
+TEST_F(RunFiles, AreInTheFormatOfTheLongestEnding)
+{
+    const KivRegion region(3, 2, {{0, 1, 2}, {1, 2, 2}});
+    for (const char* name : {"a.coco.json", "A.COCO.JSON"}) {
+        kivconvert::write_runs(path(name), region);
+        EXPECT_EQ(get(name), kivconvert::runs_as_coco(region));
+        EXPECT_EQ(kivconvert::read_region(path(name)), region);
+    }
+    kivconvert::write_runs(path("a.coco-counts.json"), region);
+    EXPECT_EQ(get("a.coco-counts.json"), kivconvert::runs_as_coco_counts(region));
+    EXPECT_EQ(kivconvert::read_region(path("a.coco-counts.json")), region);
 }
 
 TEST_F(RunFiles, NeedTheirExtension)
@@ -36,12 +50,13 @@ TEST_F(RunFiles, HaveNoLargerFrameThanAnImage)
 {
     const KivRegion possible(1 << 20, 1 << 10, {});
     kivconvert::write_runs(path("a.csv"), possible);
-    EXPECT_EQ(kivconvert::read_runs(path("a.csv")), possible);
+    EXPECT_EQ(kivconvert::read_region(path("a.csv")), possible);
 
     for (const KivRegion& region :
          {KivRegion((1 << 20) + 1, 1, {}), KivRegion(1, (1 << 20) + 1, {}), KivRegion(1 << 20, (1 << 10) + 1, {})}) {
         put("b.csv", kivconvert::runs_as_csv(region));
-        EXPECT_NE(complaint_of([&] { kivconvert::read_runs(path("b.csv")); }).find("is too large"), std::string::npos);
+        EXPECT_NE(complaint_of([&] { kivconvert::read_region(path("b.csv")); }).find("is too large"),
+                  std::string::npos);
         EXPECT_NE(complaint_of([&] { kivconvert::write_runs(path("c.csv"), region); }).find("is too large"),
                   std::string::npos);
     }

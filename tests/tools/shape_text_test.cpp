@@ -42,9 +42,9 @@ TEST(ShapeText, MustNameAKnownShape)
 {
     for (const char* name : {"", "square", "Circle", "circle "}) {
         expect_refused("roi:" + std::string(name),
-                       '"' + std::string(name) + "\" is no shape; there are " + kivconvert::known_shapes());
+                       '"' + std::string(name) + "\" is no shape; there are " + kivconvert::known_shapes("  "));
     }
-    EXPECT_EQ(kivconvert::known_shapes().rfind("rectangle:left,top,right,bottom  rotated-rectangle:", 0), 0U);
+    EXPECT_EQ(kivconvert::known_shapes("  ").rfind("rectangle:left,top,right,bottom  rotated-rectangle:", 0), 0U);
 }
 
 TEST(ShapeText, MustHaveNumbers)

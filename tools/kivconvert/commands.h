@@ -8,7 +8,9 @@
 namespace kivconvert
 {
 
-void add_convert_commands(CLI::App& app);
+void add_region_command(CLI::App& app);
+void add_image_command(CLI::App& app);
+void add_matrix_command(CLI::App& app);
 void add_contour_commands(CLI::App& app);
 void add_points_command(CLI::App& app);
 void add_set_commands(CLI::App& app);

@@ -2,7 +2,12 @@
 // Contours: contours, edit.
 #include "kivconvert/commands.h"
 #include "kivconvert/contour_files.h"
+#include "kivconvert/conversion_command.h"
+#include "kivconvert/conversions.h"
+#include "kivconvert/frame_options.h"
+#include "kivconvert/help_texts.h"
 #include "kivconvert/image_files.h"
+#include "kivconvert/operands.h"
 #include "kivconvert/result_codes.h"
 
 #include <KivDataConvert/KivDataConvert.h>
@@ -18,42 +23,30 @@ namespace
 void add_trace_command(CLI::App& app)
 {
     struct Options {
-        std::string input;
-        std::string output;
         std::string picture;
+        Frame frame;
     };
     const auto options = std::make_shared<Options>();
     CLI::App* const command = app.add_subcommand("contours", "Traces the outer borders and the borders of holes");
-    command->add_option("IN", options->input, "run file or mask image")->required();
-    command->add_option("-o,--output", options->output, "contours, .json or .svg")->required();
+    command->footer(example_with_shapes("contours parts.png -o parts.svg --image parts.png"));
+    add_conversion(*command, {any_content, "contours, .json, .geojson or .svg", ".json"},
+                   [options](const std::string& input, const std::string& output) {
+                       Content content = read_operand(input, options->frame);
+                       TracedContours traced = contours_of(content, input);
+                       write_contours(output, traced, options->picture);
+                   });
     command->add_option("--image", options->picture, "picture to show below the paths of an .svg")->type_name("FILE");
-    command->callback([options] {
-        TracedContours traced = trace_file(options->input);
-        write_contours(options->output, traced, options->picture);
-    });
-}
-
-/// The mask that the contours were traced from.
-KivImage filled(TracedContours& traced, const std::string& subject)
-{
-    if (traced.contours.Length() == 0) {
-        cv::Mat nothing(traced.height, traced.width, CV_8UC1, cv::Scalar(0));
-        return KivImage(nothing);
-    }
-    KivImage mask;
-    const int code = KIVMV::KivContourArrayToBinImage(&mask, traced.contours, traced.width, traced.height);
-    expect_success(code, subject);
-    return mask;
+    add_frame_options(*command, options->frame);
 }
 
 /// Draws all contours into the image, one after the other.
 KivImage edited(KivImage& image, const KivContourArray& contours, bool add, const std::string& subject)
 {
     TracedContours traced = contours_of(image, subject);
-    KivImage mask = filled(traced, subject);
+    KivImage mask = mask_of(traced, subject);
     for (KivContour contour : contours) {
         expect_success(KIVMV::KivMergContour(mask, contour, add, &traced.contours), subject);
-        mask = filled(traced, subject);
+        mask = mask_of(traced, subject);
     }
     return mask;
 }
@@ -78,9 +71,10 @@ void add_edit_command(CLI::App& app)
 {
     const auto options = std::make_shared<EditOptions>();
     CLI::App* const command = app.add_subcommand("edit", "Fills contours in a mask image, or cuts them out of it");
+    command->footer(example("edit mask.png scratches.json --cut -o clean.png"));
     command->add_option("IMAGE", options->image, "mask image")->required();
-    command->add_option("CONTOURS", options->contours, "contours, .json")->required();
-    command->add_option("-o,--output", options->output, "image, .png, .bmp, .pgm or .tif")->required();
+    command->add_option("CONTOURS", options->contours, "contours, .json or .geojson")->required();
+    command->add_option("-o,--output", options->output, any_image)->required();
     CLI::Option_group* const mode = command->add_option_group("mode", "What becomes of the pixels in the contours");
     mode->add_flag("--add", options->add, "they become foreground");
     mode->add_flag("--cut", options->cut, "they become background");

@@ -4,12 +4,9 @@
 #include "kivconvert/errors.h"
 #include "kivconvert/files.h"
 #include "kivconvert/image_files.h"
-#include "kivconvert/result_codes.h"
-#include "kivconvert/run_files.h"
-
-#include <KivDataConvert/KivDataConvert.h>
 
 #include <fmt/format.h>
+#include <utility>
 
 namespace kivconvert
 {
@@ -31,48 +28,41 @@ std::string picture_below(const std::string& path, const TracedContours& traced)
 
 } // namespace
 
-TracedContours contours_of(KivImage& image, const std::string& subject)
-{
-    TracedContours traced{image.Width(), image.Height(), {}};
-    expect_success(KIVMV::KivBinImageToContourArray(image, &traced.contours), subject);
-    return traced;
-}
-
-TracedContours contours_of(KivRegion& region, const std::string& subject)
-{
-    TracedContours traced{region.Width(), region.Height(), {}};
-    expect_success(KIVMV::KivRegionToContourArray(region, &traced.contours), subject);
-    return traced;
-}
-
-TracedContours trace_file(const std::string& path)
-{
-    if (is_run_file(path)) {
-        KivRegion region = read_runs(path);
-        return contours_of(region, path);
-    }
-    KivImage image = read_grey_image(path);
-    return contours_of(image, path);
-}
-
 TracedContours read_contours(const std::string& path)
 {
-    if (extension_of(path) != ".json") {
-        throw FileError(path, "is not named like a file of contours; those end in .json");
+    Content content = read_content(path);
+    if (auto* const traced = std::get_if<TracedContours>(&content)) {
+        return std::move(*traced);
     }
-    return parse_contours_json(read_file(path), path);
+    throw FileError(path, "holds no contours");
+}
+
+KivContour contour_at(const Content& content, int index, const std::string& subject)
+{
+    const auto* const traced = std::get_if<TracedContours>(&content);
+    if (traced == nullptr) {
+        throw InputError(subject, "holds no contours");
+    }
+    if (index >= traced->contours.Length()) {
+        throw InputError(subject, fmt::format("has {} contours, counted from 0", traced->contours.Length()));
+    }
+    return traced->contours[index];
 }
 
 void write_contours(const std::string& path, TracedContours& traced, const std::string& picture)
 {
-    const bool svg = extension_of(path) == ".svg";
-    if (!svg && extension_of(path) != ".json") {
-        throw FileError(path, "is not named like an output of contours; those end in .json or .svg");
+    const std::string extension = extension_of(path);
+    const bool svg = extension == ".svg";
+    const bool geojson = extension == ".geojson";
+    if (!svg && !geojson && extension != ".json") {
+        throw FileError(path, "is not named like an output of contours; those end in .json, .geojson or .svg");
     }
     if (!svg && !picture.empty()) {
         throw FileError(path, "cannot hold a picture; only .svg can");
     }
-    write_file(path, svg ? contours_as_svg(traced, picture_below(picture, traced)) : contours_as_json(traced));
+    write_file(path, svg       ? contours_as_svg(traced, picture_below(picture, traced))
+                     : geojson ? contours_as_geojson(traced)
+                               : contours_as_json(traced));
 }
 
 } // namespace kivconvert

@@ -2,29 +2,15 @@
 // Contours as JSON: an object with width, height and the contours, each with its kind and its points.
 #include "kivconvert/contour_files.h"
 #include "kivconvert/errors.h"
-#include "kivconvert/json_reader.h"
+#include "kivconvert/json_formats.h"
 
-#include <cmath>
 #include <fmt/format.h>
 #include <iterator>
-#include <utility>
 
 namespace kivconvert
 {
 namespace
 {
-
-constexpr int farthest = 1 << 20; // as far as a frame reaches
-
-bool is_coordinate(const Json& value)
-{
-    return value.is_number() && std::abs(value.get<double>()) <= farthest;
-}
-
-bool is_point(const Json& value)
-{
-    return value.is_array() && value.size() == 2 && is_coordinate(value[0]) && is_coordinate(value[1]);
-}
 
 KivContour read_contour(const Json& value, const std::string& subject)
 {
@@ -32,16 +18,7 @@ KivContour read_contour(const Json& value, const std::string& subject)
     if (member == value.end() || !member->is_array() || member->empty()) {
         throw InputError(subject, "is not an object with \"points\"");
     }
-    KivContour::Points points;
-    points.reserve(member->size());
-    for (const Json& point : *member) {
-        if (!is_point(point)) {
-            throw InputError(subject, fmt::format("\"points\"[{}] is not an array of two numbers from -{} to {}",
-                                                  points.size(), farthest, farthest));
-        }
-        points.emplace_back(point[0].get<double>(), point[1].get<double>());
-    }
-    return KivContour(std::move(points));
+    return KivContour(read_positions(*member, subject + ": \"points\""));
 }
 
 void append_contour(std::string& text, const KivContour& contour)
@@ -70,15 +47,19 @@ std::string contours_as_json(const TracedContours& traced)
     return text + "\n]}\n";
 }
 
-TracedContours parse_contours_json(std::string_view text, const std::string& file)
+TracedContours read_contours(const Json& document, const std::string& file)
 {
-    const Json document = parse_json_object(text, file);
     TracedContours traced{read_size(document, "width", file), read_size(document, "height", file), {}};
     for (const Json& value : read_array(document, "contours", file)) {
         const std::string subject = fmt::format("{}: \"contours\"[{}]", file, traced.contours.Length());
         traced.contours.Append(read_contour(value, subject));
     }
     return traced;
+}
+
+TracedContours parse_contours_json(std::string_view text, const std::string& file)
+{
+    return read_contours(parse_json_object(text, file), file);
 }
 
 } // namespace kivconvert

@@ -4,11 +4,13 @@
 #include "kivconvert/errors.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <fmt/format.h>
 #include <fstream>
 #include <sstream>
 #include <unistd.h>
@@ -25,10 +27,7 @@ namespace
 class PartFile
 {
 public:
-    explicit PartFile(const fs::path& target)
-        : path_(target.string() + ".part" + std::to_string(getpid())), file_(std::fopen(path_.c_str(), "wbx"))
-    {
-    }
+    explicit PartFile(const fs::path& target) : path_(unused_name(target)), file_(std::fopen(path_.c_str(), "wbx")) {}
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
     ~PartFile()
@@ -51,6 +50,13 @@ public:
     }
 
 private:
+    /// No other process and no other thread of this one uses it.
+    static std::string unused_name(const fs::path& target)
+    {
+        static std::atomic<unsigned> parts{0};
+        return fmt::format("{}.part{}-{}", target.string(), getpid(), ++parts);
+    }
+
     bool close()
     {
         std::FILE* const open = std::exchange(file_, nullptr);
@@ -75,6 +81,13 @@ fs::path replaceable(const std::string& path)
     return fs::canonical(path);
 }
 
+std::string lower_case(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return text;
+}
+
 std::string reason()
 {
     return std::strerror(errno);
@@ -84,10 +97,13 @@ std::string reason()
 
 std::string extension_of(const std::string& path)
 {
-    std::string extension = fs::path(path).extension().string();
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-    return extension;
+    return lower_case(fs::path(path).extension().string());
+}
+
+bool is_named_like(const std::string& path, std::string_view ending)
+{
+    const std::string name = lower_case(fs::path(path).filename().string());
+    return name.size() > ending.size() && name.ends_with(ending);
 }
 
 std::string read_file(const std::string& path)

@@ -11,6 +11,9 @@ namespace kivconvert
 /// The extension in lower case, with its dot; empty if there is none.
 std::string extension_of(const std::string& path);
 
+/// Whether something stands before the ending in the file's name, in capitals or not.
+bool is_named_like(const std::string& path, std::string_view ending);
+
 /// @throws FileError if the file cannot be read or is empty.
 std::string read_file(const std::string& path);
 

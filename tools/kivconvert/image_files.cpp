@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <iterator>
+#include <mutex>
 #include <opencv2/imgcodecs.hpp>
 #include <string_view>
 #include <unistd.h>
@@ -20,26 +21,36 @@ namespace
 
 constexpr std::string_view lossless_extensions[] = {".png", ".bmp", ".pgm", ".tif", ".tiff"};
 
-/// Keeps the image codecs from writing complaints of their own to standard error, as long as it lives.
+/// Keeps the image codecs from writing complaints of their own to standard error, as long as it lives. There may be
+/// several at a time; what other threads write to standard error meanwhile is lost.
 class QuietCodecs
 {
 public:
-    QuietCodecs() : saved_(dup(STDERR_FILENO))
+    QuietCodecs()
     {
-        const int nowhere = open("/dev/null", O_WRONLY);
-        dup2(nowhere, STDERR_FILENO);
-        close(nowhere);
+        const std::lock_guard lock(mutex_);
+        if (living_++ == 0) {
+            saved_ = dup(STDERR_FILENO);
+            const int nowhere = open("/dev/null", O_WRONLY);
+            dup2(nowhere, STDERR_FILENO);
+            close(nowhere);
+        }
     }
     QuietCodecs(const QuietCodecs&) = delete;
     QuietCodecs& operator=(const QuietCodecs&) = delete;
     ~QuietCodecs()
     {
-        dup2(saved_, STDERR_FILENO);
-        close(saved_);
+        const std::lock_guard lock(mutex_);
+        if (--living_ == 0) {
+            dup2(saved_, STDERR_FILENO);
+            close(saved_);
+        }
     }
 
 private:
-    int saved_;
+    static inline std::mutex mutex_;
+    static inline int living_ = 0;
+    static inline int saved_ = -1;
 };
 
 /// @param mode one of cv::ImreadModes

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 // What is in a file: info.
 #include "kivconvert/commands.h"
-#include "kivconvert/image_files.h"
+#include "kivconvert/conversions.h"
+#include "kivconvert/frame_options.h"
+#include "kivconvert/help_texts.h"
+#include "kivconvert/operands.h"
 #include "kivconvert/region_facts.h"
-#include "kivconvert/region_files.h"
-#include "kivconvert/run_files.h"
 
 #include <fmt/format.h>
+#include <iterator>
 #include <memory>
 #include <string>
 
@@ -30,18 +32,30 @@ void print_region(const KivRegion& region)
     }
 }
 
-void print_image(const std::string& path)
+const char* kind_of(const Content& content)
 {
-    KivImage image = read_grey_image(path);
-    const KivRegion region = region_of(image, path);
-    fmt::print("kind       image; the runs are those of its non-zero pixels\n");
-    print_region(region);
+    constexpr const char* kinds[] = {
+        "image; the runs are those of its non-zero pixels",
+        "runs",
+        "shape; the runs are those of its pixels",
+        "contours; the runs are those of what they enclose",
+        "points; the runs are those of the pixels they fall on",
+    };
+    static_assert(std::size(kinds) == std::variant_size_v<Content>);
+    return kinds[content.index()];
 }
 
-void print_runs(const std::string& path)
+void print_content(const std::string& text, const Frame& frame)
 {
-    const KivRegion region = read_runs(path);
-    fmt::print("kind       runs\n");
+    Content content = read_operand(text, frame);
+    const KivRegion region = region_of(content, text);
+    fmt::print("kind       {}\n", kind_of(content));
+    if (const auto* const traced = std::get_if<TracedContours>(&content)) {
+        fmt::print("contours   {}\n", traced->contours.Length());
+    }
+    if (const auto* const points = std::get_if<KivPointArray>(&content)) {
+        fmt::print("points     {}\n", points->Length());
+    }
     print_region(region);
 }
 
@@ -49,10 +63,16 @@ void print_runs(const std::string& path)
 
 void add_info_command(CLI::App& app)
 {
-    const auto path = std::make_shared<std::string>();
-    CLI::App* const command = app.add_subcommand("info", "Tells the frame, runs and pixels of a file");
-    command->add_option("FILE", *path, "run file or image")->required();
-    command->callback([path] { is_run_file(*path) ? print_runs(*path) : print_image(*path); });
+    struct Options {
+        std::string input;
+        Frame frame;
+    };
+    const auto options = std::make_shared<Options>();
+    CLI::App* const command = app.add_subcommand("info", "Tells the frame, runs and pixels of a file or a shape");
+    command->footer(example_with_shapes("info parts.csv"));
+    command->add_option("FILE", options->input, any_content)->required();
+    add_frame_options(*command, options->frame);
+    command->callback([options] { print_content(options->input, options->frame); });
 }
 
 } // namespace kivconvert

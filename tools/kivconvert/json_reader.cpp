@@ -2,8 +2,10 @@
 #include "kivconvert/json_reader.h"
 
 #include "kivconvert/errors.h"
+#include "kivconvert/point_files.h"
 
 #include <algorithm>
+#include <cmath>
 #include <fmt/format.h>
 #include <utility>
 
@@ -23,6 +25,16 @@ Json parse_json(std::string_view text, const std::string& file)
     } catch (const Json::exception&) {
         throw FileError(file, "is JSON with a number that is out of range");
     }
+}
+
+bool is_coordinate(const Json& value)
+{
+    return value.is_number() && std::abs(value.get<double>()) <= farthest_coordinate;
+}
+
+bool is_position(const Json& value)
+{
+    return value.is_array() && value.size() == 2 && is_coordinate(value[0]) && is_coordinate(value[1]);
 }
 
 } // namespace
@@ -63,6 +75,20 @@ const Json& read_array(const Json& document, const char* name, const std::string
         throw FileError(file, fmt::format("\"{}\" is not an array", name));
     }
     return *member;
+}
+
+KivContour::Points read_positions(const Json& values, const std::string& subject)
+{
+    KivContour::Points points;
+    points.reserve(values.size());
+    for (const Json& value : values) {
+        if (!is_position(value)) {
+            throw InputError(fmt::format("{}[{}]", subject, points.size()),
+                             fmt::format("is not an array of two numbers from -{0} to {0}", farthest_coordinate));
+        }
+        points.emplace_back(value[0].get<double>(), value[1].get<double>());
+    }
+    return points;
 }
 
 } // namespace kivconvert

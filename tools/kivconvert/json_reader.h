@@ -3,6 +3,8 @@
 // messages.
 #pragma once
 
+#include <KivData/KivData.h>
+
 #include <nlohmann/json.hpp>
 
 #include <optional>
@@ -25,5 +27,9 @@ int read_size(const Json& document, const char* name, const std::string& file);
 
 /// A member that is an array. @throws FileError
 const Json& read_array(const Json& document, const char* name, const std::string& file);
+
+/// An array of points, each an array of two numbers near the frame.
+/// @throws InputError, which names the point after `subject`
+KivContour::Points read_positions(const Json& values, const std::string& subject);
 
 } // namespace kivconvert

@@ -4,14 +4,10 @@
 // Exit status: 0 done; 1 the library refused it or memory ran out; 2 the command line or a file is wrong. A failure is
 // one line on standard error, and no output file is touched.
 #include "kivconvert/commands.h"
-#include "kivconvert/errors.h"
+#include "kivconvert/failure.h"
 
 #include <algorithm>
-#include <cctype>
-#include <cstdio>
-#include <exception>
 #include <fmt/format.h>
-#include <new>
 #include <opencv2/core.hpp>
 #include <string>
 #include <string_view>
@@ -21,22 +17,10 @@
 namespace
 {
 
-constexpr int refused = 1;
-constexpr int wrong_input = 2;
-
 /// OpenCV describes its exceptions on standard error as well, in some versions.
 void silence_opencv()
 {
     cv::redirectError([](int, const char*, const char*, const char*, int, void*) { return 0; });
-}
-
-/// Says what is wrong in one line, also when a file name or a message has several.
-int fail(int status, std::string what)
-{
-    std::replace_if(
-        what.begin(), what.end(), [](unsigned char letter) { return std::iscntrl(letter) != 0; }, ' ');
-    fmt::print(stderr, "kivconvert: {}\n", what);
-    return status;
 }
 
 /// The arguments, with "--roi SHAPE" written as the operand that it is: "roi:SHAPE".
@@ -55,9 +39,11 @@ void run(std::vector<std::string> arguments, CLI::App& app)
     app.name("kivconvert");
     app.set_version_flag("--version", "kivconvert " KIVCONVERT_VERSION);
     app.require_subcommand(1);
-    kivconvert::add_convert_commands(app);
+    kivconvert::add_region_command(app);
+    kivconvert::add_image_command(app);
     kivconvert::add_contour_commands(app);
     kivconvert::add_points_command(app);
+    kivconvert::add_matrix_command(app);
     kivconvert::add_set_commands(app);
     kivconvert::add_info_command(app);
     std::reverse(arguments.begin(), arguments.end()); // the order in which CLI11 takes them
@@ -76,14 +62,11 @@ int main(int argc, char** argv)
     } catch (const CLI::Success& help) {
         return app.exit(help);
     } catch (const CLI::ParseError& error) {
-        return fail(wrong_input, error.what());
-    } catch (const kivconvert::InputError& error) {
-        return fail(wrong_input, error.what());
-    } catch (const cv::Exception& error) {
-        return fail(refused, error.err);
-    } catch (const std::bad_alloc&) {
-        return fail(refused, "out of memory");
-    } catch (const std::exception& error) {
-        return fail(refused, error.what());
+        kivconvert::report({kivconvert::exit_status::wrong_input, error.what()});
+        return kivconvert::exit_status::wrong_input;
+    } catch (...) {
+        const kivconvert::Failure failure = kivconvert::current_failure();
+        kivconvert::report(failure);
+        return failure.status;
     }
 }

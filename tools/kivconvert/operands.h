@@ -1,38 +1,22 @@
 // SPDX-License-Identifier: MIT
-// What may stand for a region on the command line: a run file, a mask image or a shape ("roi:circle:320,240,100"). The
-// place where a further kind of operand is added.
+// What stands for a shape on the command line, in the frame that is meant.
 #pragma once
 
-#include "kivconvert/shape_text.h"
-
-#include <KivData/KivData.h>
+#include "kivconvert/contents.h"
 
 #include <string>
 
 namespace kivconvert
 {
 
-/// The size of a frame in pixels; 0 x 0 where none is given.
-struct Frame {
-    int width = 0;
-    int height = 0;
-};
+/// A file or a shape in words; what can lie in any frame lies in the given one.
+/// @throws InputError, also if it needs a frame and has none, or has one of its own and is given another
+Content read_operand(const std::string& text, const Frame& frame);
 
-/// A shape in the given frame. @throws InputError if no whole frame is given, or it is too large
-KivROI read_shape(const std::string& text, const Frame& frame);
-
-/// The pixels of a shape; those of the empty shape are none, in the given frame. @throws ResultError
-KivRegion region_of(KivROI& roi, const Frame& frame);
-
-/// A shape's pixels in the given frame, or what is in a file, for which the frame does not matter.
-/// @throws InputError, ResultError
-KivRegion read_operand(const std::string& text, const Frame& frame);
-
-/// The two operands of a set operation, of which at least one is a file. A shape without a frame of its own gets that
-/// of the other.
+/// The two operands of a set operation. Where one of them lacks a frame, and none is given, it gets that of the other.
 struct Operands {
-    KivRegion a;
-    KivRegion b;
+    Content a;
+    Content b;
 };
 Operands read_operands(const std::string& a, const std::string& b, const Frame& frame);
 

@@ -24,22 +24,29 @@ cv::Mat1i pieces_of(TracedContours& traced)
     return pieces;
 }
 
-/// A border runs along pixels of the piece that it belongs to.
+/// A border runs along pixels of the piece that it belongs to. Outside of the frame there is none, 0.
 int piece_below(const KivContour& border, const cv::Mat1i& pieces)
 {
-    return pieces(cv::Point(border.AllPoints().front()));
+    const cv::Point pixel(border.AllPoints().front());
+    return cv::Rect(cv::Point(), pieces.size()).contains(pixel) ? pieces(pixel) : 0;
 }
 
 void add_holes(std::vector<Outline>& outlines, TracedContours& traced)
 {
     const cv::Mat1i pieces = pieces_of(traced);
-    std::unordered_map<int, Outline*> owners;
-    for (Outline& outline : outlines) {
-        owners[piece_below(*outline.outer, pieces)] = &outline;
+    std::unordered_map<int, std::size_t> owners;
+    for (std::size_t i = 0; i < outlines.size(); ++i) {
+        owners[piece_below(*outlines[i].outer, pieces)] = i;
     }
     for (const KivContour& contour : traced.contours) {
-        if (contour.IsHole()) {
-            owners.at(piece_below(contour, pieces))->holes.push_back(&contour);
+        if (!contour.IsHole()) {
+            continue;
+        }
+        const auto owner = owners.find(piece_below(contour, pieces));
+        if (owner != owners.end()) {
+            outlines[owner->second].holes.push_back(&contour);
+        } else {
+            outlines.push_back({&contour, {}});
         }
     }
 }

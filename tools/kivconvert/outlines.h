@@ -15,8 +15,8 @@ struct Outline {
     std::vector<const KivContour*> holes;
 };
 
-/// The outlines in the order of their outer borders. They point into `traced`, whose contours must be those of a whole
-/// mask, as tracing gives them. @throws ResultError
+/// The outlines in the order of their outer borders. They point into `traced`. A border of a hole that lies in none of
+/// them, as tracing never gives it, becomes an outline of its own. @throws ResultError
 std::vector<Outline> outlines_of(TracedContours& traced);
 
 } // namespace kivconvert

@@ -1,19 +1,38 @@
 // SPDX-License-Identifier: MIT
-// The pixels of a region as CSV.
+// Points as CSV: the pixels of a region, or the points of a contour.
 #pragma once
 
 #include <KivData/KivData.h>
 
 #include <string>
+#include <string_view>
 
 namespace kivconvert
 {
+
+/// How far from 0 the coordinates of points and contours may lie in files: as far as a frame reaches.
+inline constexpr int farthest_coordinate = 1 << 20;
 
 /// The most pixels that are listed, so that a short run file cannot ask for a list that fills the memory.
 inline constexpr long long max_listed_points = 1LL << 27;
 
 /// A line with the names of the columns, x and y, and a line for each point.
 std::string points_as_csv(const KivPointArray& points);
+
+/// The same for two parallel arrays of ints.
+std::string points_as_csv(const KivVarArray& xs, const KivVarArray& ys);
+
+/// Whether a text begins as points_as_csv() begins it.
+bool looks_like_points(std::string_view text);
+
+/// `file` is named in error messages. @throws FileError for anything that is not the format.
+KivPointArray parse_points_csv(std::string_view text, const std::string& file);
+
+/// @throws FileError if the region has more pixels than are listed; `subject` is where it is from
+void expect_listable(const KivRegion& region, const std::string& subject);
+
+/// @throws FileError if the file is not named .csv, or cannot be written
+void write_point_file(const std::string& path, const std::string& csv);
 
 /// Lists the pixels of a region, run by run, as KivRegionToPointArray() does, and writes them.
 /// @param subject where the region is from, for error messages

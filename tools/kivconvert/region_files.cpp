@@ -2,6 +2,7 @@
 #include "kivconvert/region_files.h"
 
 #include "kivconvert/image_files.h"
+#include "kivconvert/operands.h"
 #include "kivconvert/result_codes.h"
 #include "kivconvert/run_files.h"
 
@@ -10,20 +11,10 @@
 namespace kivconvert
 {
 
-KivRegion region_of(KivImage& image, const std::string& subject)
-{
-    KivRegion region;
-    expect_success(KIVMV::KivImageToRegion(image, &region), subject);
-    return region;
-}
-
 KivRegion read_region(const std::string& path)
 {
-    if (is_run_file(path)) {
-        return read_runs(path);
-    }
-    KivImage image = read_grey_image(path);
-    return region_of(image, path);
+    Content content = read_operand(path, {});
+    return region_of(content, path);
 }
 
 void write_painted(const std::string& path, KivRegion& region, const Painting& painting)
@@ -43,7 +34,9 @@ void write_region(const std::string& path, KivRegion& region)
     if (is_run_file(path)) {
         write_runs(path, region);
     } else {
-        write_painted(path, region, Painting());
+        expect_lossless_image(path);
+        expect_possible_frame(path, region.Width(), region.Height());
+        write_image(path, mask_of(region, path));
     }
 }
 

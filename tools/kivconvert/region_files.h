@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Regions from and to whatever file can hold one: runs or a mask image.
+// Regions from and to whatever file can hold one.
 #pragma once
 
-#include <KivData/KivData.h>
+#include "kivconvert/conversions.h"
 
 #include <string>
 
 namespace kivconvert
 {
 
-/// The non-zero pixels of an image. @param subject the file that the image came from, for error messages
-KivRegion region_of(KivImage& image, const std::string& subject);
-
-/// Reads a run file, or the non-zero pixels of an image. @throws FileError, ResultError
+/// Reads a file as read_content() does, as a region. @throws InputError, ResultError
 KivRegion read_region(const std::string& path);
 
 /// How a region is painted.
@@ -21,12 +18,14 @@ struct Painting {
     int background = 0;   ///< 0 to 255
     int width = 0;        ///< 0: that of the region's frame
     int height = 0;       ///< 0: that of the region's frame
+
+    bool operator==(const Painting&) const = default;
 };
 
 /// Paints a region and writes the image. @throws FileError, ResultError
 void write_painted(const std::string& path, KivRegion& region, const Painting& painting);
 
-/// Writes a run file or a mask image, as the extension says. @throws FileError, ResultError
+/// Writes a run file or a mask image, as the name says. @throws FileError, ResultError
 void write_region(const std::string& path, KivRegion& region);
 
 } // namespace kivconvert

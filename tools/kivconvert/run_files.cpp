@@ -15,31 +15,23 @@ namespace
 {
 
 struct RunFormat {
-    const char* extension;
-    KivRegion (*parse)(std::string_view text, const std::string& file);
+    const char* ending; ///< of the file's name
     std::string (*format)(const KivRegion& region);
 };
 
+/// Longer endings first.
 constexpr RunFormat run_formats[] = {
-    {".csv", parse_runs_csv, runs_as_csv},
-    {".json", parse_runs_json, runs_as_json},
+    {".coco-counts.json", runs_as_coco_counts},
+    {".coco.json", runs_as_coco},
+    {".json", runs_as_json},
+    {".csv", runs_as_csv},
 };
 
 const RunFormat* find_format(const std::string& path)
 {
-    const std::string extension = extension_of(path);
     const auto found = std::find_if(std::begin(run_formats), std::end(run_formats),
-                                    [&](const RunFormat& format) { return format.extension == extension; });
+                                    [&](const RunFormat& format) { return is_named_like(path, format.ending); });
     return found == std::end(run_formats) ? nullptr : found;
-}
-
-const RunFormat& format_of(const std::string& path)
-{
-    const RunFormat* format = find_format(path);
-    if (format == nullptr) {
-        throw FileError(path, "is not named like a run file; those end in .csv or .json");
-    }
-    return *format;
 }
 
 } // namespace
@@ -49,18 +41,14 @@ bool is_run_file(const std::string& path)
     return find_format(path) != nullptr;
 }
 
-KivRegion read_runs(const std::string& path)
-{
-    KivRegion region = format_of(path).parse(read_file(path), path);
-    expect_possible_frame(path, region.Width(), region.Height());
-    return region;
-}
-
 void write_runs(const std::string& path, const KivRegion& region)
 {
-    const RunFormat& format = format_of(path);
+    const RunFormat* const format = find_format(path);
+    if (format == nullptr) {
+        throw FileError(path, "is not named like a run file; those end in .csv or .json");
+    }
     expect_possible_frame(path, region.Width(), region.Height());
-    write_file(path, format.format(region));
+    write_file(path, format->format(region));
 }
 
 } // namespace kivconvert

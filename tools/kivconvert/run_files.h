@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Regions as text: CSV and JSON, both with the frame, both exact. tools/README.md tells the formats.
+// Regions as text: CSV and JSON, which keep all runs exactly, and the JSON of COCO data sets, which keeps the pixels.
+// tools/README.md tells the formats.
 #pragma once
 
 #include <KivData/KivData.h>
@@ -16,16 +17,23 @@ KivRegion parse_runs_csv(std::string_view text, const std::string& file);
 /// The same for JSON.
 KivRegion parse_runs_json(std::string_view text, const std::string& file);
 
+/// The same for the counts of COCO data sets, packed in a string or as an array. The frame is bounded as that of an
+/// image is.
+KivRegion parse_runs_coco(std::string_view text, const std::string& file);
+
 std::string runs_as_csv(const KivRegion& region);
 std::string runs_as_json(const KivRegion& region);
 
-/// Whether the extension is that of a run file: .csv or .json, in either case.
+/// The pixels of the frame alone, each once. The frame must be a possible one. @throws FileError on too many runs
+std::string runs_as_coco(const KivRegion& region);
+
+/// The same with the counts as an array.
+std::string runs_as_coco_counts(const KivRegion& region);
+
+/// Whether the file is named like one that runs are written to, in capitals or not.
 bool is_run_file(const std::string& path);
 
-/// Reads a run file, its format told by the extension. @throws FileError
-KivRegion read_runs(const std::string& path);
-
-/// Writes a run file, its format told by the extension. @throws FileError
+/// Writes a run file, its format told by the file's name. @throws FileError
 void write_runs(const std::string& path, const KivRegion& region);
 
 } // namespace kivconvert

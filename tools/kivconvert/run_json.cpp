@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Runs as JSON: an object with width, height and the runs as arrays of three.
 #include "kivconvert/errors.h"
-#include "kivconvert/json_reader.h"
+#include "kivconvert/json_formats.h"
 #include "kivconvert/run_files.h"
 
 #include <fmt/format.h>
@@ -24,7 +24,7 @@ std::optional<Run> as_run(const Json& value)
     return row && begin && end ? std::optional(Run{*row, *begin, *end}) : std::nullopt;
 }
 
-std::vector<Run> read_runs(const Json& document, const std::string& file)
+std::vector<Run> read_run_list(const Json& document, const std::string& file)
 {
     const Json& values = read_array(document, "runs", file);
     std::vector<Run> runs;
@@ -41,12 +41,16 @@ std::vector<Run> read_runs(const Json& document, const std::string& file)
 
 } // namespace
 
-KivRegion parse_runs_json(std::string_view text, const std::string& file)
+KivRegion read_runs(const Json& document, const std::string& file)
 {
-    const Json document = parse_json_object(text, file);
     const int width = read_size(document, "width", file);
     const int height = read_size(document, "height", file);
-    return KivRegion(width, height, read_runs(document, file));
+    return KivRegion(width, height, read_run_list(document, file));
+}
+
+KivRegion parse_runs_json(std::string_view text, const std::string& file)
+{
+    return read_runs(parse_json_object(text, file), file);
 }
 
 std::string runs_as_json(const KivRegion& region)

@@ -2,6 +2,7 @@
 // Set algebra on files and shapes: union, intersection, difference, complement.
 #include "kivconvert/commands.h"
 #include "kivconvert/frame_options.h"
+#include "kivconvert/help_texts.h"
 #include "kivconvert/operands.h"
 #include "kivconvert/region_files.h"
 #include "kivconvert/result_codes.h"
@@ -19,47 +20,64 @@ namespace
 struct Combination {
     const char* name;
     const char* description;
+    const char* example;
     int (*combine_regions)(KivRegion& a, KivRegion& b, KivRegion* out);
     int (*combine_shapes)(KivROI& a, KivROI& b, KivROI* out);
 };
 
 constexpr Combination combinations[] = {
-    {"union", "The pixels of A or B", KIVMV::KivRegionAdd, KIVMV::KivROIAdd},
-    {"intersection", "The pixels of both A and B", KIVMV::KivRegionAnd, KIVMV::KivROIAnd},
-    {"difference", "The pixels of A that are not in B", KIVMV::KivRegionSub, KIVMV::KivROISub},
+    {"union", "The pixels of A or B", "union left.csv right.csv -o both.csv", KIVMV::KivRegionAdd, KIVMV::KivROIAdd},
+    {"intersection", "The pixels of both A and B", "intersection parts.png --roi circle:320,240,100 -o inside.png",
+     KIVMV::KivRegionAnd, KIVMV::KivROIAnd},
+    {"difference", "The pixels of A that are not in B", "difference before.png after.png -o gone.png",
+     KIVMV::KivRegionSub, KIVMV::KivROISub},
 };
 
 struct Arguments {
     std::string a;
     std::string b;
     std::string output;
+    bool as_roi = false;
     Frame frame;
 };
-
-constexpr const char* operand_description = "run file, mask image or shape (--roi SHAPE:NUMBERS)";
 
 CLI::App* add_command(CLI::App& app, const std::string& name, const std::string& description, Arguments& arguments)
 {
     CLI::App* const command = app.add_subcommand(name, description);
-    command->footer("Shapes: " + known_shapes());
-    command->add_option("A", arguments.a, operand_description)->required();
+    command->add_option("A", arguments.a, any_content)->required();
     command->add_option("-o,--output", arguments.output, "run file or mask image")->required();
+    command->add_flag("--as-roi", arguments.as_roi, "by the rules of regions of interest, as between two shapes");
     add_frame_options(*command, arguments.frame);
     return command;
 }
 
-KivRegion combined(const Combination& combination, const Arguments& arguments)
+bool is_roi(const Content& content)
 {
-    if (is_shape(arguments.a) && is_shape(arguments.b)) {
-        KivROI a = read_shape(arguments.a, arguments.frame);
-        KivROI b = read_shape(arguments.b, arguments.frame);
-        KivROI result;
-        expect_success(combination.combine_shapes(a, b, &result), combination.name);
-        return region_of(result, arguments.frame);
-    }
-    Operands operands = read_operands(arguments.a, arguments.b, arguments.frame);
+    return std::holds_alternative<KivROI>(content);
+}
+
+/// The result of an operation on ROIs lies in the frame of the first one, also when nothing is left of it.
+KivRegion region_in(const Frame& frame, KivROI& result, const std::string& subject)
+{
+    KivRegion region = region_of(result, subject);
+    return region.Width() > 0 ? region : KivRegion(frame.width, frame.height, {});
+}
+
+KivRegion combined_as_roi(const Combination& combination, Operands& operands, const Arguments& arguments)
+{
+    KivROI a = roi_of(operands.a, arguments.a);
+    KivROI b = roi_of(operands.b, arguments.b);
+    KivROI result;
+    expect_success(combination.combine_shapes(a, b, &result), combination.name);
+    return region_in(frame_of(operands.a), result, combination.name);
+}
+
+KivRegion combined_as_regions(const Combination& combination, Operands& operands, const Arguments& arguments)
+{
+    KivRegion a = region_of(operands.a, arguments.a);
+    KivRegion b = region_of(operands.b, arguments.b);
     KivRegion result;
-    expect_success(combination.combine_regions(operands.a, operands.b, &result), combination.name);
+    expect_success(combination.combine_regions(a, b, &result), combination.name);
     return result;
 }
 
@@ -67,34 +85,38 @@ void add_combination(CLI::App& app, const Combination& combination)
 {
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* const command = add_command(app, combination.name, combination.description, *arguments);
-    command->add_option("B", arguments->b, operand_description)->required();
+    command->footer(example_with_shapes(combination.example));
+    command->add_option("B", arguments->b, any_content)->required();
     command->callback([arguments, combination] {
-        expect_shape_for_frame(arguments->frame, {arguments->a, arguments->b});
-        KivRegion result = combined(combination, *arguments);
+        Operands operands = read_operands(arguments->a, arguments->b, arguments->frame);
+        const bool as_roi = arguments->as_roi || (is_roi(operands.a) && is_roi(operands.b));
+        KivRegion result = as_roi ? combined_as_roi(combination, operands, *arguments)
+                                  : combined_as_regions(combination, operands, *arguments);
         write_region(arguments->output, result);
     });
 }
 
 KivRegion complement_of(const Arguments& arguments)
 {
-    if (is_shape(arguments.a)) {
-        KivROI shape = read_shape(arguments.a, arguments.frame);
+    Content content = read_operand(arguments.a, arguments.frame);
+    if (arguments.as_roi || is_roi(content)) {
+        KivROI roi = roi_of(content, arguments.a);
         KivROI result;
-        expect_success(KIVMV::KivROINot(shape, &result), "complement");
-        return region_of(result, arguments.frame);
+        expect_success(KIVMV::KivROINot(roi, &result), "complement");
+        return region_in(frame_of(content), result, "complement");
     }
-    KivRegion region = read_region(arguments.a);
-    KivRegion result;
-    expect_success(KIVMV::KivRegionNot(region, &result), "complement");
-    return result;
+    KivRegion region = region_of(content, arguments.a);
+    KivRegion complement;
+    expect_success(KIVMV::KivRegionNot(region, &complement), "complement");
+    return complement;
 }
 
 void add_complement(CLI::App& app)
 {
     const auto arguments = std::make_shared<Arguments>();
     CLI::App* const command = add_command(app, "complement", "The pixels of A's frame that are not in A", *arguments);
+    command->footer(example_with_shapes("complement parts.csv -o rest.csv"));
     command->callback([arguments] {
-        expect_shape_for_frame(arguments->frame, {arguments->a});
         KivRegion result = complement_of(*arguments);
         write_region(arguments->output, result);
     });

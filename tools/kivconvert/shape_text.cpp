@@ -80,7 +80,7 @@ const ShapeKind& kind_of(std::string_view name, const std::string& text)
     const auto found = std::find_if(std::begin(shape_kinds), std::end(shape_kinds),
                                     [name](const ShapeKind& kind) { return kind.name == name; });
     if (found == std::end(shape_kinds)) {
-        throw InputError(text, fmt::format("\"{}\" is no shape; there are {}", name, known_shapes()));
+        throw InputError(text, fmt::format("\"{}\" is no shape; there are {}", name, known_shapes("  ")));
     }
     return *found;
 }
@@ -127,11 +127,11 @@ KivROI parse_shape(const std::string& text, int width, int height)
     }
 }
 
-std::string known_shapes()
+std::string known_shapes(std::string_view separator)
 {
     std::string list;
     for (const ShapeKind& kind : shape_kinds) {
-        fmt::format_to(std::back_inserter(list), "{}{}:{}", list.empty() ? "" : "  ", kind.name, kind.parameters);
+        fmt::format_to(std::back_inserter(list), "{}{}:{}", list.empty() ? "" : separator, kind.name, kind.parameters);
     }
     return list;
 }

@@ -1,0 +1,51 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+# Folders as inputs of kivconvert.
+#
+#   folders_command_line_test.sh KIVCONVERT
+. "$(dirname "$0")/command_line.sh"
+
+mkdir in
+for i in 1 2 3 4 5 6 7 8 9; do
+    expect 0 image roi:circle:9,9,$i --width 20 --height 20 -o in/$i.png
+    expect 0 region in/$i.png -o $i.coco.json
+    expect 0 region in/$i.png -o $i.csv
+done
+
+expect 0 region in -o runs
+[ ! -s err.txt ] && [ ! -s out.txt ] || fail "is not quiet: $(cat err.txt out.txt)"
+expect 0 region in -o coco --to .coco.json
+expect 0 image coco -o images --to png
+for i in 1 2 3 4 5 6 7 8 9; do
+    same runs/$i.csv $i.csv
+    same coco/$i.coco.json $i.coco.json
+done
+[ "$(ls images | wc -l)" = 9 ] || fail "images: $(ls images)"
+
+# A bar on a terminal, and nothing of it left.
+if command -v script >/dev/null; then
+    script -qec "$kivconvert contours in -o contours" /dev/null >terminal.txt
+    grep -q '\[#####*\] 9 of 9' terminal.txt || fail "no bar: $(cat -v terminal.txt)"
+    [ "$(ls contours | wc -l)" = 9 ] || fail "contours: $(ls contours)"
+fi
+
+# What is damaged is reported, everything else converted.
+printf 'no image' >in/3.png
+printf 'P5\n1 1\n65535\n\001\001' >in/deep.pgm
+"$kivconvert" points in -o points >out.txt 2>err.txt
+[ $? = 2 ] || fail 'the worst status does not count'
+printf '%s\n' 'kivconvert: in/3.png: is not an image of a known format, or a damaged one' \
+    'kivconvert: in/deep.pgm: KIVMV_ERR_BIT_DEPTH (2001014): the input image is not 8-bit' \
+    'kivconvert: 2 of 10 files could not be converted' >expected.txt
+same err.txt expected.txt
+[ "$(ls -A points | tr '\n' ' ')" = '1.csv 2.csv 4.csv 5.csv 6.csv 7.csv 8.csv 9.csv ' ] || fail "points: $(ls -A points)"
+
+mkdir void
+cp in/1.png in/1.pgm
+expect_refused 2 region void
+expect_refused 2 region in
+grep -q 'out.csv/1.csv: would be made of both in/1.pgm and in/1.png$' err.txt || fail "says $(cat err.txt)"
+expect_refused 2 union in in
+expect 2 image in -o 1.csv
+
+[ "$failures" = 0 ]

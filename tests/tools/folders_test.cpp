@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "kivconvert/failure.h"
+#include "kivconvert/files.h"
+#include "kivconvert/folders.h"
+#include "tools/scratch_folder.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <new>
+#include <string>
+
+namespace
+{
+
+using Folders = tools_tests::ScratchFolder;
+using kivconvert::convert_folder;
+using tools_tests::complaint_of;
+
+/// Refuses what begins with a dash.
+void copy(const std::string& input, const std::string& output)
+{
+    const std::string text = kivconvert::read_file(input);
+    if (text.front() == '-') {
+        throw kivconvert::FileError(input, "is refused");
+    }
+    if (text.front() == '!') {
+        throw std::bad_alloc();
+    }
+    kivconvert::write_file(output, text);
+}
+
+std::ptrdiff_t count(const std::string& folder)
+{
+    return std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator());
+}
+
+class FilledFolder : public Folders
+{
+protected:
+    void SetUp() override
+    {
+        Folders::SetUp();
+        std::filesystem::create_directories(path("in/within"));
+        put("in/.hidden", "-");
+        for (int i = 0; i < 40; ++i) {
+            put(fmt::format("in/{}.txt", i), fmt::format("text {}", i));
+        }
+    }
+
+    int status_of_conversion()
+    {
+        try {
+            convert_folder(path("in"), path("out"), ".csv", copy);
+            return 0;
+        } catch (const kivconvert::FilesFailed& failed) {
+            EXPECT_STREQ(failed.what(), expected_failure.c_str());
+            return failed.status;
+        }
+    }
+
+    std::string expected_failure;
+};
+
+TEST_F(FilledFolder, IsConvertedFileByFile)
+{
+    std::filesystem::create_directories(path("out"));
+    put("out/7.csv", "old");
+    EXPECT_EQ(status_of_conversion(), 0);
+    EXPECT_EQ(count(path("out")), 40);
+    for (int i = 0; i < 40; ++i) {
+        EXPECT_EQ(get(fmt::format("out/{}.csv", i)), fmt::format("text {}", i));
+    }
+}
+
+TEST_F(FilledFolder, IsConvertedAsFarAsItCanBe)
+{
+    put("in/7.txt", "!");
+    expected_failure = "1 of 40 files could not be converted";
+    EXPECT_EQ(status_of_conversion(), kivconvert::exit_status::refused);
+    put("in/8.txt", "-");
+    put("in/9.txt", "-");
+    expected_failure = "3 of 40 files could not be converted";
+    EXPECT_EQ(status_of_conversion(), kivconvert::exit_status::wrong_input);
+    EXPECT_EQ(count(path("out")), 39) << "8 and 9 are there from before, 7 has never been, and there are no parts";
+}
+
+TEST_F(FilledFolder, MayNotHaveTwoFilesForOneOutput)
+{
+    put("in/7.pgm", "text");
+    EXPECT_EQ(complaint_of([&] { convert_folder(path("in"), path("out"), ".csv", copy); }),
+              path("out/7.csv") + ": would be made of both " + path("in/7.pgm") + " and " + path("in/7.txt"));
+    EXPECT_FALSE(std::filesystem::exists(path("out")));
+}
+
+TEST_F(FilledFolder, NeedsAFolderForTheOutputs)
+{
+    put("out", "a file");
+    EXPECT_EQ(complaint_of([&] { convert_folder(path("in"), path("out"), ".csv", copy); }),
+              path("out") + ": cannot be made a folder: Not a directory");
+    EXPECT_EQ(get("out"), "a file");
+}
+
+TEST_F(Folders, WithoutFilesAreRefused)
+{
+    std::filesystem::create_directories(path("in"));
+    EXPECT_EQ(complaint_of([&] { convert_folder(path("in"), path("out"), ".csv", copy); }),
+              path("in") + ": holds no files");
+    EXPECT_EQ(files(), 1);
+}
+
+} // namespace

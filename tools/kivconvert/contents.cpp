@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "kivconvert/contents.h"
+
+#include "kivconvert/errors.h"
+#include "kivconvert/files.h"
+#include "kivconvert/image_files.h"
+#include "kivconvert/json_formats.h"
+#include "kivconvert/point_files.h"
+#include "kivconvert/run_files.h"
+#include "kivconvert/shape_text.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace kivconvert
+{
+namespace
+{
+
+template <class... Functions>
+struct Overloaded : Functions... {
+    using Functions::operator()...;
+};
+template <class... Functions>
+Overloaded(Functions...) -> Overloaded<Functions...>;
+
+/// What a JSON file holds is told by the member that no other kind has.
+struct JsonKind {
+    const char* member;
+    Content (*read)(const Json& document, const std::string& file);
+};
+
+constexpr JsonKind json_kinds[] = {
+    {"runs", [](const Json& document, const std::string& file) -> Content { return read_runs(document, file); }},
+    {"counts", [](const Json& document, const std::string& file) -> Content { return read_coco(document, file); }},
+    {"contours",
+     [](const Json& document, const std::string& file) -> Content { return read_contours(document, file); }},
+    {"type", [](const Json& document, const std::string& file) -> Content { return read_polygons(document, file); }},
+};
+
+Content parse_json(std::string_view text, const std::string& file)
+{
+    const Json document = parse_json_object(text, file);
+    const auto kind = std::find_if(std::begin(json_kinds), std::end(json_kinds),
+                                   [&](const JsonKind& entry) { return document.contains(entry.member); });
+    if (kind == std::end(json_kinds)) {
+        throw FileError(file, "holds neither \"runs\" nor \"counts\" nor \"contours\" nor a \"type\" of GeoJSON");
+    }
+    return kind->read(document, file);
+}
+
+Content parse_csv(std::string_view text, const std::string& file)
+{
+    if (looks_like_points(text)) {
+        return parse_points_csv(text, file);
+    }
+    return parse_runs_csv(text, file);
+}
+
+Content read_file_content(const std::string& path)
+{
+    const std::string extension = extension_of(path);
+    if (extension == ".csv") {
+        return parse_csv(read_file(path), path);
+    }
+    if (extension == ".json" || extension == ".geojson") {
+        return parse_json(read_file(path), path);
+    }
+    return read_grey_image(path);
+}
+
+Frame extent_of(const KivPointArray& points)
+{
+    Frame extent;
+    for (const KivPoint& point : points) {
+        extent.width = std::max(extent.width, static_cast<int>(point.x) + 1);
+        extent.height = std::max(extent.height, static_cast<int>(point.y) + 1);
+    }
+    return extent;
+}
+
+} // namespace
+
+Content read_content(const std::string& text)
+{
+    if (is_shape(text)) {
+        return parse_shape(text, 0, 0);
+    }
+    Content content = read_file_content(text);
+    const Frame frame = frame_of(content);
+    expect_possible_frame(text, frame.width, frame.height);
+    return content;
+}
+
+Frame frame_of(const Content& content)
+{
+    return std::visit(Overloaded{
+                          [](const KivImage& image) {
+                              return Frame{image.Width(), image.Height()};
+                          },
+                          [](const KivRegion& region) {
+                              return Frame{region.Width(), region.Height()};
+                          },
+                          [](const KivROI& roi) {
+                              return Frame{roi.Parameters().Width(), roi.Parameters().Height()};
+                          },
+                          [](const TracedContours& traced) {
+                              return Frame{traced.width, traced.height};
+                          },
+                          [](const KivPointArray& points) { return extent_of(points); },
+                      },
+                      content);
+}
+
+bool is_placeable(const Content& content)
+{
+    return std::holds_alternative<KivROI>(content) || std::holds_alternative<TracedContours>(content);
+}
+
+void place(Content& content, const Frame& frame)
+{
+    if (!frame.is_known()) {
+        return;
+    }
+    if (auto* const roi = std::get_if<KivROI>(&content)) {
+        *roi = KivROI(roi->Parameters().Shape(), frame.width, frame.height);
+    } else if (auto* const traced = std::get_if<TracedContours>(&content)) {
+        traced->width = frame.width;
+        traced->height = frame.height;
+    }
+}
+
+void expect_placed(const Content& content, const std::string& subject)
+{
+    const Frame frame = frame_of(content);
+    if (is_placeable(content) && !frame.is_known()) {
+        throw InputError(subject, "is in no frame; give --width and --height");
+    }
+    expect_possible_frame(subject, frame.width, frame.height);
+}
+
+} // namespace kivconvert

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "kivconvert/conversions.h"
+
+#include "kivconvert/result_codes.h"
+
+#include <KivDataConvert/KivDataConvert.h>
+
+#include <algorithm>
+#include <cmath>
+#include <type_traits>
+
+namespace kivconvert
+{
+namespace
+{
+
+/// Whole numbers are what the library's pixel arrays hold; fractions need its points.
+bool are_whole(const KivPointArray& points)
+{
+    return std::all_of(points.begin(), points.end(), [](const KivPoint& point) {
+        return point.x == std::trunc(point.x) && point.y == std::trunc(point.y);
+    });
+}
+
+struct PixelArrays {
+    KivVarArray xs;
+    KivVarArray ys;
+};
+
+PixelArrays pixel_arrays_of(const KivPointArray& points)
+{
+    PixelArrays arrays;
+    for (const KivPoint& point : points) {
+        arrays.xs.Append(static_cast<int>(point.x));
+        arrays.ys.Append(static_cast<int>(point.y));
+    }
+    return arrays;
+}
+
+} // namespace
+
+KivRegion region_of(KivImage& image, const std::string& subject)
+{
+    KivRegion region;
+    expect_success(KIVMV::KivImageToRegion(image, &region), subject);
+    return region;
+}
+
+KivRegion region_of(KivRegion& region, const std::string&)
+{
+    return region;
+}
+
+KivRegion region_of(KivROI& roi, const std::string& subject)
+{
+    if (roi.ROIType() == KivShape::Empty::type) { // the result of a set operation that leaves nothing
+        return KivRegion(roi.Parameters().Width(), roi.Parameters().Height(), {});
+    }
+    KivRegion region;
+    expect_success(KIVMV::KivROIToRegion(roi, &region), subject);
+    return region;
+}
+
+KivRegion region_of(TracedContours& traced, const std::string& subject)
+{
+    if (traced.contours.Length() == 0) { // the library refuses none, which is what an empty mask is traced to
+        return KivRegion(traced.width, traced.height, {});
+    }
+    KivRegion region;
+    const int code = KIVMV::KivContourArrayToRegion(traced.contours, traced.width, traced.height, &region);
+    expect_success(code, subject);
+    return region;
+}
+
+KivRegion region_of(KivPointArray& points, const std::string& subject)
+{
+    KivRegion region;
+    if (are_whole(points)) {
+        PixelArrays pixels = pixel_arrays_of(points);
+        expect_success(KIVMV::KivVarArrayToRegion(pixels.xs, pixels.ys, &region), subject);
+    } else {
+        expect_success(KIVMV::KivPointArrayToRegion(points, &region), subject);
+    }
+    return region;
+}
+
+KivRegion region_of(Content& content, const std::string& subject)
+{
+    return std::visit([&](auto& value) { return region_of(value, subject); }, content);
+}
+
+KivImage mask_of(KivRegion& region, const std::string& subject)
+{
+    KivImage mask;
+    expect_success(KIVMV::KivRegionToBinImage(&mask, region), subject);
+    return mask;
+}
+
+KivImage mask_of(KivROI& roi, const std::string& subject)
+{
+    KivImage mask;
+    expect_success(KIVMV::KivROIToBinImage(&mask, roi), subject);
+    return mask;
+}
+
+KivImage mask_of(TracedContours& traced, const std::string& subject)
+{
+    KivImage mask;
+    if (traced.contours.Length() == 0) { // as above
+        mask.Mat() = cv::Mat::zeros(traced.height, traced.width, CV_8UC1);
+        return mask;
+    }
+    const int code = KIVMV::KivContourArrayToBinImage(&mask, traced.contours, traced.width, traced.height);
+    expect_success(code, subject);
+    return mask;
+}
+
+KivImage mask_of(Content& content, const std::string& subject)
+{
+    if (auto* const roi = std::get_if<KivROI>(&content)) {
+        return mask_of(*roi, subject);
+    }
+    if (auto* const traced = std::get_if<TracedContours>(&content)) {
+        return mask_of(*traced, subject);
+    }
+    KivRegion region = region_of(content, subject);
+    return mask_of(region, subject);
+}
+
+KivROI roi_of(Content& content, const std::string& subject)
+{
+    if (const auto* const roi = std::get_if<KivROI>(&content)) {
+        return *roi;
+    }
+    KivROI roi;
+    if (auto* const image = std::get_if<KivImage>(&content)) {
+        expect_success(KIVMV::KivBinImageToROI(*image, &roi), subject);
+        return roi;
+    }
+    KivRegion region = region_of(content, subject);
+    expect_success(KIVMV::KivRegionToROI(region, &roi), subject);
+    return roi;
+}
+
+TracedContours contours_of(KivImage& image, const std::string& subject)
+{
+    TracedContours traced{image.Width(), image.Height(), {}};
+    expect_success(KIVMV::KivBinImageToContourArray(image, &traced.contours), subject);
+    return traced;
+}
+
+TracedContours contours_of(KivRegion& region, const std::string& subject)
+{
+    TracedContours traced{region.Width(), region.Height(), {}};
+    expect_success(KIVMV::KivRegionToContourArray(region, &traced.contours), subject);
+    return traced;
+}
+
+TracedContours contours_of(KivROI& roi, const std::string& subject)
+{
+    TracedContours traced{roi.Parameters().Width(), roi.Parameters().Height(), {}};
+    expect_success(KIVMV::KivROIToContourArray(roi, &traced.contours), subject);
+    return traced;
+}
+
+TracedContours contours_of(TracedContours& traced, const std::string&)
+{
+    return traced;
+}
+
+TracedContours contours_of(KivPointArray& points, const std::string& subject)
+{
+    KivContour contour;
+    if (are_whole(points)) {
+        PixelArrays pixels = pixel_arrays_of(points);
+        expect_success(KIVMV::KivVarArrayToContour(pixels.xs, pixels.ys, &contour), subject);
+    } else {
+        expect_success(KIVMV::KivPointArrayToContour(points, &contour), subject);
+    }
+    const Frame frame = frame_of(points);
+    return {frame.width, frame.height, KivContourArray({contour})};
+}
+
+TracedContours contours_of(Content& content, const std::string& subject)
+{
+    return std::visit([&](auto& value) { return contours_of(value, subject); }, content);
+}
+
+} // namespace kivconvert

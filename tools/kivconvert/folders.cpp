@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "kivconvert/folders.h"
+
+#include "kivconvert/errors.h"
+#include "kivconvert/failure.h"
+#include "kivconvert/progress.h"
+
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+#include <fmt/format.h>
+#include <optional>
+#include <thread>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace kivconvert
+{
+namespace
+{
+
+struct Task {
+    fs::path input;
+    fs::path output;
+};
+
+std::vector<fs::path> files_of(const fs::path& folder)
+{
+    std::vector<fs::path> files;
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
+        if (entry.is_regular_file() && entry.path().filename().native().front() != '.') {
+            files.push_back(entry.path());
+        }
+    }
+    if (error || files.empty()) {
+        throw FileError(folder, error ? fmt::format("cannot be read: {}", error.message()) : "holds no files");
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+/// Names that differ in their endings alone would take each other's place.
+void expect_distinct_outputs(std::vector<Task> tasks)
+{
+    const auto by_output = [](const Task& a, const Task& b) { return a.output < b.output; };
+    const auto same_output = [](const Task& a, const Task& b) { return a.output == b.output; };
+    std::stable_sort(tasks.begin(), tasks.end(), by_output);
+    const auto twice = std::adjacent_find(tasks.begin(), tasks.end(), same_output);
+    if (twice != tasks.end()) {
+        throw FileError(twice->output, fmt::format("would be made of both {} and {}", twice->input.string(),
+                                                   std::next(twice)->input.string()));
+    }
+}
+
+std::vector<Task> tasks_for(const fs::path& input, const fs::path& output, const std::string& ending)
+{
+    std::vector<Task> tasks;
+    for (const fs::path& file : files_of(input)) {
+        tasks.push_back({file, output / (file.stem().string() + ending)});
+    }
+    expect_distinct_outputs(tasks);
+    return tasks;
+}
+
+void make_folder(const fs::path& folder)
+{
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) {
+        throw FileError(folder, fmt::format("cannot be made a folder: {}", error.message()));
+    }
+}
+
+void on_all_processors(std::size_t count, const std::function<void(std::size_t)>& work)
+{
+    std::atomic<std::size_t> next{0};
+    const auto worker = [&] {
+        for (std::size_t i = next++; i < count; i = next++) {
+            work(i);
+        }
+    };
+    std::vector<std::jthread> helpers;
+    const std::size_t workers = std::min<std::size_t>(count, std::thread::hardware_concurrency());
+    while (helpers.size() + 1 < workers) {
+        helpers.emplace_back(worker);
+    }
+    worker();
+}
+
+using Failures = std::vector<std::optional<Failure>>;
+
+Failures run_all(const std::vector<Task>& tasks,
+                 const std::function<void(const std::string& input, const std::string& output)>& convert)
+{
+    Failures failures(tasks.size());
+    Progress progress(tasks.size());
+    on_all_processors(tasks.size(), [&](std::size_t i) {
+        try {
+            convert(tasks[i].input, tasks[i].output);
+        } catch (...) {
+            failures[i] = current_failure();
+        }
+        progress.advance();
+    });
+    return failures;
+}
+
+void report_all(const Failures& failures)
+{
+    std::size_t failed = 0;
+    int status = 0;
+    for (const std::optional<Failure>& failure : failures) {
+        if (failure) {
+            report(*failure);
+            ++failed;
+            status = std::max(status, failure->status);
+        }
+    }
+    if (failed > 0) {
+        throw FilesFailed(status, fmt::format("{} of {} files could not be converted", failed, failures.size()));
+    }
+}
+
+} // namespace
+
+bool is_folder(const std::string& path)
+{
+    std::error_code none;
+    return fs::is_directory(path, none);
+}
+
+void convert_folder(const std::string& input, const std::string& output, const std::string& ending,
+                    const std::function<void(const std::string& input, const std::string& output)>& convert)
+{
+    const std::vector<Task> tasks = tasks_for(input, output, ending);
+    make_folder(output);
+    report_all(run_all(tasks, convert));
+}
+
+} // namespace kivconvert

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// From whatever a shape comes as to an image: image.
+#include "kivconvert/commands.h"
+#include "kivconvert/conversion_command.h"
+#include "kivconvert/help_texts.h"
+#include "kivconvert/image_files.h"
+#include "kivconvert/region_files.h"
+
+#include <limits>
+#include <memory>
+#include <string>
+
+namespace kivconvert
+{
+namespace
+{
+
+/// What has a frame of its own is painted into that, if no other size is asked for.
+void paint(const std::string& input, const std::string& output, const Painting& painting)
+{
+    expect_lossless_image(output);
+    Content content = read_content(input);
+    place(content, {painting.width, painting.height});
+    expect_placed(content, input);
+    if (painting == Painting()) {
+        write_image(output, mask_of(content, input));
+    } else {
+        KivRegion region = region_of(content, input);
+        write_painted(output, region, painting);
+    }
+}
+
+} // namespace
+
+void add_image_command(CLI::App& app)
+{
+    const auto painting = std::make_shared<Painting>();
+    CLI::App* const command = app.add_subcommand("image", "Paints runs, contours, points or a shape into an image");
+    command->footer(example_with_shapes("image --roi ring:320,240,60,120 --width 640 --height 480 -o ring.png"));
+    add_conversion(
+        *command, {any_content, any_image, ".png"},
+        [painting](const std::string& input, const std::string& output) { paint(input, output, *painting); });
+
+    const auto add_number = [&](const char* name, int& value, int least, int most, const char* description) {
+        command->add_option(name, value, description)->type_name("N")->check(CLI::Range(least, most));
+    };
+    const int most = std::numeric_limits<int>::max();
+    add_number("--foreground", painting->foreground, 0, 255, "grey value of the shape, 255 by default");
+    add_number("--background", painting->background, 0, 255, "grey value of the rest, 0 by default");
+    add_number("--width", painting->width, 1, most, "columns, those of a file's frame by default");
+    add_number("--height", painting->height, 1, most, "rows, those of a file's frame by default");
+}
+
+} // namespace kivconvert

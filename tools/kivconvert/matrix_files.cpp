@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "kivconvert/matrix_files.h"
+
+#include "kivconvert/csv_scanner.h"
+#include "kivconvert/files.h"
+#include "kivconvert/image_files.h"
+#include "kivconvert/result_codes.h"
+
+#include <KivDataConvert/KivDataConvert.h>
+
+#include <fmt/format.h>
+#include <iterator>
+#include <limits>
+#include <vector>
+
+namespace kivconvert
+{
+namespace
+{
+
+bool is_csv(const std::string& path)
+{
+    return extension_of(path) == ".csv";
+}
+
+double read_value(CsvScanner& scanner)
+{
+    return scanner.read_number("value", std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+}
+
+void read_row(CsvScanner& scanner, std::vector<double>& values)
+{
+    values.push_back(read_value(scanner));
+    while (!scanner.at_line_end()) {
+        scanner.expect(",");
+        values.push_back(read_value(scanner));
+    }
+}
+
+} // namespace
+
+KivMatrix parse_matrix_csv(std::string_view text, const std::string& file)
+{
+    CsvScanner scanner(text, file);
+    std::vector<double> values;
+    std::size_t columns = 0;
+    int rows = 0;
+    for (; !scanner.at_end(); ++rows) {
+        const std::size_t begin = values.size();
+        read_row(scanner, values);
+        columns = rows == 0 ? values.size() : columns;
+        if (values.size() - begin != columns) {
+            scanner.fail(fmt::format("has {} values, but the first line has {}", values.size() - begin, columns));
+        }
+        scanner.expect_line_end();
+    }
+    if (rows == 0) {
+        scanner.fail("holds no values");
+    }
+    return KivMatrix(cv::Mat(values, true).reshape(1, rows));
+}
+
+std::string matrix_as_csv(const KivMatrix& matrix)
+{
+    cv::Mat values;
+    matrix.Mat().convertTo(values, CV_64F);
+    std::string text;
+    for (int row = 0; row < values.rows; ++row) {
+        const auto* const value = values.ptr<double>(row);
+        fmt::format_to(std::back_inserter(text), "{}\n", fmt::join(value, value + values.cols, ","));
+    }
+    return text;
+}
+
+KivMatrix read_matrix(const std::string& path)
+{
+    if (is_csv(path)) {
+        KivMatrix matrix = parse_matrix_csv(read_file(path), path);
+        expect_possible_frame(path, matrix.Mat().cols, matrix.Mat().rows);
+        return matrix;
+    }
+    KivImage image = read_grey_image(path);
+    KivMatrix matrix;
+    expect_success(KIVMV::KivImageToMatrix(image, &matrix), path);
+    return matrix;
+}
+
+void write_matrix(const std::string& path, KivMatrix& matrix)
+{
+    if (is_csv(path)) {
+        write_file(path, matrix_as_csv(matrix));
+        return;
+    }
+    expect_lossless_image(path);
+    KivImage image;
+    expect_success(KIVMV::KivMatrixToImage(&image, matrix), path);
+    write_image(path, image);
+}
+
+} // namespace kivconvert

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// Matrices as files: CSV, a line per row, or the pixels of an image.
+#pragma once
+
+#include <KivData/KivData.h>
+
+#include <string>
+#include <string_view>
+
+namespace kivconvert
+{
+
+/// `file` is named in error messages. @throws FileError unless all lines are as many numbers that an int can hold
+KivMatrix parse_matrix_csv(std::string_view text, const std::string& file);
+
+/// A matrix of one channel.
+std::string matrix_as_csv(const KivMatrix& matrix);
+
+/// Reads CSV, or the values of an image in its own bit depth. @throws FileError, ResultError
+KivMatrix read_matrix(const std::string& path);
+
+/// Writes CSV, or an image, for which values are rounded and clamped to 0 to 255. @throws FileError, ResultError
+void write_matrix(const std::string& path, KivMatrix& matrix);
+
+} // namespace kivconvert
