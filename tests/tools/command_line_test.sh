@@ -88,7 +88,8 @@ expect 2 region a.png -o a.png
 expect 2 region a.png -o out.csv --threshold 256
 expect 2 image b.csv -o out.png --foreground -1
 expect 2 union a.csv -o out.csv
-expect 2 unknown
+expect 2 regoin a.png -o out.csv
+grep -q '^kivconvert: regoin: is no subcommand; there are region, image, ' err.txt || fail "says $(cat err.txt)"
 expect 2
 expect 0 --help
 expect 0 --version

@@ -63,7 +63,8 @@ shapes=$("$kivconvert" region --help | sed -nE 's/^  --roi ([a-z-]+:).*/\1/p')
 same 'shapes in the completion' "$shapes" "$(completions region --roi '')"
 same 'shapes in the manual page' "$shapes" "$(sed -nE 's/^\.It Cm ([a-z-]+:) Ns .*/\1/p' "$page")"
 
-# Functions: those that the program calls are those of the library, but for one that another one calls.
+# Functions: those that the program calls are those of the library, but for one that tells
+# nothing about shapes.
 functions=$(sed -nE 's/^KIVMV_API (int|void) ([A-Za-z]+)\(.*/\2/p' "$repository/include/KivDataConvert/KivDataConvert.h")
 [ "$(wc -w <<<"$functions")" = 35 ] || fail "the header declares $(wc -w <<<"$functions") functions"
 called=$(nm -DC --undefined-only "$kivconvert" | sed -nE 's/.* KIVMV::([A-Za-z]+)\(.*/\1/p')

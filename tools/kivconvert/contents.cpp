@@ -17,13 +17,6 @@ namespace kivconvert
 namespace
 {
 
-template <class... Functions>
-struct Overloaded : Functions... {
-    using Functions::operator()...;
-};
-template <class... Functions>
-Overloaded(Functions...) -> Overloaded<Functions...>;
-
 /// What a JSON file holds is told by the member that no other kind has.
 struct JsonKind {
     const char* member;
@@ -69,15 +62,13 @@ Content read_file_content(const std::string& path)
     return read_grey_image(path);
 }
 
-Frame extent_of(const KivPointArray& points)
-{
-    Frame extent;
-    for (const KivPoint& point : points) {
-        extent.width = std::max(extent.width, static_cast<int>(point.x) + 1);
-        extent.height = std::max(extent.height, static_cast<int>(point.y) + 1);
-    }
-    return extent;
-}
+struct FrameOf {
+    Frame operator()(const KivImage& image) const { return {image.Width(), image.Height()}; }
+    Frame operator()(const KivRegion& region) const { return {region.Width(), region.Height()}; }
+    Frame operator()(const KivROI& roi) const { return {roi.Parameters().Width(), roi.Parameters().Height()}; }
+    Frame operator()(const TracedContours& traced) const { return {traced.width, traced.height}; }
+    Frame operator()(const KivPointArray& points) const { return extent_of(points); }
+};
 
 } // namespace
 
@@ -92,24 +83,19 @@ Content read_content(const std::string& text)
     return content;
 }
 
+Frame extent_of(const KivPointArray& points)
+{
+    Frame extent;
+    for (const KivPoint& point : points) {
+        extent.width = std::max(extent.width, static_cast<int>(point.x) + 1);
+        extent.height = std::max(extent.height, static_cast<int>(point.y) + 1);
+    }
+    return extent;
+}
+
 Frame frame_of(const Content& content)
 {
-    return std::visit(Overloaded{
-                          [](const KivImage& image) {
-                              return Frame{image.Width(), image.Height()};
-                          },
-                          [](const KivRegion& region) {
-                              return Frame{region.Width(), region.Height()};
-                          },
-                          [](const KivROI& roi) {
-                              return Frame{roi.Parameters().Width(), roi.Parameters().Height()};
-                          },
-                          [](const TracedContours& traced) {
-                              return Frame{traced.width, traced.height};
-                          },
-                          [](const KivPointArray& points) { return extent_of(points); },
-                      },
-                      content);
+    return std::visit(FrameOf(), content);
 }
 
 bool is_placeable(const Content& content)

@@ -33,7 +33,10 @@ using Content = std::variant<KivImage, KivRegion, KivROI, TracedContours, KivPoi
 /// @throws InputError for everything else, and for frames that are too large
 Content read_content(const std::string& text);
 
-/// The frame in which the content lies. Points lie in the smallest one that begins at (0, 0).
+/// The smallest frame that holds the pixels on which the points fall.
+Frame extent_of(const KivPointArray& points);
+
+/// The frame in which the content lies, that of points being their extent.
 Frame frame_of(const Content& content);
 
 /// Whether the content can lie in any frame, as shapes and contours can.

@@ -177,7 +177,7 @@ TracedContours contours_of(KivPointArray& points, const std::string& subject)
     } else {
         expect_success(KIVMV::KivPointArrayToContour(points, &contour), subject);
     }
-    const Frame frame = frame_of(points);
+    const Frame frame = extent_of(points);
     return {frame.width, frame.height, KivContourArray({contour})};
 }
 

@@ -15,6 +15,15 @@ namespace kivconvert
 namespace
 {
 
+/// Whether the painting is a mask of the frame.
+bool is_mask(const Painting& painting, const Frame& frame)
+{
+    const Painting mask;
+    return painting.foreground == mask.foreground && painting.background == mask.background &&
+           (painting.width == mask.width || painting.width == frame.width) &&
+           (painting.height == mask.height || painting.height == frame.height);
+}
+
 /// What has a frame of its own is painted into that, if no other size is asked for.
 void paint(const std::string& input, const std::string& output, const Painting& painting)
 {
@@ -22,7 +31,7 @@ void paint(const std::string& input, const std::string& output, const Painting& 
     Content content = read_content(input);
     place(content, {painting.width, painting.height});
     expect_placed(content, input);
-    if (painting == Painting()) {
+    if (is_mask(painting, frame_of(content))) {
         write_image(output, mask_of(content, input));
     } else {
         KivRegion region = region_of(content, input);

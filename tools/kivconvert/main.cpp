@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // kivconvert: does on files what the library does in memory.
 //
-// Exit status: 0 done; 1 the library refused it or memory ran out; 2 the command line or a file is wrong. A failure is
-// one line on standard error, and no output file is touched.
+// Exit status: 0 done; otherwise as failure.h tells. A failure is one line on standard error, and no output file is
+// touched.
 #include "kivconvert/commands.h"
+#include "kivconvert/errors.h"
 #include "kivconvert/failure.h"
 
 #include <algorithm>
@@ -34,6 +35,22 @@ std::vector<std::string> arguments_of(int argc, char** argv)
     return arguments;
 }
 
+/// CLI11 would say that a subcommand is missing.
+void expect_known_subcommand(const CLI::App& app, const std::vector<std::string>& arguments)
+{
+    if (arguments.empty() || arguments[0].rfind('-', 0) == 0) {
+        return;
+    }
+    std::vector<std::string> names;
+    for (const CLI::App* subcommand : app.get_subcommands({})) {
+        names.push_back(subcommand->get_name());
+    }
+    if (std::find(names.begin(), names.end(), arguments[0]) == names.end()) {
+        throw kivconvert::InputError(arguments[0],
+                                     fmt::format("is no subcommand; there are {}", fmt::join(names, ", ")));
+    }
+}
+
 void run(std::vector<std::string> arguments, CLI::App& app)
 {
     app.name("kivconvert");
@@ -46,6 +63,7 @@ void run(std::vector<std::string> arguments, CLI::App& app)
     kivconvert::add_matrix_command(app);
     kivconvert::add_set_commands(app);
     kivconvert::add_info_command(app);
+    expect_known_subcommand(app, arguments);
     std::reverse(arguments.begin(), arguments.end()); // the order in which CLI11 takes them
     app.parse(std::move(arguments));
 }

@@ -49,7 +49,7 @@ KivRegion enclosed(KivContour contour, const std::string& subject)
 {
     KivPointArray points;
     expect_success(KIVMV::KivContourToPointArray(contour, &points), subject);
-    const Frame frame = frame_of(points);
+    const Frame frame = extent_of(points);
     expect_possible_frame(subject, frame.width, frame.height);
     KivRegion region;
     expect_success(KIVMV::KivContourToRegion(contour, &region), subject);

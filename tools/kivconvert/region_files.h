@@ -18,8 +18,6 @@ struct Painting {
     int background = 0;   ///< 0 to 255
     int width = 0;        ///< 0: that of the region's frame
     int height = 0;       ///< 0: that of the region's frame
-
-    bool operator==(const Painting&) const = default;
 };
 
 /// Paints a region and writes the image. @throws FileError, ResultError
