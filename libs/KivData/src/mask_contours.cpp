@@ -5,6 +5,7 @@
 #include "mask_contours.h"
 
 #include "argument_checks.h"
+#include "border_tracing.h"
 
 #include <opencv2/imgproc.hpp>
 
@@ -121,20 +122,11 @@ KivContourArray kivdata::trace_contours(const cv::Mat& mask)
     if (mask.rows > INT_MAX - 2 || mask.cols > INT_MAX - 2) {
         throw std::invalid_argument("MatToMask: the mask is too large to be traced");
     }
-    // The frame of background keeps foreground at the image's edge apart from it, where some versions of
-    // cv::findContours do not look, and is a copy for those that overwrite their input.
+    // The border of background keeps foreground at the mask's edge apart from it.
     cv::Mat framed = cv::Mat::zeros(mask.rows + 2, mask.cols + 2, CV_8UC1);
     cv::Mat inside = framed(cv::Rect(1, 1, mask.cols, mask.rows));
     cv::compare(mask, 0, inside, cv::CMP_NE);
-
-    std::vector<PixelChain> chains;
-    cv::findContours(framed, chains, cv::RETR_CCOMP, cv::CHAIN_APPROX_NONE, cv::Point(-1, -1));
-
-    KivContourArray contours;
-    for (const PixelChain& chain : chains) {
-        contours.Append(KivContour(Points(chain.begin(), chain.end())));
-    }
-    return contours;
+    return KivContourArray(trace_borders(framed, cv::Point_<int>(-1, -1)));
 }
 
 cv::Mat kivdata::fill_contours(const KivContourArray& contours, int width, int height)

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 #include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -136,6 +137,37 @@ TEST(MaskContours, RoundTripsRandomMasks)
     std::mt19937 random(1);
     for (int round = 0; round < 10000 && !testing::Test::HasFatalFailure(); ++round) {
         expect_round_trip(random_mask(random));
+    }
+}
+
+/// The borders as OpenCV finds them: the plain way, and the one whose points and order are promised.
+KivContourArray found_by_opencv(const cv::Mat& mask)
+{
+    cv::Mat framed;
+    cv::copyMakeBorder(mask, framed, 1, 1, 1, 1, cv::BORDER_CONSTANT, cv::Scalar(0));
+    std::vector<std::vector<cv::Point_<int>>> chains;
+    cv::findContours(framed, chains, cv::RETR_CCOMP, cv::CHAIN_APPROX_NONE, cv::Point(-1, -1));
+    KivContourArray contours;
+    for (const auto& chain : chains) {
+        contours.Append(KivContour(KivContour::Points(chain.begin(), chain.end())));
+    }
+    return contours;
+}
+
+TEST(MaskContours, AreThoseOfOpenCVForAllMasksOfFourByFour)
+{
+    for (int bits = 0; bits < 1 << 16; ++bits) {
+        const cv::Mat mask = mask_of_bits(bits, 4, 4);
+        ASSERT_EQ(traced(mask), found_by_opencv(mask)) << picture_of(mask);
+    }
+}
+
+TEST(MaskContours, AreThoseOfOpenCVForRandomMasks)
+{
+    std::mt19937 random(20);
+    for (int i = 0; i < 2000; ++i) {
+        const cv::Mat mask = random_mask(random);
+        ASSERT_EQ(traced(mask), found_by_opencv(mask)) << picture_of(mask);
     }
 }
 
