@@ -9,14 +9,14 @@ function(kiv_warnings target)
     endif()
 endfunction()
 
-# kiv_add_library(<name> SOVERSION <n> ALIAS <alias>): a shared library lib<name>.so.<n>, known as Kiv::<alias>, with
+# kiv_add_library(<name> VERSION <n.m.k> ALIAS <alias>): a shared library lib<name>.so.<n>, known as Kiv::<alias>, with
 # its public headers under include/.
 function(kiv_add_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "SOVERSION;ALIAS" "")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "VERSION;ALIAS" "")
     add_library(${name} SHARED)
     add_library(Kiv::${arg_ALIAS} ALIAS ${name})
-    set_target_properties(${name} PROPERTIES
-        EXPORT_NAME ${arg_ALIAS} VERSION ${arg_SOVERSION}.0.0 SOVERSION ${arg_SOVERSION})
+    string(REGEX MATCH "^[0-9]+" major ${arg_VERSION})
+    set_target_properties(${name} PROPERTIES EXPORT_NAME ${arg_ALIAS} VERSION ${arg_VERSION} SOVERSION ${major})
     target_compile_features(${name} INTERFACE cxx_std_17)
     target_include_directories(${name} PUBLIC
         $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
