@@ -70,6 +70,14 @@ kiv_debian_package(tools NAME kivdataconvert-tools SECTION utils
 by set algebra."
     DEPENDS "libkivdataconvert3 (>= ${PROJECT_VERSION})" "libkivdata3 (>= ${PROJECT_VERSION})")
 
+# Debian has its manual pages compressed.
+install(CODE [[
+    file(GLOB pages "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/share/man/man*/*.[0-9]")
+    if(pages)
+        execute_process(COMMAND gzip -9nf ${pages} COMMAND_ERROR_IS_FATAL ANY)
+    endif()
+]] COMPONENT tools)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # or it would precede every package's own
 set(CPACK_DEB_COMPONENT_INSTALL ON)
