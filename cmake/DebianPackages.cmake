@@ -5,6 +5,7 @@ set(debian_folder ${CMAKE_CURRENT_SOURCE_DIR}/packaging/debian)
 
 # The changelog is the one place that says the packages' version and maintainer.
 file(READ ${debian_folder}/changelog changelog)
+string(REGEX REPLACE "^#[^\n]*\n" "" changelog "${changelog}") # the licence line, for which its format has no room
 string(REGEX MATCH "^([a-z]+) \\(([^)]+)\\)" _ "${changelog}")
 set(source_package ${CMAKE_MATCH_1})
 set(debian_version ${CMAKE_MATCH_2})
@@ -14,8 +15,8 @@ if(NOT debian_version MATCHES "^${PROJECT_VERSION}-([0-9]+)$")
     message(FATAL_ERROR "packaging/debian/changelog is of ${debian_version}, the project of ${PROJECT_VERSION}")
 endif()
 set(CPACK_DEBIAN_PACKAGE_RELEASE ${CMAKE_MATCH_1})
-execute_process(COMMAND gzip -9n INPUT_FILE ${debian_folder}/changelog
-    OUTPUT_FILE ${CMAKE_CURRENT_BINARY_DIR}/changelog.Debian.gz COMMAND_ERROR_IS_FATAL ANY)
+file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/changelog.Debian "${changelog}")
+execute_process(COMMAND gzip -9nf ${CMAKE_CURRENT_BINARY_DIR}/changelog.Debian COMMAND_ERROR_IS_FATAL ANY)
 
 # kiv_debian_package(<component> NAME <package> SECTION <section> SUMMARY <line> TEXT <text> [DEPENDS <package>...]
 #     [TRIGGERS <file>]). What dpkg-shlibdeps finds by itself, which is all that other projects provide, is not listed.

@@ -36,6 +36,7 @@ dpkg_there() {
 dpkg_there --install "$build"/*.deb
 
 export LD_LIBRARY_PATH="$root/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)"
+new_folder "$work/consumer"
 cmake -S "$KIV_SOURCE/tests/install/consumer" -B "$work/consumer" -G Ninja -DCMAKE_CXX_COMPILER="$CXX" \
     -DCMAKE_PREFIX_PATH="$root/usr" -DEXAMPLE="$example" >"$work/log"
 quietly cmake --build "$work/consumer"
