@@ -18,10 +18,9 @@ rm -f "$build"/*.deb
 quietly cmake --build "$build" --target all
 (cd "$build" && quietly cpack)
 
-# They are not for upload to Debian, so no bug is closed. CPack calls ldconfig, though the trigger would be enough. The
-# program says what it does by --help.
+# They are not for upload to Debian, so no bug is closed. CPack calls ldconfig, though the trigger would be enough.
 lintian --no-cfg --allow-root --fail-on error,warning \
-    --suppress-tags initial-upload-closes-no-bugs,maintscript-calls-ldconfig,no-manual-page "$build"/*.deb
+    --suppress-tags initial-upload-closes-no-bugs,maintscript-calls-ldconfig "$build"/*.deb
 
 # dpkg checks the dependencies against the packages of this machine. The packages' scripts call ldconfig, which must not
 # reach this machine.
