@@ -3,9 +3,8 @@
 /// Conversions between the machine-vision data types, and set algebra on regions and regions of interest.
 ///
 /// Conventions, which hold for every function unless it says otherwise:
-/// - Coordinates are 0-based pixels, x is the column and y the row; the integer point (x, y) is the centre of its
-/// pixel.
-///   Run ends are inclusive. A frame is a width and a height in pixels.
+/// - Coordinates are 0-based pixels, x is the column and y the row; (x, y) in whole numbers is the centre of a pixel.
+/// - Run ends are inclusive. A frame is a width and a height in pixels.
 /// - A mask is an 8-bit single-channel image; every non-zero byte is foreground.
 /// - A region is empty when its width is below 1; its height and its runs are not consulted for that.
 /// - Every function returns a result code, 0 (KIVMV_OK) on success. Conditions are listed in the order in which they
@@ -29,6 +28,7 @@
 #define KIVMV_API
 #endif
 
+/// All functions of the library, their result codes, and three data words.
 namespace KIVMV
 {
 
@@ -63,6 +63,7 @@ KIVMV_API extern const int str3; ///< 't'
 ///
 /// @param values ints; an empty array gives 1
 /// @return 1 to 10
+///
 /// Cost: linear, and the copy of the array.
 KIVMV_API int maxbit(KivVarArray values);
 
@@ -72,6 +73,7 @@ KIVMV_API int maxbit(KivVarArray values);
 /// @param rows the keys; any ints
 /// @param colBegins at least as many elements as `rows`; elements past that stay where they are
 /// @param colEnds the same
+///
 /// Cost: linear.
 KIVMV_API void radixsort(KivVarArray& rows, KivVarArray& colBegins, KivVarArray& colEnds);
 /// @}
@@ -86,6 +88,7 @@ KIVMV_API void radixsort(KivVarArray& rows, KivVarArray& colBegins, KivVarArray&
 /// @param[out] xs columns of the pixels
 /// @param[out] ys rows of the pixels, parallel to `xs`; another object than `xs`
 /// @retval KIVMV_ERR_PARAM_1 the region is empty; both arrays are empty then
+///
 /// Raises cv::Exception for a frame of negative height. Cost: linear in the frame's pixels and the entries.
 KIVMV_API int KivRegionToVarArray(KivRegion& region, KivVarArray* xs, KivVarArray* ys);
 
@@ -97,10 +100,10 @@ KIVMV_API int KivRegionToVarArray(KivRegion& region, KivVarArray* xs, KivVarArra
 /// @param ys rows, parallel to `xs`; may be the same object
 /// @param[out] region the region
 /// @retval KIVMV_ERR_LENGTH `xs` is empty, or the arrays differ in length
-/// @retval KIVMV_ERR_PARAM_1 an element of `xs` is not a number
+/// @retval KIVMV_ERR_PARAM_1 an element of `xs` is not a number; or, when all elements are numbers, the largest row or
+///         the largest column is below 1: lists that lie wholly in row 0 or in column 0 are refused
 /// @retval KIVMV_ERR_PARAM_2 an element of `ys` is not a number; the first element that is not decides, x before y
-/// @retval KIVMV_ERR_PARAM_1 the largest row or the largest column is below 1: lists that lie wholly in row 0 or in
-///         column 0 are refused
+///
 /// Cost: linear in the list and in the frame's pixels.
 KIVMV_API int KivVarArrayToRegion(KivVarArray& xs, KivVarArray& ys, KivRegion* region);
 
@@ -113,6 +116,7 @@ KIVMV_API int KivVarArrayToRegion(KivVarArray& xs, KivVarArray& ys, KivRegion* r
 /// @param[out] region the region
 /// @retval KIVMV_ERR_PARAM_1 there are no points, or the largest truncated row or column is below 1: points that lie
 ///         wholly in row 0 or in column 0 are refused
+///
 /// Cost: linear in the points and in the frame's pixels. Raises cv::Exception or std::bad_alloc when the frame is too
 /// large to hold.
 KIVMV_API int KivPointArrayToRegion(KivPointArray& points, KivRegion* region);
@@ -124,6 +128,7 @@ KIVMV_API int KivPointArrayToRegion(KivPointArray& points, KivRegion* region);
 /// @param region the region
 /// @param[out] points column and row of each pixel
 /// @retval KIVMV_ERR_PARAM_1 the region is empty; the array is empty then
+///
 /// Raises cv::Exception for a frame of negative height. Cost: linear in the points.
 KIVMV_API int KivRegionToPointArray(KivRegion& region, KivPointArray* points);
 /// @}
@@ -139,6 +144,7 @@ KIVMV_API int KivRegionToPointArray(KivRegion& region, KivPointArray* points);
 /// @retval KIVMV_ERR_CHANNELS the image has exactly 3 channels
 /// @retval KIVMV_ERR_NO_IMAGE the image holds no pixels (ImageData() is null)
 /// @retval KIVMV_ERR_BIT_DEPTH the image is not 8-bit
+///
 /// Cost: linear in the pixels; one copy of the image.
 KIVMV_API int KivImageToRegion(KivImage& image, KivRegion* region);
 
@@ -149,6 +155,7 @@ KIVMV_API int KivImageToRegion(KivImage& image, KivRegion* region);
 /// @retval KIVMV_ERR_NO_IMAGE the image's height is below 1
 /// @retval KIVMV_ERR_CHANNELS the channel count is not 1
 /// @retval KIVMV_ERR_BIT_DEPTH the image is not 8-bit
+///
 /// Cost: linear in the pixels; one copy of the image.
 KIVMV_API int KivBinImageToRegion(KivImage& image, KivRegion* region);
 
@@ -167,6 +174,7 @@ KIVMV_API int KivBinImageToRegion(KivImage& image, KivRegion* region);
 /// @retval KIVMV_ERR_PARAM_5 `height` is below 1
 /// @retval KIVMV_ERR_PARAM_1 the region is empty
 /// @retval KIVMV_ERR_EXCEPTION the new image could not be made, for want of memory for instance
+///
 /// Cost: linear in the image's pixels and the runs, however far runs reach outside the image.
 KIVMV_API int KivRegionToImage(KivImage* image, KivRegion& region, int foreground, int background, int width,
                                int height);
@@ -176,6 +184,7 @@ KIVMV_API int KivRegionToImage(KivImage* image, KivRegion& region, int foregroun
 /// @param[out] image becomes an 8-bit image of one channel with pixels of its own
 /// @param region runs are clipped to the frame
 /// @retval KIVMV_ERR_PARAM_1 the region is empty
+///
 /// Cost: linear in the frame's pixels and the runs. Raises cv::Exception for a frame of negative height.
 KIVMV_API int KivRegionToBinImage(KivImage* image, KivRegion& region);
 
@@ -186,6 +195,7 @@ KIVMV_API int KivRegionToBinImage(KivImage* image, KivRegion& region);
 /// @param[out] matrix its former pixels are released
 /// @retval KIVMV_ERR_NO_IMAGE the image's height is below 1
 /// @retval KIVMV_ERR_CHANNELS the image has more than one channel
+///
 /// Cost: constant.
 KIVMV_API int KivImageToMatrix(KivImage& image, KivMatrix* matrix);
 
@@ -196,6 +206,7 @@ KIVMV_API int KivImageToMatrix(KivImage& image, KivMatrix* matrix);
 /// @param[out] image its former pixels are released
 /// @param matrix any element type that OpenCV converts to 8 bits
 /// @retval KIVMV_ERR_PARAM_1 the matrix has no rows
+///
 /// Cost: linear in the elements.
 KIVMV_API int KivMatrixToImage(KivImage* image, KivMatrix& matrix);
 /// @}
@@ -211,6 +222,7 @@ KIVMV_API int KivMatrixToImage(KivImage* image, KivMatrix& matrix);
 /// @param[out] xs columns
 /// @param[out] ys rows, parallel to `xs`; another object than `xs`
 /// @retval KIVMV_ERR_PARAM_1 the contour has no points; both arrays are empty then
+///
 /// Cost: linear in the points.
 KIVMV_API int KivContourToVarArray(KivContour& contour, KivVarArray* xs, KivVarArray* ys);
 
@@ -222,9 +234,9 @@ KIVMV_API int KivContourToVarArray(KivContour& contour, KivVarArray* xs, KivVarA
 /// @param ys rows, parallel to `xs`; may be the same object
 /// @param[out] contour the points, in order
 /// @retval KIVMV_ERR_LENGTH the arrays differ in length
-/// @retval KIVMV_ERR_PARAM_1 the arrays are empty
-/// @retval KIVMV_ERR_PARAM_1 an element of `xs` is not a number
+/// @retval KIVMV_ERR_PARAM_1 the arrays are empty, or an element of `xs` is not a number
 /// @retval KIVMV_ERR_PARAM_2 an element of `ys` is not a number; the first element that is not decides, x before y
+///
 /// Cost: linear in the points.
 KIVMV_API int KivVarArrayToContour(KivVarArray& xs, KivVarArray& ys, KivContour* contour);
 
@@ -233,6 +245,7 @@ KIVMV_API int KivVarArrayToContour(KivVarArray& xs, KivVarArray& ys, KivContour*
 /// @param contour the contour
 /// @param[out] points the points, in order
 /// @retval KIVMV_ERR_PARAM_1 the contour has no points; the array is empty then
+///
 /// Cost: linear in the points.
 KIVMV_API int KivContourToPointArray(KivContour& contour, KivPointArray* points);
 
@@ -242,6 +255,7 @@ KIVMV_API int KivContourToPointArray(KivContour& contour, KivPointArray* points)
 /// @param points the points
 /// @param[out] contour the points, in order
 /// @retval KIVMV_ERR_PARAM_1 there are no points; the contour is empty then
+///
 /// Cost: linear in the points.
 KIVMV_API int KivPointArrayToContour(KivPointArray& points, KivContour* contour);
 /// @}
@@ -254,6 +268,7 @@ KIVMV_API int KivPointArrayToContour(KivPointArray& points, KivContour* contour)
 /// @param region the region
 /// @param[out] contours written as IKivROIPara::MatToMask() does
 /// @retval KIVMV_ERR_PARAM_1 the region is empty
+///
 /// Raises cv::Exception for a frame of negative height. Cost: linear in the frame's pixels, the runs and the points.
 KIVMV_API int KivRegionToContourArray(KivRegion& region, KivContourArray* contours);
 
@@ -267,6 +282,7 @@ KIVMV_API int KivRegionToContourArray(KivRegion& region, KivContourArray* contou
 /// @retval KIVMV_ERR_PARAM_2 `width` is below 2
 /// @retval KIVMV_ERR_PARAM_3 `height` is below 2
 /// @retval KIVMV_ERR_EXCEPTION filling raised an exception
+///
 /// Cost: linear in the frame's pixels and the points.
 KIVMV_API int KivContourArrayToRegion(KivContourArray& contours, int width, int height, KivRegion* region);
 
@@ -278,6 +294,7 @@ KIVMV_API int KivContourArrayToRegion(KivContourArray& contours, int width, int 
 /// @param contour the contour
 /// @param[out] region runs are maximal, ordered by row, then by column
 /// @retval KIVMV_ERR_PARAM_1 the contour has no points
+///
 /// Raises cv::Exception when the largest truncated column or row is below -1 or the frame is too large to hold.
 /// Cost: linear in the frame's pixels and the points.
 KIVMV_API int KivContourToRegion(KivContour& contour, KivRegion* region);
@@ -292,6 +309,7 @@ KIVMV_API int KivContourToRegion(KivContour& contour, KivRegion* region);
 /// @retval KIVMV_ERR_PARAM_2 `width` is below 2
 /// @retval KIVMV_ERR_PARAM_3 `height` is below 2
 /// @retval KIVMV_ERR_EXCEPTION filling raised an exception
+///
 /// Cost: linear in the image's pixels and the points.
 KIVMV_API int KivContourArrayToBinImage(KivImage* image, KivContourArray& contours, int width, int height);
 
@@ -302,6 +320,7 @@ KIVMV_API int KivContourArrayToBinImage(KivImage* image, KivContourArray& contou
 /// @retval KIVMV_ERR_NO_IMAGE the image's height is below 1
 /// @retval KIVMV_ERR_CHANNELS the image has more than one channel
 /// @retval KIVMV_ERR_BIT_DEPTH the image is not 8-bit
+///
 /// Cost: linear in the pixels and the points.
 KIVMV_API int KivBinImageToContourArray(KivImage& image, KivContourArray* contours);
 
@@ -318,6 +337,7 @@ KIVMV_API int KivBinImageToContourArray(KivImage& image, KivContourArray* contou
 /// @retval KIVMV_ERR_CHANNELS the channel count is not 1
 /// @retval KIVMV_ERR_NO_IMAGE the image's width is below 1
 /// @retval KIVMV_ERR_PARAM_1 the contour has no points
+///
 /// Cost: linear in the pixels and the points; one copy of the image, made before the checks.
 KIVMV_API int KivMergContour(KivImage& image, KivContour& contour, bool add, KivContourArray* contours);
 /// @}
@@ -330,8 +350,8 @@ KIVMV_API int KivMergContour(KivImage& image, KivContour& contour, bool add, Kiv
 ///
 /// @param roi the ROI
 /// @param[out] out the region, in the frame of the ROI's mask
-/// @retval KIVMV_ERR_PARAM_1 the ROI is of type 10 or 3
-/// @retval KIVMV_ERR_PARAM_1 the ROI's mask has no columns
+/// @retval KIVMV_ERR_PARAM_1 the ROI is of type 10 or 3, or its mask has no columns
+///
 /// Cost: linear in the mask's pixels and the runs.
 KIVMV_API int KivROIToRegion(KivROI& roi, KivRegion* out);
 
@@ -340,6 +360,7 @@ KIVMV_API int KivROIToRegion(KivROI& roi, KivRegion* out);
 /// @param region the region
 /// @param[out] out the ROI, of whatever type before
 /// @retval KIVMV_ERR_PARAM_1 the region is empty
+///
 /// Cost: linear in the runs.
 KIVMV_API int KivRegionToROI(KivRegion& region, KivROI* out);
 
@@ -349,6 +370,7 @@ KIVMV_API int KivRegionToROI(KivRegion& region, KivROI* out);
 /// @param[out] image becomes an 8-bit image of one channel
 /// @param roi the ROI
 /// @retval KIVMV_ERR_PARAM_1 the ROI is of type 3 or 10
+///
 /// Cost: linear in the mask's pixels and the runs.
 KIVMV_API int KivROIToBinImage(KivImage* image, KivROI& roi);
 
@@ -359,6 +381,7 @@ KIVMV_API int KivROIToBinImage(KivImage* image, KivROI& roi);
 /// @retval KIVMV_ERR_NO_IMAGE the image's height is below 1
 /// @retval KIVMV_ERR_CHANNELS the image has more than one channel
 /// @retval KIVMV_ERR_BIT_DEPTH the image is not 8-bit
+///
 /// Cost: linear in the pixels.
 KIVMV_API int KivBinImageToROI(KivImage& image, KivROI* out);
 
@@ -367,6 +390,7 @@ KIVMV_API int KivBinImageToROI(KivImage& image, KivROI* out);
 /// @param roi the ROI
 /// @param[out] out written as IKivROIPara::GetMask() does
 /// @retval KIVMV_ERR_PARAM_1 the ROI is of type 3 or 10
+///
 /// Cost: linear in the mask's pixels, the runs and the points.
 KIVMV_API int KivROIToContourArray(KivROI& roi, KivContourArray* out);
 /// @}
@@ -384,6 +408,7 @@ KIVMV_API int KivROIToContourArray(KivROI& roi, KivContourArray* out);
 /// @param b second operand
 /// @param[out] out rows of `a` ascending, then the rows that only `b` has
 /// @retval KIVMV_ERR_PARAM_1 both operands are empty; `out` becomes an empty region
+///
 /// When one operand alone is empty, `out` becomes a copy of the other.
 /// Cost: sorting both run lists by row if they do not ascend; otherwise linear in the runs read and emitted.
 KIVMV_API int KivRegionAdd(KivRegion& a, KivRegion& b, KivRegion* out);
@@ -395,6 +420,7 @@ KIVMV_API int KivRegionAdd(KivRegion& a, KivRegion& b, KivRegion* out);
 /// @param b second operand
 /// @param[out] out rows of `a` ascending
 /// @retval KIVMV_ERR_PARAM_1 both operands are empty; `out` becomes an empty region
+///
 /// When one operand alone is empty, `out` becomes a copy of the other, not an empty region.
 /// Cost: as KivRegionAdd().
 KIVMV_API int KivRegionAnd(KivRegion& a, KivRegion& b, KivRegion* out);
@@ -406,6 +432,7 @@ KIVMV_API int KivRegionAnd(KivRegion& a, KivRegion& b, KivRegion* out);
 /// @param b what is cut out
 /// @param[out] out rows of `a` ascending
 /// @retval KIVMV_ERR_PARAM_1 both operands are empty; `out` becomes an empty region
+///
 /// When `a` alone is empty, `out` becomes a copy of `b`; when `b` alone is empty, a copy of `a`.
 /// Cost: as KivRegionAdd(), and ordering the runs of `b` by column where a row has them in another order.
 KIVMV_API int KivRegionSub(KivRegion& a, KivRegion& b, KivRegion* out);
@@ -417,6 +444,7 @@ KIVMV_API int KivRegionSub(KivRegion& a, KivRegion& b, KivRegion* out);
 /// @param a the region
 /// @param[out] out in the frame of `a`
 /// @retval KIVMV_ERR_PARAM_1 the region is empty; `out` is as it was
+///
 /// Cost: linear in the runs read and emitted, and sorting where rows or the columns within a row do not ascend.
 KIVMV_API int KivRegionNot(KivRegion& a, KivRegion* out);
 /// @}
@@ -433,6 +461,7 @@ KIVMV_API int KivRegionNot(KivRegion& a, KivRegion* out);
 /// @param[out] out rows of `a` ascending, then the rows that only `b` has
 /// @retval KIVMV_ERR_PARAM_1 `a` is of type 10, or both are of type 3; `out` is as it was
 /// @retval KIVMV_ERR_PARAM_2 `b` is of type 10; `out` is as it was
+///
 /// When one operand is of type 3, or its mask has no runs, `out` becomes a copy of the other (`a` is looked at first).
 /// Cost: as KivRegionAdd().
 KIVMV_API int KivROIAdd(KivROI& a, KivROI& b, KivROI* out);
@@ -443,8 +472,9 @@ KIVMV_API int KivROIAdd(KivROI& a, KivROI& b, KivROI* out);
 /// @param b second operand
 /// @param[out] out rows of `a` ascending
 /// @retval KIVMV_ERR_PARAM_1 `a` is of type 10, or both are of type 3; `out` is as it was
-/// @retval KIVMV_ERR_PARAM_2 `b` is of type 10; `out` is as it was
-/// @retval KIVMV_ERR_PARAM_2 exactly one operand is of type 3; `out` becomes a default-constructed ROI
+/// @retval KIVMV_ERR_PARAM_2 `b` is of type 10, and `out` is as it was; or exactly one operand is of type 3, and `out`
+///         becomes a default-constructed ROI
+///
 /// When the mask of one operand has no runs, `out` becomes a default-constructed ROI and the result is 0.
 /// Cost: as KivRegionAdd().
 KIVMV_API int KivROIAnd(KivROI& a, KivROI& b, KivROI* out);
@@ -456,6 +486,7 @@ KIVMV_API int KivROIAnd(KivROI& a, KivROI& b, KivROI* out);
 /// @param[out] out rows of `a` ascending
 /// @retval KIVMV_ERR_PARAM_1 `a` is of type 10, or both are of type 3; `out` is as it was
 /// @retval KIVMV_ERR_PARAM_2 `b` is of type 10; `out` is as it was
+///
 /// When `a` is of type 3 or its mask has no runs, `out` becomes a default-constructed ROI; otherwise, when `b` is of
 /// type 3 or its mask has no runs, `out` becomes a copy of `a`. The result is 0 in both cases.
 /// Cost: as KivRegionSub().
@@ -468,6 +499,7 @@ KIVMV_API int KivROISub(KivROI& a, KivROI& b, KivROI* out);
 /// @param a the ROI
 /// @param[out] out in the frame of `a`'s mask
 /// @retval KIVMV_ERR_PARAM_1 the ROI is of type 3 or 10; `out` is as it was
+///
 /// Cost: as KivRegionNot().
 KIVMV_API int KivROINot(KivROI& a, KivROI* out);
 /// @}

@@ -45,6 +45,7 @@ public:
     /// larger part decides.
     bool IsHole() const noexcept;
 
+    /// Equal when of the same points in the same order.
     friend bool operator==(const KivContour& a, const KivContour& b) { return a.points_ == b.points_; }
     friend bool operator!=(const KivContour& a, const KivContour& b) { return a.points_ != b.points_; }
 
@@ -75,6 +76,7 @@ public:
     auto begin() const noexcept { return contours_.begin(); } ///< The first contour.
     auto end() const noexcept { return contours_.end(); }     ///< Past the last contour.
 
+    /// Equal when of equal contours in the same order.
     friend bool operator==(const KivContourArray& a, const KivContourArray& b) { return a.contours_ == b.contours_; }
     friend bool operator!=(const KivContourArray& a, const KivContourArray& b) { return a.contours_ != b.contours_; }
 

@@ -15,6 +15,7 @@ struct KivPoint {
     double x = 0.0; ///< column
     double y = 0.0; ///< row
 
+    /// Equal when both coordinates are.
     friend bool operator==(const KivPoint& a, const KivPoint& b) noexcept { return a.x == b.x && a.y == b.y; }
     friend bool operator!=(const KivPoint& a, const KivPoint& b) noexcept { return !(a == b); }
 };
@@ -48,6 +49,7 @@ public:
     auto begin() const noexcept { return points_.begin(); }                  ///< The first point.
     auto end() const noexcept { return points_.end(); }                      ///< Past the last point.
 
+    /// Equal when of equal points in the same order.
     friend bool operator==(const KivPointArray& a, const KivPointArray& b) { return a.points_ == b.points_; }
     friend bool operator!=(const KivPointArray& a, const KivPointArray& b) { return a.points_ != b.points_; }
 

@@ -149,40 +149,50 @@ public:
     /// that belong are defined; then follows the frame in pixels.
     /// @throws std::invalid_argument as IKivROIPara's constructor does.
     /// @{
+
+    /// A KivShape::Rectangle in a frame.
     static KivROI Rectangle(double left, double top, double right, double bottom, int width, int height)
     {
         return KivROI(KivShape::Rectangle{left, top, right, bottom}, width, height);
     }
+    /// A KivShape::RotatedRectangle in a frame.
     static KivROI RotatedRectangle(double cx, double cy, double length, double breadth, double angle, int width,
                                    int height)
     {
         return KivROI(KivShape::RotatedRectangle{cx, cy, length, breadth, angle}, width, height);
     }
+    /// A KivShape::Circle in a frame.
     static KivROI Circle(double cx, double cy, double radius, int width, int height)
     {
         return KivROI(KivShape::Circle{cx, cy, radius}, width, height);
     }
+    /// A KivShape::Ellipse in a frame.
     static KivROI Ellipse(double cx, double cy, double radius1, double radius2, double angle, int width, int height)
     {
         return KivROI(KivShape::Ellipse{cx, cy, radius1, radius2, angle}, width, height);
     }
+    /// A KivShape::Ring in a frame.
     static KivROI Ring(double cx, double cy, double inner, double outer, int width, int height)
     {
         return KivROI(KivShape::Ring{cx, cy, inner, outer}, width, height);
     }
+    /// A KivShape::RingSector in a frame.
     static KivROI RingSector(double cx, double cy, double inner, double outer, double start, double sweep, int width,
                              int height)
     {
         return KivROI(KivShape::RingSector{cx, cy, inner, outer, start, sweep}, width, height);
     }
+    /// A KivShape::Polygon in a frame.
     static KivROI Polygon(std::vector<cv::Point_<double>> points, int width, int height)
     {
         return KivROI(KivShape::Polygon{std::move(points)}, width, height);
     }
+    /// A KivShape::Mask in a frame.
     static KivROI Mask(std::vector<Run> runs, int width, int height)
     {
         return KivROI(KivShape::Mask{std::move(runs)}, width, height);
     }
+    /// A KivShape::OpenCurve in a frame.
     static KivROI OpenCurve(std::vector<cv::Point_<double>> points, int width, int height)
     {
         return KivROI(KivShape::OpenCurve{std::move(points)}, width, height);

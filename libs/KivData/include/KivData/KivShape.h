@@ -35,6 +35,7 @@ struct Rectangle {
     double right = 0.0;  ///< x of the right side
     double bottom = 0.0; ///< y of the lower side
 
+    /// Equal when all members are.
     friend bool operator==(const Rectangle& a, const Rectangle& b) noexcept
     {
         return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
@@ -52,6 +53,7 @@ struct RotatedRectangle {
     double breadth = 0.0; ///< whole side length across
     double angle = 0.0;   ///< direction of `length`
 
+    /// Equal when all members are.
     friend bool operator==(const RotatedRectangle& a, const RotatedRectangle& b) noexcept
     {
         return a.cx == b.cx && a.cy == b.cy && a.length == b.length && a.breadth == b.breadth && a.angle == b.angle;
@@ -62,6 +64,7 @@ struct RotatedRectangle {
 struct Empty {
     static constexpr int type = 3; ///< ROI type code
 
+    /// Always equal.
     friend bool operator==(const Empty&, const Empty&) noexcept { return true; }
 };
 
@@ -73,6 +76,7 @@ struct Circle {
     double cy = 0.0;     ///< y of the centre
     double radius = 0.0; ///< distance of the border from the centre
 
+    /// Equal when all members are.
     friend bool operator==(const Circle& a, const Circle& b) noexcept
     {
         return a.cx == b.cx && a.cy == b.cy && a.radius == b.radius;
@@ -95,6 +99,7 @@ struct Ellipse {
     double radius2 = 0.0; ///< half axis across
     double angle = 0.0;   ///< direction of `radius1`
 
+    /// Equal when all members are.
     friend bool operator==(const Ellipse& a, const Ellipse& b) noexcept
     {
         return a.cx == b.cx && a.cy == b.cy && a.radius1 == b.radius1 && a.radius2 == b.radius2 && a.angle == b.angle;
@@ -111,6 +116,7 @@ struct Ring {
     double inner = 0.0; ///< radius of the hole; 0 for none
     double outer = 0.0; ///< radius of the outer border
 
+    /// Equal when all members are.
     friend bool operator==(const Ring& a, const Ring& b) noexcept
     {
         return a.cx == b.cx && a.cy == b.cy && a.inner == b.inner && a.outer == b.outer;
@@ -133,6 +139,7 @@ struct RingSector {
     double start = 0.0; ///< angle of the first end
     double sweep = 0.0; ///< angle from the first end to the other, 0 to 360
 
+    /// Equal when all members are.
     friend bool operator==(const RingSector& a, const RingSector& b) noexcept
     {
         return a.cx == b.cx && a.cy == b.cy && a.inner == b.inner && a.outer == b.outer && a.start == b.start &&
@@ -146,6 +153,7 @@ struct Mask {
 
     std::vector<Run> runs; ///< the pixels
 
+    /// Equal when of the same runs in the same order.
     friend bool operator==(const Mask& a, const Mask& b) { return a.runs == b.runs; }
 };
 
@@ -163,6 +171,7 @@ struct Polygon {
 
     std::vector<cv::Point_<double>> points; ///< column and row of each corner, in order
 
+    /// Equal when of the same points in the same order.
     friend bool operator==(const Polygon& a, const Polygon& b) { return a.points == b.points; }
 };
 
@@ -172,6 +181,7 @@ struct OpenCurve {
 
     std::vector<cv::Point_<double>> points; ///< column and row of each point, in order
 
+    /// Equal when of the same points in the same order.
     friend bool operator==(const OpenCurve& a, const OpenCurve& b) { return a.points == b.points; }
 };
 

@@ -22,6 +22,7 @@ struct Run {
     int colBegin; ///< x of the first pixel
     int colEnd;   ///< x of the last pixel, inclusive
 
+    /// Equal when all members are.
     friend constexpr bool operator==(const Run& a, const Run& b) noexcept
     {
         return a.row == b.row && a.colBegin == b.colBegin && a.colEnd == b.colEnd;
