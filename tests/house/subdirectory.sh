@@ -1,0 +1,11 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+# subdirectory.sh SOURCE SCRATCH: fails unless CMake takes the project of examples/my_program, which has this library as a
+# folder. It is configured and not built: what would be built is what is tested elsewhere.
+set -eu
+rm -rf "$2"
+mkdir -p "$2"
+cp "$1/examples/my_program/CMakeLists.txt" "$2"
+cp "$1/examples/ring_to_contours.cpp" "$2/my_program.cpp"
+ln -s "$1" "$2/KivDataConvert"
+cmake -S "$2" -B "$2/build"
