@@ -6,6 +6,6 @@ set -eu
 rm -rf "$2"
 mkdir -p "$2"
 cp "$1/examples/my_program/CMakeLists.txt" "$2"
-cp "$1/examples/ring_to_contours.cpp" "$2/my_program.cpp"
+cp "$1/examples/readme_example.cpp" "$2/my_program.cpp"
 ln -s "$1" "$2/KivDataConvert"
 cmake -S "$2" -B "$2/build"
