@@ -35,7 +35,8 @@ cv::Mat normalised_copy_of(const cv::Mat& pixels)
 
 kiv::Frame frame_of(const KivImage& image)
 {
-    return {image.Width(), image.Height()};
+    const int height = image.Height();
+    return {image.Width(), height};
 }
 
 } // namespace

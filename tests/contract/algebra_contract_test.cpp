@@ -38,6 +38,7 @@ struct Operands {
 TEST_F(AlgebraContract, UnionReadsBothThenCreatesTheResultOnce)
 {
     Operands given(10, 8);
+    const Unchanged inputs(given.a, given.b);
     EXPECT_EQ(KivRegionAdd(given.a, given.b, &given.out), KIVMV_OK);
     EXPECT_EQ(calls(), after_reading({"out.CreateRegion(10, 7, {(1,0,9) (2,0,9) (3,1,1)})"}));
 }
@@ -45,6 +46,7 @@ TEST_F(AlgebraContract, UnionReadsBothThenCreatesTheResultOnce)
 TEST_F(AlgebraContract, IntersectionReadsBothThenCreatesTheResultOnce)
 {
     Operands given(10, 12);
+    const Unchanged inputs(given.a, given.b);
     EXPECT_EQ(KivRegionAnd(given.a, given.b, &given.out), KIVMV_OK);
     EXPECT_EQ(calls(), after_reading({"out.CreateRegion(10, 5, {(1,4,5)})"}));
 }
@@ -52,6 +54,7 @@ TEST_F(AlgebraContract, IntersectionReadsBothThenCreatesTheResultOnce)
 TEST_F(AlgebraContract, DifferenceReadsBothThenCreatesTheResultOnce)
 {
     Operands given(10, 12);
+    const Unchanged inputs(given.a, given.b);
     EXPECT_EQ(KivRegionSub(given.a, given.b, &given.out), KIVMV_OK);
     EXPECT_EQ(calls(), after_reading({"out.CreateRegion(10, 5, {(1,0,3) (1,6,9) (2,0,9)})"}));
 }
@@ -87,4 +90,52 @@ TEST_F(AlgebraContract, ComplementReadsTheRegionThenCreatesTheResultOnce)
     start();
     EXPECT_EQ(KivRegionNot(given.b, &given.out), KIVMV_ERR_PARAM_1);
     EXPECT_EQ(calls(), (Calls{"b.Width()", "b.Height()", "b.GetRegionRuns()"}));
+}
+
+TEST_F(AlgebraContract, TheOutputMayBeAnOperand)
+{
+    for (const auto function : {KivRegionAdd, KivRegionAnd, KivRegionSub}) {
+        Operands apart(10, 12);
+        EXPECT_EQ(function(apart.a, apart.b, &apart.out), KIVMV_OK);
+        const std::string expected = recording::described(apart.out);
+        Operands into_a(10, 12);
+        EXPECT_EQ(function(into_a.a, into_a.b, &into_a.a), KIVMV_OK);
+        EXPECT_EQ(recording::described(into_a.a), expected);
+        Operands into_b(10, 12);
+        EXPECT_EQ(function(into_b.a, into_b.b, &into_b.b), KIVMV_OK);
+        EXPECT_EQ(recording::described(into_b.b), expected);
+    }
+    Operands apart(10, 0);
+    EXPECT_EQ(KivRegionNot(apart.a, &apart.out), KIVMV_OK);
+    Operands into_a(10, 0);
+    EXPECT_EQ(KivRegionNot(into_a.a, &into_a.a), KIVMV_OK);
+    EXPECT_EQ(recording::described(into_a.a), recording::described(apart.out));
+}
+
+TEST_F(AlgebraContract, TheWidthAloneDecidesWhetherAnOperandIsEmpty)
+{
+    for (const auto function : {KivRegionAdd, KivRegionAnd, KivRegionSub}) {
+        Operands given(10, 12);
+        given.a.test_runs.clear();
+        given.a.test_height = 0;
+        given.b.test_runs.clear();
+        given.b.test_height = -1;
+        EXPECT_EQ(function(given.a, given.b, &given.out), KIVMV_OK);
+        EXPECT_EQ(calls().back(),
+                  function == KivRegionAdd ? "out.CreateRegion(12, 0, {})" : "out.CreateRegion(10, 0, {})");
+    }
+    Operands given(10, 0);
+    given.a.test_runs.clear();
+    EXPECT_EQ(KivRegionNot(given.a, &given.out), KIVMV_OK);
+    EXPECT_EQ(calls().back(), "out.CreateRegion(10, 5, {})");
+}
+
+TEST_F(AlgebraContract, UnionIsAsWideAndAsHighAsTheLargerOperand)
+{
+    Operands given(100, 40);
+    given.a.test_height = 30;
+    given.b.test_height = 60;
+    EXPECT_EQ(KivRegionAdd(given.a, given.b, &given.out), KIVMV_OK);
+    EXPECT_EQ(given.out.test_width, 100);
+    EXPECT_EQ(given.out.test_height, 60);
 }

@@ -2,6 +2,7 @@
 // What the tests against the recording data types share.
 #pragma once
 
+#include "double/described.h"
 #include "double/recording.h"
 
 #include <KivData/KivData.h>
@@ -9,7 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace contract
@@ -28,12 +31,48 @@ inline std::string find_contours(const std::string& mask)
     return "FindContours(" + mask + ", 1, empty, empty, empty, null, empty, empty, true, -1, -1, 1, false)";
 }
 
-/// Forgets what making the arguments recorded, so that what follows is the function's own.
+/// Forgets the calls that making the arguments recorded, so that what follows is the function's own.
 inline void start()
 {
     recording::recorder().calls.clear();
-    recording::recorder().violations.clear();
     recording::recorder().call_count = 0;
+    recording::recorder().rendered.reset();
+}
+
+/// Watches inputs: when its scope ends they must be what they were when it began.
+class Unchanged
+{
+public:
+    template <class... Inputs>
+    explicit Unchanged(const Inputs&... inputs)
+        : describe_([&] { return (std::string() + ... + (recording::described(inputs) + "; ")); }), before_(describe_())
+    {
+    }
+    Unchanged(const Unchanged&) = delete;
+    Unchanged& operator=(const Unchanged&) = delete;
+    ~Unchanged() { EXPECT_EQ(describe_(), before_); }
+
+private:
+    std::function<std::string()> describe_;
+    std::string before_;
+};
+
+/// One call of a function: the code that it returns, and all that it asks of the data types, in order.
+struct Use {
+    std::string name;
+    std::function<int()> call;
+    int code;
+    Calls calls;
+};
+
+inline void expect_all(const std::vector<Use>& uses)
+{
+    for (const Use& use : uses) {
+        SCOPED_TRACE(use.name);
+        start();
+        EXPECT_EQ(use.call(), use.code);
+        EXPECT_EQ(calls(), use.calls);
+    }
 }
 
 /// Every test ends with no violation and with as many living objects as at its start.
@@ -43,6 +82,7 @@ protected:
     ContractTest()
     {
         start();
+        recording::recorder().violations.clear();
         living_before_ = recording::recorder().living_objects;
     }
     ~ContractTest() override
@@ -62,6 +102,12 @@ inline void set(KivRegion& region, const std::string& name, int width, int heigh
     region.test_height = height;
     region.test_runs = std::move(runs);
 }
+
+/// A region that stands for an output's old value, which it has if a call has left it alone.
+struct OldRegion : KivRegion {
+    OldRegion() { set(*this, "region", 1, 1, {{0, 0, 0}}); }
+    bool is_old() const { return test_width == 1 && test_height == 1 && test_runs.size() == 1; }
+};
 
 inline void set(KivVarArray& array, const std::vector<int>& values)
 {

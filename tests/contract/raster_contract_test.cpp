@@ -8,26 +8,23 @@ using RasterContract = ContractTest;
 
 TEST_F(RasterContract, ImageToRegionExtractsFromANormalisedCopy)
 {
-    KivImage image;
-    image.test_name = "image";
+    KivImage image("image");
     image.test_set(padded_matrix(2, 4, {0, 7, 255, 0, 1, 0, 0, 9}));
-    const cv::Mat before = image.test_matrix.clone();
     KivRegion region;
     region.test_name = "region";
+    const Unchanged input(image);
     start();
 
     EXPECT_EQ(KivImageToRegion(image, &region), KIVMV_OK);
 
-    EXPECT_EQ(calls(), (Calls{"image.Channels()", "image.ImageData()", "image.BitDepth()", "image.Width()",
-                              "image.Height()", "KivRLC()", find_contours("2x4[0 255 255 0 | 255 0 0 255]"),
-                              "~KivRLC()", "region.CreateRegion(4, 2, {(0,1,2) (1,0,0) (1,3,3)})"}));
-    EXPECT_EQ(recording::text_of(image.test_matrix), recording::text_of(before));
+    EXPECT_EQ(calls(), (Calls{"image.Channels()", "image.ImageData()", "image.BitDepth()", "image.Height()",
+                              "image.Width()", "KivRLC()", find_contours("2x4[0 255 255 0 | 255 0 0 255]"), "~KivRLC()",
+                              "region.CreateRegion(4, 2, {(0,1,2) (1,0,0) (1,3,3)})"}));
 }
 
 TEST_F(RasterContract, ImageToRegionNormalisesTheFirstBytesOfARowOfSeveralChannels)
 {
-    KivImage image;
-    image.test_name = "image";
+    KivImage image("image");
     cv::Mat pixels(2, 2, CV_8UC2);
     pixels.at<cv::Vec2b>(0, 0) = {1, 2};
     pixels.at<cv::Vec2b>(0, 1) = {3, 4};
@@ -46,51 +43,83 @@ TEST_F(RasterContract, ImageToRegionNormalisesTheFirstBytesOfARowOfSeveralChanne
 
 TEST_F(RasterContract, BinImageToRegionExtractsFromACopyOfTheBytesAsTheyAre)
 {
-    KivImage image;
-    image.test_name = "image";
+    KivImage image("image");
     image.test_set(padded_matrix(2, 3, {0, 7, 255, 1, 0, 0}));
     KivRegion region;
     region.test_name = "region";
+    const Unchanged input(image);
     start();
 
     EXPECT_EQ(KivBinImageToRegion(image, &region), KIVMV_OK);
 
-    EXPECT_EQ(calls(), (Calls{"image.Height()", "image.Channels()", "image.BitDepth()", "image.Width()",
-                              "image.Height()", "KivRLC()", find_contours("2x3[0 7 255 | 1 0 0]"), "~KivRLC()",
+    EXPECT_EQ(calls(), (Calls{"image.Height()", "image.Channels()", "image.BitDepth()", "image.Height()",
+                              "image.Width()", "KivRLC()", find_contours("2x3[0 7 255 | 1 0 0]"), "~KivRLC()",
                               "region.CreateRegion(3, 2, {(0,1,2) (1,0,0)})"}));
+}
+
+TEST_F(RasterContract, TheFrameIsTheImagesOwnSizeAndThePixelsAreItsMatrix)
+{
+    for (const auto function : {KivImageToRegion, KivBinImageToRegion}) {
+        KivImage image("image");
+        image.test_set(padded_matrix(1, 2, {0, 1}));
+        image.test_width = 40;
+        image.test_height = 30;
+        KivRegion region;
+        EXPECT_EQ(function(image, &region), KIVMV_OK);
+        EXPECT_EQ(recording::described(region), "40 x 30 (0,1,1)");
+    }
+}
+
+TEST_F(RasterContract, AnImageWithoutForegroundReplacesTheRegionToo)
+{
+    for (const auto function : {KivImageToRegion, KivBinImageToRegion}) {
+        KivImage image("image");
+        image.test_set(padded_matrix(2, 1, {0, 0}));
+        OldRegion region;
+        EXPECT_EQ(function(image, &region), KIVMV_OK);
+        EXPECT_EQ(recording::described(region), "1 x 2");
+    }
 }
 
 TEST_F(RasterContract, AFailedCheckEndsTheCallAtOnce)
 {
-    KivImage image;
-    image.test_name = "image";
-    KivRegion region;
-    region.test_name = "region";
-    const auto calls_of = [&](auto function) {
-        start();
-        EXPECT_NE(function(image, &region), KIVMV_OK);
-        return calls();
-    };
-
-    image.test_channels = 3;
-    EXPECT_EQ(calls_of(KivImageToRegion), (Calls{"image.Channels()"}));
-    image.test_channels = 1;
-    EXPECT_EQ(calls_of(KivImageToRegion), (Calls{"image.Channels()", "image.ImageData()"}));
-    EXPECT_EQ(calls_of(KivBinImageToRegion), (Calls{"image.Height()"}));
-
-    image.test_set(cv::Mat(1, 1, CV_16UC1, cv::Scalar(1)));
-    EXPECT_EQ(calls_of(KivImageToRegion), (Calls{"image.Channels()", "image.ImageData()", "image.BitDepth()"}));
-    EXPECT_EQ(calls_of(KivBinImageToRegion), (Calls{"image.Height()", "image.Channels()", "image.BitDepth()"}));
-    image.test_channels = 2;
-    EXPECT_EQ(calls_of(KivBinImageToRegion), (Calls{"image.Height()", "image.Channels()"}));
+    OldRegion region;
+    KivImage empty("image");
+    KivImage wide("image");
+    wide.test_set(cv::Mat(1, 1, CV_16UC1, cv::Scalar(1)));
+    KivImage coloured("image");
+    coloured.test_set(cv::Mat(1, 1, CV_16UC3, cv::Scalar::all(1)));
+    KivImage empty_coloured("image");
+    empty_coloured.test_channels = 3;
+    empty_coloured.test_bit_depth = 2;
+    const auto region_of = [&](KivImage& image) { return [&] { return KivImageToRegion(image, &region); }; };
+    const auto binary_region_of = [&](KivImage& image) { return [&] { return KivBinImageToRegion(image, &region); }; };
+    expect_all({
+        {"channels first", region_of(empty_coloured), KIVMV_ERR_CHANNELS, {"image.Channels()"}},
+        {"then data", region_of(empty), KIVMV_ERR_NO_IMAGE, {"image.Channels()", "image.ImageData()"}},
+        {"then depth",
+         region_of(wide),
+         KIVMV_ERR_BIT_DEPTH,
+         {"image.Channels()", "image.ImageData()", "image.BitDepth()"}},
+        {"height first", binary_region_of(empty_coloured), KIVMV_ERR_NO_IMAGE, {"image.Height()"}},
+        {"then channels", binary_region_of(coloured), KIVMV_ERR_CHANNELS, {"image.Height()", "image.Channels()"}},
+        {"then the depth",
+         binary_region_of(wide),
+         KIVMV_ERR_BIT_DEPTH,
+         {"image.Height()", "image.Channels()", "image.BitDepth()"}},
+    });
+    coloured.test_channels = 0;
+    EXPECT_EQ(KivBinImageToRegion(coloured, &region), KIVMV_ERR_CHANNELS);
+    EXPECT_TRUE(region.is_old());
 }
 
 TEST_F(RasterContract, RegionToImageReadsTheRegionOnceAndReplacesTheMatrix)
 {
-    KivImage image;
+    KivImage image("image");
     image.test_matrix = cv::Mat(5, 5, CV_16UC3, cv::Scalar(1, 2, 3));
     KivRegion region;
     set(region, "region", 99, 1, {{1, -4, 0}, {0, 1, 2}, {7, 0, 1}, {-1, 0, 1}, {1, 2, 1}});
+    const Unchanged input(region);
     start();
 
     EXPECT_EQ(KivRegionToImage(&image, region, 200, 10, 3, 2), KIVMV_OK);
@@ -102,7 +131,7 @@ TEST_F(RasterContract, RegionToImageReadsTheRegionOnceAndReplacesTheMatrix)
 
 TEST_F(RasterContract, RegionToImageLooksAtTheRegionLast)
 {
-    KivImage image;
+    KivImage image("image");
     KivRegion region;
     set(region, "region", 0, 5, {{0, 0, 0}});
     start();
@@ -120,7 +149,7 @@ TEST_F(RasterContract, RegionToImageLooksAtTheRegionLast)
 
 TEST_F(RasterContract, RegionToBinImageUsesTheRegionsFrame)
 {
-    KivImage image;
+    KivImage image("image");
     KivRegion region;
     set(region, "region", 3, 2, {{1, 0, 1}, {0, 2, 9}});
     start();
@@ -133,32 +162,83 @@ TEST_F(RasterContract, RegionToBinImageUsesTheRegionsFrame)
 
 TEST_F(RasterContract, RegionToBinImagePassesOnTheErrorOfANegativeHeight)
 {
-    KivImage image;
+    KivImage image("image");
     KivRegion region;
     set(region, "region", 3, -2, {});
     EXPECT_THROW(KivRegionToBinImage(&image, region), cv::Exception);
     EXPECT_TRUE(image.test_matrix.empty());
 }
 
+TEST_F(RasterContract, RegionToBinImageLooksAtTheWidthOnly)
+{
+    KivImage image("image");
+    KivRegion region;
+    set(region, "region", 0, 2, {{1, 0, 1}});
+    start();
+    EXPECT_EQ(KivRegionToBinImage(&image, region), KIVMV_ERR_PARAM_1);
+    EXPECT_EQ(calls(), (Calls{"region.Width()", "region.Height()", "region.GetRegionRuns()"}));
+    EXPECT_TRUE(image.test_matrix.empty());
+
+    set(region, "region", 2, 1, {});
+    EXPECT_EQ(KivRegionToBinImage(&image, region), KIVMV_OK);
+    EXPECT_EQ(recording::text_of(image.test_matrix), "1x2[0 0]");
+}
+
+TEST_F(RasterContract, APaintedImageHasPixelsOfItsOwn)
+{
+    KivRegion region;
+    set(region, "region", 2, 1, {{0, 0, 1}});
+    const cv::Mat old_pixels = padded_matrix(1, 2, {3, 4});
+    const auto painted = [&](const auto& paint) {
+        KivImage image("image");
+        image.test_set(old_pixels);
+        EXPECT_EQ(paint(&image), KIVMV_OK);
+        EXPECT_EQ(recording::text_of(old_pixels), "1x2[3 4]");
+        return recording::text_of(image.test_matrix);
+    };
+    EXPECT_EQ(painted([&](KivImage* image) { return KivRegionToImage(image, region, 8, 0, 2, 1); }), "1x2[8 8]");
+    EXPECT_EQ(painted([&](KivImage* image) { return KivRegionToBinImage(image, region); }), "1x2[255 255]");
+    KivMatrix matrix(padded_matrix(1, 2, {5, 6}));
+    EXPECT_EQ(painted([&](KivImage* image) { return KivMatrixToImage(image, matrix); }), "1x2[5 6]");
+}
+
 TEST_F(RasterContract, ImageToMatrixSharesThePixelsAndAsksForHeightAndChannelsOnly)
 {
-    KivImage image;
-    image.test_name = "image";
+    KivImage image("image");
     image.test_set(cv::Mat(2, 2, CV_16UC1, cv::Scalar(5)));
-    KivMatrix matrix;
+    image.test_width = 0;
+    KivMatrix matrix(cv::Mat{});
     start();
 
     EXPECT_EQ(KivImageToMatrix(image, &matrix), KIVMV_OK);
 
     EXPECT_EQ(calls(), (Calls{"image.Height()", "image.Channels()"}));
     EXPECT_EQ(matrix.test_matrix.data, image.test_matrix.data);
+    EXPECT_EQ(matrix.test_matrix.type(), CV_16UC1);
+    EXPECT_EQ(KivImageToMatrix(image, &matrix), KIVMV_OK) << "they share already";
+    EXPECT_EQ(matrix.test_matrix.data, image.test_matrix.data);
+}
+
+TEST_F(RasterContract, ImageToMatrixRefusesBeforeItTouchesTheMatrix)
+{
+    KivImage image("image");
+    image.test_matrix = padded_matrix(1, 1, {1});
+    image.test_channels = 3;
+    KivMatrix matrix(padded_matrix(1, 2, {3, 4}));
+    const auto shared = [&] { return KivImageToMatrix(image, &matrix); };
+    expect_all({{"no height", shared, KIVMV_ERR_NO_IMAGE, {"image.Height()"}}});
+    image.test_height = 1;
+    expect_all({{"three channels", shared, KIVMV_ERR_CHANNELS, {"image.Height()", "image.Channels()"}}});
+    EXPECT_EQ(recording::text_of(matrix.test_matrix), "1x2[3 4]");
+    image.test_channels = 0;
+    EXPECT_EQ(shared(), KIVMV_OK);
 }
 
 TEST_F(RasterContract, MatrixToImageAsksTheImageForNothing)
 {
-    KivImage image;
-    KivMatrix matrix;
-    matrix.test_matrix = padded_matrix(1, 2, {3, 4});
+    KivImage image("image");
+    KivMatrix matrix(padded_matrix(1, 2, {3, 4}));
+    const Unchanged input(matrix);
     start();
 
     EXPECT_EQ(KivMatrixToImage(&image, matrix), KIVMV_OK);
@@ -166,4 +246,22 @@ TEST_F(RasterContract, MatrixToImageAsksTheImageForNothing)
     EXPECT_EQ(calls(), Calls{});
     EXPECT_NE(image.test_matrix.data, matrix.test_matrix.data);
     EXPECT_EQ(recording::text_of(image.test_matrix), "1x2[3 4]");
+}
+
+TEST_F(RasterContract, MatrixToImageConvertsTheDepthAndKeepsTheChannels)
+{
+    KivImage image("image");
+    KivMatrix matrix(cv::Mat(1, 2, CV_64FC3, cv::Scalar(0.4, 0.6, 300.0)));
+    const Unchanged input(matrix);
+    EXPECT_EQ(KivMatrixToImage(&image, matrix), KIVMV_OK);
+    EXPECT_EQ(recording::text_of(image.test_matrix), "1x2[0 1 255 0 1 255]");
+}
+
+TEST_F(RasterContract, MatrixToImageRefusesAMatrixWithoutRows)
+{
+    KivImage image("image");
+    image.test_matrix = padded_matrix(1, 1, {3});
+    KivMatrix matrix(cv::Mat(0, 5, CV_8UC1));
+    expect_all({{"no rows", [&] { return KivMatrixToImage(&image, matrix); }, KIVMV_ERR_PARAM_1, {}}});
+    EXPECT_EQ(recording::text_of(image.test_matrix), "1x1[3]");
 }

@@ -48,6 +48,7 @@ Calls reading_then(const std::string& last)
 TEST_F(RoiContract, SetOperationsReadBothOperandsThroughOneCopyAndWriteOnce)
 {
     Operands given;
+    const Unchanged inputs(given.a, given.b);
     start();
     EXPECT_EQ(KivROIAdd(given.a, given.b, &given.out), KIVMV_OK);
     EXPECT_EQ(calls_but_type_queries(), reading_then("out.GenMask({(1,0,9) (2,0,9)}, 12, 5)"));
@@ -164,6 +165,7 @@ TEST_F(RoiContract, RoiToRegionHandsOverTheRunsOfGetMaskNotTheTracedOnes)
     given.a.test_become("a", mask_type, 2, 1, {{4, 3, 2}, {0, 0, 0}});
     KivRegion region;
     region.test_name = "region";
+    const Unchanged input(given.a);
     start();
 
     EXPECT_EQ(KivROIToRegion(given.a, &region), KIVMV_OK);
@@ -183,7 +185,7 @@ TEST_F(RoiContract, AMaskWithoutColumnsHasNoRegionButAnImage)
     EXPECT_EQ(KivROIToRegion(given.a, &region), KIVMV_ERR_PARAM_1);
     EXPECT_EQ(calls_but_type_queries(), (Calls{"a.GetMask(runs)", "a.ToMAT({(0,0,0)}, 0, 3)"}));
 
-    KivImage image;
+    KivImage image("image");
     image.test_matrix = cv::Mat(2, 2, CV_8UC1);
     start();
     EXPECT_EQ(KivROIToBinImage(&image, given.a), KIVMV_OK);
@@ -210,21 +212,163 @@ TEST_F(RoiContract, RegionToRoiReadsTheRunsOnlyOfARegionThatIsNotEmpty)
 TEST_F(RoiContract, BinImageToRoiGoesThroughTheOutputsOwnParameters)
 {
     Operands given;
-    KivImage image;
-    image.test_name = "image";
+    KivImage image("image");
     image.test_set(padded_matrix(1, 3, {0, 5, 6}));
+    image.test_width = 0;
+    image.test_channels = 0;
+    const Unchanged input(image);
     start();
     EXPECT_EQ(KivBinImageToROI(image, &given.out), KIVMV_OK);
     EXPECT_EQ(calls(), (Calls{"image.Height()", "image.Channels()", "image.BitDepth()",
-                              "out.MatToMask(1x3[0 5 6], runs)", "out.GenMask({(0,1,2)}, 3, 1)"}));
+                              "out.MatToMask(1x3[0 5 6], runs)", "out.GenMask({(0,1,2)}, 1003, 1001)"}))
+        << "the frame is the one that MatToMask() tells";
 }
 
 TEST_F(RoiContract, RoiToContourArrayIsTheRoisOwnWork)
 {
     Operands given;
-    KivContourArray contours;
+    KivContourArray contours("contours");
     start();
     EXPECT_EQ(KivROIToContourArray(given.a, &contours), KIVMV_OK);
     EXPECT_EQ(calls_but_type_queries(), (Calls{"a.GetMask(contours)"}));
     EXPECT_EQ(contours.test_written_by, "GetMask of a");
+}
+
+TEST_F(RoiContract, TheOutputMayBeAnOperand)
+{
+    for (const auto function : {KivROIAdd, KivROIAnd, KivROISub}) {
+        Operands apart;
+        EXPECT_EQ(function(apart.a, apart.b, &apart.out), KIVMV_OK);
+        const std::string expected = recording::described(apart.out.test_parameters);
+        Operands into_a;
+        EXPECT_EQ(function(into_a.a, into_a.b, &into_a.a), KIVMV_OK);
+        EXPECT_EQ(recording::described(into_a.a.test_parameters), expected);
+        Operands into_b;
+        EXPECT_EQ(function(into_b.a, into_b.b, &into_b.b), KIVMV_OK);
+        EXPECT_EQ(recording::described(into_b.b.test_parameters), expected);
+    }
+    Operands apart;
+    EXPECT_EQ(KivROINot(apart.a, &apart.out), KIVMV_OK);
+    Operands into_a;
+    EXPECT_EQ(KivROINot(into_a.a, &into_a.a), KIVMV_OK);
+    EXPECT_EQ(recording::described(into_a.a.test_parameters), recording::described(apart.out.test_parameters));
+}
+
+TEST_F(RoiContract, AMaskIsWrittenIntoAnOutputOfWhateverType)
+{
+    Operands given;
+    KivRegion region;
+    set(region, "region", 2, 1, {});
+    KivImage image("image");
+    image.test_set(padded_matrix(1, 1, {0}));
+    for (const int type : {mask_type, empty_type, open_curve_type}) {
+        given.out.test_type = type;
+        start();
+        EXPECT_EQ(KivRegionToROI(region, &given.out), KIVMV_OK);
+        EXPECT_EQ(KivBinImageToROI(image, &given.out), KIVMV_OK);
+        EXPECT_EQ(KivROINot(given.a, &given.out), KIVMV_OK);
+        EXPECT_EQ(KivROIAdd(given.a, given.b, &given.out), KIVMV_OK);
+        EXPECT_EQ(KivROIAnd(given.a, given.b, &given.out), KIVMV_OK);
+        EXPECT_EQ(KivROISub(given.a, given.b, &given.out), KIVMV_OK);
+        for (const std::string& call : calls()) {
+            EXPECT_NE(call, "out.ROIType()");
+        }
+        EXPECT_EQ(given.out.test_type, type) << "GenMask() alone decides about the type";
+    }
+}
+
+TEST_F(RoiContract, OtherTypesThanTheTwoAreAllAlike)
+{
+    Operands given;
+    for (const int type : {-3, 0, 2, 4, 9, 11, 13}) {
+        given.a.test_type = type;
+        given.b.test_type = type;
+        for (const auto function : {KivROIAdd, KivROIAnd, KivROISub}) {
+            EXPECT_EQ(function(given.a, given.b, &given.out), KIVMV_OK) << type;
+        }
+        EXPECT_EQ(KivROINot(given.a, &given.out), KIVMV_OK) << type;
+    }
+}
+
+TEST_F(RoiContract, ConversionsOfRefusedTypesAskForTheTypeOnly)
+{
+    Operands given;
+    OldRegion region;
+    KivImage image("image");
+    image.test_matrix = padded_matrix(1, 1, {3});
+    KivContourArray contours("contours");
+    for (const int type : {empty_type, open_curve_type}) {
+        given.a.test_type = type;
+        start();
+        EXPECT_EQ(KivROIToRegion(given.a, &region), KIVMV_ERR_PARAM_1);
+        EXPECT_EQ(KivROIToBinImage(&image, given.a), KIVMV_ERR_PARAM_1);
+        EXPECT_EQ(KivROIToContourArray(given.a, &contours), KIVMV_ERR_PARAM_1);
+        EXPECT_EQ(calls_but_type_queries(), Calls{});
+    }
+    EXPECT_TRUE(region.is_old());
+    EXPECT_EQ(recording::text_of(image.test_matrix), "1x1[3]");
+    EXPECT_EQ(contours.test_written_by, "");
+}
+
+TEST_F(RoiContract, ThePaintedMaskDecidesWhetherThereIsARegion)
+{
+    Operands given;
+    OldRegion region;
+    given.a.test_become("a", mask_type, 7, 5, {{0, 1, 2}});
+    start();
+    recording::recorder().rendered = cv::Mat(3, 0, CV_8UC1);
+    EXPECT_EQ(KivROIToRegion(given.a, &region), KIVMV_ERR_PARAM_1);
+    EXPECT_TRUE(region.is_old());
+
+    given.a.test_become("a", mask_type, 0, 5, {{0, 1, 2}});
+    recording::recorder().rendered = cv::Mat(1, 1, CV_8UC1, cv::Scalar(0));
+    EXPECT_EQ(KivROIToRegion(given.a, &region), KIVMV_OK);
+    EXPECT_EQ(recording::described(region), "0 x 5 (0,1,2)");
+}
+
+TEST_F(RoiContract, RoiToBinImageTakesThePaintedMatrixOver)
+{
+    Operands given;
+    KivImage image("image");
+    image.test_set(cv::Mat(2, 2, CV_16UC3, cv::Scalar::all(4)));
+    const cv::Mat old_pixels = image.test_matrix;
+    const std::string old_text = recording::text_of(old_pixels);
+    const cv::Mat painted(1, 2, CV_32FC1, cv::Scalar(0.5));
+    const Unchanged input(given.a);
+    start();
+    recording::recorder().rendered = painted;
+    EXPECT_EQ(KivROIToBinImage(&image, given.a), KIVMV_OK);
+    EXPECT_EQ(calls_but_type_queries(), (Calls{"a.GetMask(runs)", "a.ToMAT({(2,0,9) (1,0,9)}, 10, 5)"}));
+    EXPECT_EQ(image.test_matrix.data, painted.data) << "no pixel is copied";
+    EXPECT_EQ(image.test_matrix.type(), CV_32FC1);
+    EXPECT_EQ(recording::text_of(old_pixels), old_text);
+}
+
+TEST_F(RoiContract, BinImageToRoiChecksHeightThenChannelsThenDepth)
+{
+    Operands given;
+    KivImage image("image");
+    image.test_channels = 2;
+    image.test_bit_depth = 2;
+    const auto roi = [&] { return KivBinImageToROI(image, &given.out); };
+    expect_all({{"no rows", roi, KIVMV_ERR_NO_IMAGE, {"image.Height()"}}});
+    image.test_height = 1;
+    expect_all({{"two channels", roi, KIVMV_ERR_CHANNELS, {"image.Height()", "image.Channels()"}}});
+    image.test_channels = 1;
+    expect_all({{"16 bits", roi, KIVMV_ERR_BIT_DEPTH, {"image.Height()", "image.Channels()", "image.BitDepth()"}}});
+    EXPECT_EQ(recording::described(given.out), "type 77, 1 x 1");
+}
+
+TEST_F(RoiContract, FramesOfResultsAreTheLargerOneOrThatOfA)
+{
+    Operands given;
+    given.a.test_become("a", mask_type, 640, 480, {{0, 0, 1}});
+    given.b.test_become("b", mask_type, 800, 200, {{0, 0, 1}});
+    const auto frame_of = [&](auto function) {
+        EXPECT_EQ(function(given.a, given.b, &given.out), KIVMV_OK);
+        return std::pair(given.out.test_parameters.test_width, given.out.test_parameters.test_height);
+    };
+    EXPECT_EQ(frame_of(KivROIAdd), std::pair(800, 480));
+    EXPECT_EQ(frame_of(KivROIAnd), std::pair(640, 480));
+    EXPECT_EQ(frame_of(KivROISub), std::pair(640, 480));
 }

@@ -2,8 +2,10 @@
 #include <KivData/KivData.h>
 #include <KivRLC/KivRLC.h>
 
+#include <algorithm>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 namespace
 {
@@ -28,6 +30,9 @@ std::string text_of_runs(const std::vector<int>& rows, const std::vector<int>& b
 
 std::string text_of_runs(const KivVarArray& rows, const KivVarArray& begins, const KivVarArray& ends)
 {
+    if (!rows.test_holds_ints_only() || !begins.test_holds_ints_only() || !ends.test_holds_ints_only()) {
+        record_violation("runs of elements that are no ints");
+    }
     return text_of_runs(rows.test_values(), begins.test_values(), ends.test_values());
 }
 
@@ -48,6 +53,9 @@ void fill_fresh(const std::string& call, const std::vector<Run>& runs, KivVarArr
 {
     if (!rows.test_values().empty() || !begins.test_values().empty() || !ends.test_values().empty()) {
         record_violation(call + ": arrays that are not fresh");
+    }
+    if (&rows == &begins || &rows == &ends || &begins == &ends) {
+        record_violation(call + ": one array for two outputs");
     }
     for (const Run& run : runs) {
         rows.test_append(run.row);
@@ -90,6 +98,12 @@ auto& checked(const char* type, Values& values, int index)
     return values[static_cast<std::size_t>(index)];
 }
 
+/// What ToMAT() gives: what a test wants it to, or a mask that is all foreground.
+cv::Mat rendered(int width, int height)
+{
+    return recording::recorder().rendered.value_or(cv::Mat(height, width, CV_8UC1, cv::Scalar(255)));
+}
+
 template <class Vector>
 std::string text_of_vector(const Vector* vector)
 {
@@ -120,7 +134,7 @@ int KivVar::ValType() const
 
 KivVarArray::KivVarArray(const KivVarArray& other) : recording::Counted(other)
 {
-    count_call();
+    record_call("KivVarArray(copy)");
     for (const auto& value : other.values_) {
         test_append(value->test_value, value->test_type);
     }
@@ -140,20 +154,20 @@ KivVar& KivVarArray::operator[](int index)
 
 void KivVarArray::Append(const KivVar& value)
 {
-    count_call();
+    note("Append(" + std::to_string(value.test_value) + ")");
     test_append(value.test_value, value.test_type);
 }
 
 void KivVarArray::Remove(int index)
 {
-    count_call();
+    note("Remove(" + std::to_string(index) + ")");
     checked("KivVarArray", values_, index);
     values_.erase(values_.begin() + index);
 }
 
 void KivVarArray::Replace(int index, const KivVar& value)
 {
-    count_call();
+    note("Replace(" + std::to_string(index) + ", " + std::to_string(value.test_value) + ")");
     KivVar& element = *checked("KivVarArray", values_, index);
     element.test_value = value.test_value;
     element.test_type = value.test_type;
@@ -161,8 +175,17 @@ void KivVarArray::Replace(int index, const KivVar& value)
 
 void KivVarArray::Clear()
 {
-    count_call();
+    note("Clear()");
     values_.clear();
+}
+
+void KivVarArray::note(const std::string& change) const
+{
+    if (test_name.empty()) {
+        count_call();
+    } else {
+        record_call(test_name + "." + change);
+    }
 }
 
 std::vector<int> KivVarArray::test_values() const
@@ -172,6 +195,11 @@ std::vector<int> KivVarArray::test_values() const
         values.push_back(value->test_value);
     }
     return values;
+}
+
+bool KivVarArray::test_holds_ints_only() const
+{
+    return std::all_of(values_.begin(), values_.end(), [](const auto& value) { return value->test_type == 0; });
 }
 
 void KivVarArray::test_append(int value, int type)
@@ -273,13 +301,15 @@ KivPoint& KivPoint::operator=(const KivPoint& other)
 
 void KivPointArray::Clear()
 {
-    record_call("points.Clear()");
+    record_call(test_name + ".Clear()");
     points_.clear();
 }
 
 void KivPointArray::Append(KivPoint& point)
 {
-    count_call();
+    std::ostringstream text;
+    text << test_name << ".Append(" << point.x << ", " << point.y << ")";
+    record_call(text.str());
     test_append(point.x, point.y);
 }
 
@@ -340,7 +370,7 @@ int KivContourArray::Length() const
 
 IKivROIPara::IKivROIPara()
 {
-    count_call();
+    record_call("IKivROIPara()");
 }
 
 void IKivROIPara::GetMask(KivVarArray* rows, KivVarArray* colBegins, KivVarArray* colEnds, int* width,
@@ -372,13 +402,13 @@ void IKivROIPara::GenMask(KivVarArray& rows, KivVarArray& colBegins, KivVarArray
 cv::Mat IKivROIPara::ToMAT(KivVarArray& rows, KivVarArray& colBegins, KivVarArray& colEnds, int width, int height)
 {
     record_call(test_name + ".ToMAT(" + text_of_runs(rows, colBegins, colEnds) + ", " + size_text(width, height) + ")");
-    return cv::Mat(height, width, CV_8UC1, cv::Scalar(255));
+    return rendered(width, height);
 }
 
 cv::Mat IKivROIPara::ToMAT(KivContourArray& contours, int width, int height)
 {
     record_call("ToMAT(" + contours.test_name + ", " + size_text(width, height) + ")");
-    return cv::Mat(height, width, CV_8UC1, cv::Scalar(255));
+    return rendered(width, height);
 }
 
 void IKivROIPara::MatToMask(cv::Mat& mask, KivVarArray* rows, KivVarArray* colBegins, KivVarArray* colEnds, int* width,
@@ -386,8 +416,8 @@ void IKivROIPara::MatToMask(cv::Mat& mask, KivVarArray* rows, KivVarArray* colBe
 {
     record_call(test_name + ".MatToMask(" + recording::text_of(mask) + ", runs)");
     fill_fresh("MatToMask", runs_of(mask), *rows, *colBegins, *colEnds);
-    *width = mask.cols;
-    *height = mask.rows;
+    *width = mask.cols + 1000; // unlike any other size, so that it shows where it goes
+    *height = mask.rows + 1000;
 }
 
 void IKivROIPara::MatToMask(cv::Mat& mask, KivContourArray* contours, int* width, int* height)
@@ -447,4 +477,10 @@ void KivRLC::FindContours(cv::Mat& mask, char mode, std::vector<cv::Point_<int>>
     for (const Run& run : runs_of(mask)) {
         runs->push_back(run);
     }
+    // What an extractor may do besides, and what must make no difference.
+    mask.setTo(cv::Scalar::all(77));
+    points->emplace_back(7, 7);
+    lengths->push_back(7);
+    hierarchy->emplace_back(7, 7, 7, 7);
+    starts->push_back(7);
 }

@@ -5,6 +5,7 @@
 
 #include <opencv2/core.hpp>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,11 +17,12 @@ struct Injected {
 };
 
 struct Recorder {
-    std::vector<std::string> calls;      // calls on objects, in order; element access is counted but not listed
+    std::vector<std::string> calls;      // calls on objects, in order; reading elements is counted but not listed
     std::vector<std::string> violations; // arrays that are not fresh, indices out of range
     long call_count = 0;                 // all calls, element access included
     long throw_at = 0;                   // the call that throws, counted from 1; 0 for none
     long living_objects = 0;
+    std::optional<cv::Mat> rendered; // what ToMAT() gives; if nothing, a mask of the given size, all foreground
 };
 
 Recorder& recorder();

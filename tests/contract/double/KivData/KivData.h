@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A second implementation of the data types that offers to the library what the contract lists and nothing else: no
-// copy of a KivVar, no assignment of a KivVarArray, no const where none is promised. Members that start with `test_`
-// are for the tests.
+// copy of a KivVar, no assignment of a KivVarArray, no default-constructed image, no const where none is promised.
+// Members that start with `test_` and constructors that take a name are for the tests.
 #pragma once
 
 #include "../recording.h"
@@ -13,6 +13,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 class KivVar : private recording::Counted
@@ -45,10 +46,14 @@ public:
     void Replace(int index, const KivVar& value);
     void Clear();
 
+    std::string test_name; // the changes of an array that has one are listed
     std::vector<int> test_values() const;
+    bool test_holds_ints_only() const;
     void test_append(int value, int type = 0);
 
 private:
+    void note(const std::string& change) const;
+
     std::vector<std::unique_ptr<KivVar>> values_;
 };
 
@@ -57,7 +62,7 @@ class KivImage : private recording::Counted
     cv::Mat* first_member_ = &test_matrix;
 
 public:
-    KivImage() = default;
+    explicit KivImage(std::string name) : test_name(std::move(name)) {}
     KivImage(const KivImage&) = delete;
     KivImage& operator=(const KivImage&) = delete;
     int Width() const;
@@ -66,7 +71,7 @@ public:
     int Channels() const;
     void* ImageData();
 
-    std::string test_name = "KivImage";
+    std::string test_name;
     int test_width = 0;
     int test_height = 0;
     int test_bit_depth = 0;
@@ -82,7 +87,7 @@ class KivMatrix : private recording::Counted
     cv::Mat* first_member_ = &test_matrix;
 
 public:
-    KivMatrix() = default;
+    explicit KivMatrix(const cv::Mat& matrix) : test_matrix(matrix) {}
     KivMatrix(const KivMatrix&) = delete;
     KivMatrix& operator=(const KivMatrix&) = delete;
 
@@ -121,7 +126,7 @@ struct KivPoint : private recording::Counted {
 class KivPointArray : private recording::Counted
 {
 public:
-    KivPointArray() = default;
+    explicit KivPointArray(std::string name) : test_name(std::move(name)) {}
     KivPointArray(const KivPointArray&) = delete;
     KivPointArray& operator=(const KivPointArray&) = delete;
     void Clear();
@@ -129,6 +134,7 @@ public:
     KivPoint& operator[](int index);
     int Length() const;
 
+    std::string test_name;
     void test_append(double x, double y);
     std::vector<cv::Point_<double>> test_points() const;
 
@@ -155,12 +161,12 @@ public:
 class KivContourArray : private recording::Counted
 {
 public:
-    KivContourArray() = default;
+    explicit KivContourArray(std::string name) : test_name(std::move(name)) {}
     KivContourArray(const KivContourArray&) = delete;
     KivContourArray& operator=(const KivContourArray&) = delete;
     int Length() const;
 
-    std::string test_name = "contours";
+    std::string test_name;
     int test_length = 0;
     std::string test_written_by;
 };
@@ -186,6 +192,10 @@ public:
     int test_width = 0;
     int test_height = 0;
     std::vector<Run> test_runs;
+
+private:
+    friend class KivROI;
+    explicit IKivROIPara(std::string name) : test_name(std::move(name)) {} // an ROI's own, whose making is not listed
 };
 
 class KivROI : private recording::Counted
@@ -201,7 +211,7 @@ public:
 
     std::string test_name = "KivROI()";
     int test_type = 3;
-    IKivROIPara test_parameters;
+    IKivROIPara test_parameters{"KivROI()"};
 
     [[maybe_unused]] void* test_first_member() const { return first_member_; }
     void test_become(const std::string& name, int type, int width, int height, std::vector<Run> runs);
