@@ -3,6 +3,7 @@
 // reaches the caller, or becomes a code where that is promised; nothing leaks, and no argument has changed that should
 // not have.
 #include "failing_allocations.h"
+#include "partly_written.h"
 #include "scenarios.h"
 
 #include <gtest/gtest.h>
@@ -46,8 +47,9 @@ Attempt attempt_with_fault(const faults::Call& call, long fault_at)
 TEST_P(AllocationFaults, NothingIsLostWhenMemoryRunsOut)
 {
     const Scenario& scenario = GetParam();
-    scenario.prepare().make(); // whatever OpenCV makes once and keeps
+    const std::string complete = faults::complete_output(scenario); // and whatever OpenCV makes once and keeps
     int injected = 0;
+    bool became_codes = false;
     for (long fault_at = 1;; ++fault_at) {
         SCOPED_TRACE("allocation " + std::to_string(fault_at) + " fails");
         const long living_before = faults::living_blocks();
@@ -66,7 +68,11 @@ TEST_P(AllocationFaults, NothingIsLostWhenMemoryRunsOut)
             } else {
                 ++injected;
                 const bool became_a_code = attempt.code == KIVMV::KIVMV_ERR_EXCEPTION;
+                became_codes = became_codes || became_a_code;
                 EXPECT_TRUE(attempt.threw || (scenario.exceptions_become_a_code && became_a_code));
+                if (scenario.on_failure == Output::written_gradually) {
+                    EXPECT_TRUE(faults::is_partly_written(call.output(), output_before, complete)) << call.output();
+                }
                 if (scenario.on_failure == Output::untouched) {
                     EXPECT_EQ(call.output(), output_before);
                 }
@@ -80,6 +86,7 @@ TEST_P(AllocationFaults, NothingIsLostWhenMemoryRunsOut)
             break;
         }
     }
+    EXPECT_EQ(became_codes, scenario.exceptions_become_a_code);
     RecordProperty("faults", injected);
 }
 

@@ -19,8 +19,9 @@ namespace faults
 
 /// What a function may do to its output when it fails half-way.
 enum class Output {
-    untouched,         // it is as it was
-    written_gradually, // it is cleared before anything else, or filled element by element
+    untouched,          // it is as it was
+    written_gradually,  // it is cleared before anything else, then filled element by element
+    rewritten_in_place, // it is the input, too, and some of its elements may be new already
 };
 
 /// One call, ready to be made once.
@@ -31,11 +32,19 @@ struct Call {
 };
 
 struct Scenario {
-    std::string name;
+    std::string name; // the function's, and what is special about its arguments after an underscore
     Output on_failure;
     bool exceptions_become_a_code; // while the output is built
     std::function<Call()> prepare;
 };
+
+/// What the output holds when nothing fails.
+inline std::string complete_output(const Scenario& scenario)
+{
+    const Call call = scenario.prepare();
+    call.make();
+    return call.output();
+}
 
 /// A call of `function` on `inputs` and `output`, in that order.
 template <class Function, class Output, class... Inputs>
@@ -44,6 +53,15 @@ Call call_of(Function function, std::shared_ptr<Output> output, std::shared_ptr<
     return {[=] { return function(*inputs..., output.get()); },
             [=] { return (std::string() + ... + (given::described(*inputs) + "; ")); },
             [=] { return given::described(*output); }};
+}
+
+/// A call whose output is its first operand.
+template <class Function, class Operand, class... Others>
+Call call_on_itself(Function function, std::shared_ptr<Operand> operand, std::shared_ptr<Others>... others)
+{
+    return {[=] { return function(*operand, *others..., operand.get()); },
+            [=] { return (std::string() + ... + (given::described(*others) + "; ")); },
+            [=] { return given::described(*operand); }};
 }
 
 inline std::vector<Scenario> all_scenarios()
@@ -99,7 +117,7 @@ inline std::vector<Scenario> all_scenarios()
                         },
                         nothing, [=] { return given::described(*rows) + "; " + columns.text(); }};
         },
-        gradually);
+        Output::rewritten_in_place);
     add(
         "KivRegionToVarArray",
         [=] {
@@ -205,6 +223,33 @@ inline std::vector<Scenario> all_scenarios()
     add("KivROIAnd", [=] { return call_of(KivROIAnd, old_roi(), roi_a(), roi_b()); });
     add("KivROISub", [=] { return call_of(KivROISub, old_roi(), roi_a(), roi_b()); });
     add("KivROINot", [=] { return call_of(KivROINot, old_roi(), roi_a()); });
+
+    // Results that are copies or nothing.
+    const auto empty_region = [=] { return given::region(0, 6, runs_a()); };
+    const auto empty_type = [] { return std::make_shared<KivROI>(); };
+    const auto no_runs = [] { return given::roi(16, 6, {}); };
+    add("KivRegionAdd_of_empty_a", [=] { return call_of(KivRegionAdd, old_region(), empty_region(), region_b()); });
+    add("KivRegionSub_of_empty_b", [=] { return call_of(KivRegionSub, old_region(), region_a(), empty_region()); });
+    add("KivROIAdd_of_empty_type_a", [=] { return call_of(KivROIAdd, old_roi(), empty_type(), roi_b()); });
+    add("KivROISub_of_empty_type_a", [=] { return call_of(KivROISub, old_roi(), empty_type(), roi_b()); });
+    add("KivROIAdd_of_no_runs_in_b", [=] { return call_of(KivROIAdd, old_roi(), roi_a(), no_runs()); });
+    add("KivROIAnd_of_no_runs_in_a", [=] { return call_of(KivROIAnd, old_roi(), no_runs(), roi_b()); });
+
+    // Outputs that are operands.
+    add("KivRegionAdd_into_a", [=] { return call_on_itself(KivRegionAdd, region_a(), region_b()); });
+    add("KivRegionAnd_into_a", [=] { return call_on_itself(KivRegionAnd, region_a(), region_b()); });
+    add("KivRegionSub_into_a", [=] { return call_on_itself(KivRegionSub, region_a(), region_b()); });
+    add("KivROIAdd_into_a", [=] { return call_on_itself(KivROIAdd, roi_a(), roi_b()); });
+    add("KivROIAnd_into_a", [=] { return call_on_itself(KivROIAnd, roi_a(), roi_b()); });
+    add("KivROISub_into_a", [=] { return call_on_itself(KivROISub, roi_a(), roi_b()); });
+    add("KivRegionNot_into_a", [=] { return call_on_itself(KivRegionNot, region_a()); });
+    add("KivROINot_into_a", [=] { return call_on_itself(KivROINot, roi_a()); });
+
+    // Shapes whose pixels have to be worked out.
+    const auto disc = [] { return given::disc(8, 4, 3, 16, 9); };
+    add("KivROIToRegion_of_a_disc", [=] { return call_of(KivROIToRegion, old_region(), disc()); });
+    add("KivROIToContourArray_of_a_disc", [=] { return call_of(KivROIToContourArray, old_contours(), disc()); });
+    add("KivROISub_of_discs", [=] { return call_of(KivROISub, old_roi(), disc(), disc()); });
     return all;
 }
 

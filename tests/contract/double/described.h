@@ -52,7 +52,9 @@ inline std::string described(const KivMatrix& matrix)
 inline std::string described(const KivContour& contour)
 {
     std::ostringstream text;
-    text << contour.test_points;
+    for (const auto& point : contour.test_points) {
+        text << " (" << point.x << "," << point.y << ")";
+    }
     return text.str();
 }
 

@@ -29,6 +29,11 @@ inline Ptr<KivROI> roi(int width, int height, Runs runs)
     return std::make_shared<KivROI>(KivShape::Mask{std::move(runs)}, width, height);
 }
 
+inline Ptr<KivROI> disc(int x, int y, int radius, int width, int height)
+{
+    return std::make_shared<KivROI>(KivROI::Circle(x, y, radius, width, height));
+}
+
 template <class Holder>
 Ptr<Holder> holder_of_bytes(int cols, int rows, const std::vector<unsigned char>& bytes)
 {
@@ -98,7 +103,9 @@ inline std::string described(const KivMatHolder& holder)
 inline std::string described(const KivContour& contour)
 {
     std::ostringstream text;
-    text << contour.AllPoints();
+    for (const auto& point : contour.AllPoints()) {
+        text << " (" << point.x << "," << point.y << ")";
+    }
     return text.str();
 }
 
@@ -106,7 +113,7 @@ inline std::string described(const KivContourArray& contours)
 {
     std::string text;
     for (const KivContour& contour : contours) {
-        text += described(contour) + " ";
+        text += " contour" + described(contour);
     }
     return text;
 }

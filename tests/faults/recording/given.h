@@ -35,6 +35,12 @@ inline Ptr<KivROI> roi(int width, int height, Runs runs)
     return made;
 }
 
+/// Round or not is for the recording types the same: runs that GetMask() delivers.
+inline Ptr<KivROI> disc(int x, int y, int radius, int width, int height)
+{
+    return roi(width, height, {{y - 1, x, x}, {y, x - radius, x + radius}, {y + 1, x, x}});
+}
+
 inline cv::Mat matrix_of_bytes(int cols, int rows, const std::vector<unsigned char>& bytes)
 {
     return cv::Mat(rows, cols, CV_8UC1, const_cast<unsigned char*>(bytes.data())).clone();
