@@ -96,16 +96,17 @@ KivContour box(double left, double top, double right, double bottom)
     return {{left, top}, {right, top}, {right, bottom}, {left, bottom}};
 }
 
-/// An image of one column and as many rows as an int can count. Its pages are never touched, so it costs no memory.
-class TallestImage
+/// As many pixels as an int can count. Their pages are never touched, so they cost no memory.
+class MostPixels
 {
 public:
-    TallestImage() : pages_(mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)) {}
-    TallestImage(const TallestImage&) = delete;
-    TallestImage& operator=(const TallestImage&) = delete;
-    ~TallestImage() { munmap(pages_, size); }
+    MostPixels() : pages_(mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)) {}
+    MostPixels(const MostPixels&) = delete;
+    MostPixels& operator=(const MostPixels&) = delete;
+    ~MostPixels() { munmap(pages_, size); }
 
-    KivImage image() const { return KivImage(cv::Mat(INT_MAX, 1, CV_8UC1, pages_)); }
+    KivImage column() const { return KivImage(cv::Mat(INT_MAX, 1, CV_8UC1, pages_)); }
+    KivImage row() const { return KivImage(cv::Mat(1, INT_MAX, CV_8UC1, pages_)); }
 
 private:
     static constexpr std::size_t size = std::size_t{1} << 31;
@@ -216,6 +217,9 @@ hostile::Cases hostile::contour_cases()
         {"OutlinesOfTwoChannels", [] { return outlines_of(image(2, 2, CV_8UC2, 1)); }, "channels" + old_contours},
         {"OutlinesOf16Bits", [] { return outlines_of(image(2, 2, CV_16UC1, 1)); }, "bit depth" + old_contours},
         {"OutlinesOfPaddedImage", [=] { return outlines_of(padded()); }, "ok; 1 contours\n  2 points: (0, 0) (1, 0)"},
+        {"OutlinesOfFourChannels", [] { return outlines_of(image(2, 2, CV_16UC4, 1)); }, "channels" + old_contours},
+        {"OutlinesOfOneRow", [] { return outlines_of(image(2, 1, CV_8UC1, 1)); },
+         "ok; 1 contours\n  2 points: (0, 0) (1, 0)"},
         {"OutlinesOfOneColumn", [] { return outlines_of(image(1, 2, CV_8UC1, 1)); },
          "ok; 1 contours\n  2 points: (0, 0) (0, 1)"},
 
@@ -311,6 +315,12 @@ hostile::Cases hostile::contour_cases()
          "no image" + old_contours},
         {"MergedIntoTwoChannels", [] { return merged(image(2, 2, CV_8UC2, 1), KivContour(), true); },
          "channels" + old_contours},
+        {"MergedIntoFourChannels",
+         [] {
+             return merged(image(2, 2, CV_8UC4, 1), {{1, 1}}, true);
+         },
+         "channels" + old_contours},
+        {"MergedIntoOneColumn", [] { return merged(image(1, 2, CV_8UC1, 0), box(0, 1, 5, 9), true); }, "ok\n.\n#\n"},
         {"MergedNoPoints", [] { return merged(image(2, 2, CV_8UC1, 1), KivContour(), true); },
          "parameter 1" + old_contours},
         {"MergedPoint",
@@ -338,7 +348,15 @@ hostile::Cases hostile::contour_cases()
          },
          "ok\n..\n"},
         {"MergedInto16Bits", [] { return merged(image(2, 2, CV_16UC1, 0), box(0, 0, 1, 1), true); }, "ok\n##\n##\n"},
-        // The size of a frame around it is no int.
-        {"OutlinesOfTallestImage", [] { return outlines_of(TallestImage().image()); }, "std::invalid_argument"},
+        {"MergedFarAbove", [] { return merged(image(2, 1, CV_8UC1, 1), box(0, -4e6, 1, -2e6), false); }, "ok\n##\n"},
+        {"MergedBeside", [] { return merged(image(2, 2, CV_8UC1, 0), box(2, 0, 9, 1), true); }, "ok\n..\n..\n"},
+        {"MergedTwoPoints",
+         [] {
+             return merged(image(3, 2, CV_8UC1, 0), {{0.5, 0.5}, {2.5, 0.5}}, true);
+         },
+         "ok\n###\n...\n"},
+        // The size of a frame around these is no int.
+        {"OutlinesOfTallestImage", [] { return outlines_of(MostPixels().column()); }, "std::invalid_argument"},
+        {"OutlinesOfWidestImage", [] { return outlines_of(MostPixels().row()); }, "std::invalid_argument"},
     };
 }

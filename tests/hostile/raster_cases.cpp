@@ -13,6 +13,12 @@ cv::Mat pixels(int width, int height, int type, double value)
     return cv::Mat(height, width, type, cv::Scalar::all(value));
 }
 
+cv::Mat cube()
+{
+    const int sizes[] = {2, 2, 2};
+    return cv::Mat(3, sizes, CV_8UC1, cv::Scalar(1));
+}
+
 std::string region_of(KivImage image)
 {
     KivRegion region(2, 2, {});
@@ -100,6 +106,16 @@ hostile::Cases hostile::raster_cases()
         {"BinaryRegionOfFourChannelsOf16Bits", [=] { return region_of_binary(image(3, 1, CV_16UC4, 1)); },
          "channels" + old_region},
         {"BinaryRegionOf16Bits", [=] { return region_of_binary(image(3, 1, CV_16UC1, 1)); }, "bit depth" + old_region},
+        {"BinaryRegionOfOneRow", [=] { return region_of_binary(image(70, 1, CV_8UC1, 1)); }, "ok; 70 x 1: (0, 0, 69)"},
+        {"BinaryRegionOfOneColumn", [=] { return region_of_binary(image(1, 2, CV_8UC1, 1)); },
+         "ok; 1 x 2: (0, 0, 0) (1, 0, 0)"},
+        {"BinaryRegionOfSigned8Bits", [=] { return region_of_binary(image(3, 1, CV_8SC1, -1)); },
+         "bit depth" + old_region},
+        // Neither the width nor the height of more than two dimensions is one.
+        {"RegionOfThreeDimensions", [] { return region_of(KivImage(cube())); }, "std::invalid_argument"},
+        {"BinaryRegionOfThreeDimensions", [] { return region_of_binary(KivImage(cube())); }, "no image" + old_region},
+        {"MatrixOfThreeDimensions", [] { return matrix_of(KivImage(cube())); }, "no image" + old_image},
+        {"ImageOfThreeDimensions", [] { return image_of(KivMatrix(cube())); }, "parameter 1" + old_image},
         {"BinaryRegionOfPaddedImage", [=] { return region_of_binary(padded()); }, "ok; 3 x 2: (0, 0, 2) (1, 0, 2)"},
 
         {"ImageWithLowestForeground", [] { return image_of(far_reaching(), INT_MIN, -1, 0, 0); },
@@ -140,6 +156,7 @@ hostile::Cases hostile::raster_cases()
         {"MatrixOfEmptyImage", [] { return matrix_of(KivImage()); }, "no image" + old_image},
         {"MatrixOfMovedFrom", [=] { return matrix_of(moved_from(image(2, 2, CV_8UC1, 1))); }, "no image" + old_image},
         {"MatrixOfTwoChannels", [=] { return matrix_of(image(1, 1, CV_8UC2, 1)); }, "channels" + old_image},
+        {"MatrixOfFourChannels", [=] { return matrix_of(image(1, 1, CV_16UC4, 1)); }, "channels" + old_image},
         {"MatrixOf16Bits", [=] { return matrix_of(image(2, 1, CV_16UC1, 1)); }, "ok; 2 x 1, element type 2"},
         {"MatrixOfPaddedImage", [=] { return matrix_of(padded()); }, "ok; 3 x 2, element type 0\n 1 1 1\n 1 1 1"},
 

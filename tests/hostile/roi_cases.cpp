@@ -164,6 +164,9 @@ hostile::Cases hostile::roi_cases()
 
         {"RoiOfEmptyImage", [] { return roi_of(KivImage()); }, "no image" + old_roi},
         {"RoiOfTwoChannels", [] { return roi_of(image(2, 1, CV_8UC2)); }, "channels" + old_roi},
+        {"RoiOfFourChannels", [] { return roi_of(image(2, 1, CV_16UC4)); }, "channels" + old_roi},
+        {"RoiOfOneRow", [] { return roi_of(image(70, 1, CV_8UC1)); }, "ok; type 8, 70 x 1: (0, 0, 69)"},
+        {"RoiOfOneColumn", [] { return roi_of(image(1, 2, CV_8UC1)); }, "ok; type 8, 1 x 2: (0, 0, 0) (1, 0, 0)"},
         {"RoiOf16Bits", [] { return roi_of(image(2, 1, CV_16UC1)); }, "bit depth" + old_roi},
         {"RoiOfPaddedImage",
          [] { return roi_of(KivImage(support::padded(cv::Mat(1, 2, CV_8UC1, cv::Scalar(1)), 1, 2, 255).inner)); },

@@ -69,6 +69,18 @@ TYPED_TEST(MatHolder, CopiesHavePixelsOfTheirOwn)
     EXPECT_NE(original, copied);
 }
 
+TYPED_TEST(MatHolder, CopiesWithoutElementsKeepSizeAndType)
+{
+    const TypeParam original(cv::Mat(0, 7, CV_16UC1));
+    const TypeParam copied(original);
+    TypeParam assigned(ramp());
+    assigned = original;
+    for (const TypeParam& copy : {copied, assigned}) {
+        EXPECT_EQ(copy.Mat().cols, 7);
+        EXPECT_EQ(copy.Mat().type(), CV_16UC1);
+    }
+}
+
 TYPED_TEST(MatHolder, IsEmptyAndUsableAfterItWasMovedFrom)
 {
     TypeParam from(ramp());

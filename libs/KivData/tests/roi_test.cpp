@@ -133,6 +133,24 @@ TEST(RoiMask, ContainsWhatItsRunsCover)
     EXPECT_FALSE(roi.Parameters().Contains(3, 1));
 }
 
+TEST(Roi, ContainsNothingOutsideOfItsFrame)
+{
+    for (const KivROI& roi :
+         {KivROI::Circle(1, 1, 9, 3, 2), KivROI::Polygon({{-9, -9}, {9, -9}, {9, 9}, {-9, 9}}, 3, 2)}) {
+        EXPECT_TRUE(roi.Parameters().Contains(2, 1));
+        EXPECT_FALSE(roi.Parameters().Contains(-1, 1));
+        EXPECT_FALSE(roi.Parameters().Contains(3, 1));
+        EXPECT_FALSE(roi.Parameters().Contains(2, -1));
+        EXPECT_FALSE(roi.Parameters().Contains(2, 2));
+    }
+}
+
+TEST(Roi, WithoutAnAreaContainsNothing)
+{
+    EXPECT_FALSE(KivROI().Parameters().Contains(0, 0));
+    EXPECT_FALSE(KivROI::OpenCurve({{0, 0}, {2, 0}}, 3, 2).Parameters().Contains(1, 0));
+}
+
 TEST(RoiMask, RefusesBadArgumentsAndKeepsItsShape)
 {
     const KivROI before = KivROI::Circle(1, 1, 1, 2, 2);

@@ -70,25 +70,33 @@ TEST(Shape, IsReadBackWithItsParameters)
               (KivShape::RotatedRectangle{1, 2, 3, 4, 5}));
 }
 
+template <class Shape>
+void expect_each_counts(const Shape& shape, std::initializer_list<double Shape::*> parameters)
+{
+    EXPECT_TRUE(shape == Shape(shape));
+    for (double Shape::*parameter : parameters) {
+        Shape changed = shape;
+        changed.*parameter += 1;
+        EXPECT_FALSE(changed == shape);
+    }
+}
+
 TEST(Shape, ComparesEveryParameter)
 {
-    const KivShape::RingSector sector{1, 2, 3, 4, 5, 6};
-    for (double KivShape::RingSector::*parameter :
-         {&KivShape::RingSector::cx, &KivShape::RingSector::cy, &KivShape::RingSector::inner,
-          &KivShape::RingSector::outer, &KivShape::RingSector::start, &KivShape::RingSector::sweep}) {
-        KivShape::RingSector changed = sector;
-        changed.*parameter = 9;
-        EXPECT_FALSE(changed == sector);
-    }
-    const KivShape::Rectangle rectangle{1, 2, 3, 4};
-    EXPECT_FALSE(rectangle == (KivShape::Rectangle{9, 2, 3, 4}));
-    EXPECT_FALSE(rectangle == (KivShape::Rectangle{1, 9, 3, 4}));
-    EXPECT_FALSE(rectangle == (KivShape::Rectangle{1, 2, 9, 4}));
-    EXPECT_FALSE(rectangle == (KivShape::Rectangle{1, 2, 3, 9}));
-    const KivShape::Ellipse ellipse{1, 2, 3, 4, 5};
-    EXPECT_FALSE(ellipse == (KivShape::Ellipse{1, 2, 3, 4, 9}));
-    EXPECT_FALSE((KivShape::Polygon{{{1, 2}}}) == (KivShape::Polygon{{{1, 3}}}));
-    EXPECT_FALSE((KivShape::OpenCurve{{{1, 2}}}) == (KivShape::OpenCurve{{{1, 3}}}));
+    using namespace KivShape;
+    expect_each_counts(Rectangle{1, 2, 3, 4},
+                       {&Rectangle::left, &Rectangle::top, &Rectangle::right, &Rectangle::bottom});
+    expect_each_counts(RotatedRectangle{1, 2, 3, 4, 5},
+                       {&RotatedRectangle::cx, &RotatedRectangle::cy, &RotatedRectangle::length,
+                        &RotatedRectangle::breadth, &RotatedRectangle::angle});
+    expect_each_counts(Circle{1, 2, 3}, {&Circle::cx, &Circle::cy, &Circle::radius});
+    expect_each_counts(Ellipse{1, 2, 3, 4, 5},
+                       {&Ellipse::cx, &Ellipse::cy, &Ellipse::radius1, &Ellipse::radius2, &Ellipse::angle});
+    expect_each_counts(Ring{1, 2, 3, 4}, {&Ring::cx, &Ring::cy, &Ring::inner, &Ring::outer});
+    expect_each_counts(RingSector{1, 2, 3, 4, 5, 6}, {&RingSector::cx, &RingSector::cy, &RingSector::inner,
+                                                      &RingSector::outer, &RingSector::start, &RingSector::sweep});
+    EXPECT_FALSE((Polygon{{{1, 2}}}) == (Polygon{{{1, 3}}}));
+    EXPECT_FALSE((OpenCurve{{{1, 2}}}) == (OpenCurve{{{1, 3}}}));
 }
 
 TEST(Rectangle, HasItsSidesOnPixels)
