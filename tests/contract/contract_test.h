@@ -3,6 +3,7 @@
 #pragma once
 
 #include "double/described.h"
+#include "double/extraction.h"
 #include "double/recording.h"
 
 #include <KivData/KivData.h>
@@ -37,6 +38,7 @@ inline void start()
     recording::recorder().calls.clear();
     recording::recorder().call_count = 0;
     recording::recorder().rendered.reset();
+    recording::extracted().reset();
 }
 
 /// Watches inputs: when its scope ends they must be what they were when it began.

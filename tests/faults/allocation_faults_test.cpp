@@ -90,6 +90,17 @@ TEST_P(AllocationFaults, NothingIsLostWhenMemoryRunsOut)
     RecordProperty("faults", injected);
 }
 
+TEST(MergContour, CopiesTheImageBeforeItChecksAnything)
+{
+    faults::fail_matrices_too();
+    KivImage of_two_channels(cv::Mat(1, 1, CV_8UC2));
+    KivContour contour;
+    KivContourArray contours;
+    faults::fail_allocation(1);
+    EXPECT_THROW(KIVMV::KivMergContour(of_two_channels, contour, true, &contours), cv::Exception);
+    faults::fail_allocation(0);
+}
+
 INSTANTIATE_TEST_SUITE_P(All, AllocationFaults, testing::ValuesIn(faults::all_scenarios()),
                          [](const auto& scenario) { return scenario.param.name; });
 

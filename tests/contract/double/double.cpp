@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "extraction.h"
+
 #include <KivData/KivData.h>
 #include <KivRLC/KivRLC.h>
 
@@ -111,6 +113,12 @@ std::string text_of_vector(const Vector* vector)
 }
 
 } // namespace
+
+std::optional<std::vector<Run>>& recording::extracted()
+{
+    static std::optional<std::vector<Run>> runs;
+    return runs;
+}
 
 KivVar& KivVar::operator=(const KivVar& other)
 {
@@ -474,7 +482,7 @@ void KivRLC::FindContours(cv::Mat& mask, char mode, std::vector<cv::Point_<int>>
          << text_of_vector(runs) << ", " << text_of_vector(starts) << ", " << std::boolalpha << external << ", "
          << first << ", " << second << ", " << third << ", " << merge << ")";
     record_call(text.str());
-    for (const Run& run : runs_of(mask)) {
+    for (const Run& run : recording::extracted().value_or(runs_of(mask))) {
         runs->push_back(run);
     }
     // What an extractor may do besides, and what must make no difference.
