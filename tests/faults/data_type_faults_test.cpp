@@ -77,6 +77,8 @@ TEST_F(DataTypeFaults, LeaveAnArrayOfVariantsAsItWas)
         expect_all_or_nothing(start, [](KivVarArray& array) { array.Append(3); });
         expect_all_or_nothing(start, [&](KivVarArray& array) { array.Append(text); });
         expect_all_or_nothing(start, [&](KivVarArray& array) { array.Replace(0, text); });
+        expect_all_or_nothing(start, [](KivVarArray& array) { array.AppendRange(-1, 50); });
+        expect_all_or_nothing(start, [](KivVarArray& array) { array.AppendCopies(4, 50); });
         expect_all_or_nothing(start, [&](KivVarArray& array) { array = {5, 6, long_text.c_str()}; });
     }
     expect_all_or_nothing(packed, [](KivVarArray& array) { array[1] = KivVar(9.5); });
@@ -113,6 +115,7 @@ TEST_F(DataTypeFaults, LeaveContoursAndPointsAsTheyWere)
     expect_all_or_nothing(KivContourArray{other}, [&](KivContourArray& contours) { contours = others; });
     expect_all_or_nothing(KivContourArray{other}, [&](KivContourArray& contours) { contours.Append(other); });
     expect_all_or_nothing(KivPointArray{{5, 6}}, [](KivPointArray& array) { array.Append(KivPoint{7, 8}); });
+    expect_all_or_nothing(KivPointArray{{5, 6}}, [](KivPointArray& array) { array.AppendPixels(1, -1, 50); });
 }
 
 TEST_F(DataTypeFaults, LeaveContoursThatAreBeingTracedAsTheyWere)

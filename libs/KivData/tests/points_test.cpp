@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstring>
 #include <iterator>
 #include <stdexcept>
@@ -83,6 +84,28 @@ TEST(PointArray, HasValueSemantics)
     EXPECT_EQ(copy.Length(), 1);
     moved.Clear();
     EXPECT_EQ(moved, KivPointArray());
+}
+
+TEST(PointArray, AppendsThePixelsOfARow)
+{
+    KivPointArray array(sample);
+    array.Reserve(100);
+    EXPECT_EQ(array, sample);
+
+    KivPointArray expected(sample);
+    for (const KivPoint& pixel : {KivPoint{-1, 5}, KivPoint{0, 5}, KivPoint{INT_MAX, INT_MIN}}) {
+        expected.Append(pixel);
+    }
+    array.AppendPixels(5, -1, 0);
+    array.AppendPixels(INT_MIN, INT_MAX, INT_MAX);
+    EXPECT_EQ(array, expected);
+}
+
+TEST(PointArray, HasRoomForAsManyPointsAsAnIntCounts)
+{
+    KivPointArray array(sample);
+    EXPECT_THROW(array.AppendPixels(0, INT_MIN, INT_MAX), std::length_error);
+    EXPECT_EQ(array, sample);
 }
 
 } // namespace

@@ -235,4 +235,33 @@ TEST(VarArray, BehavesLikeAVectorOfVars)
     }
 }
 
+TEST(VarArray, AppendsRangesAndCopies)
+{
+    for (const KivVarArray& sample : samples) {
+        KivVarArray array(sample);
+        array.Reserve(100);
+        EXPECT_EQ(array, sample);
+
+        KivVarArray expected(sample);
+        for (const int value : {-1, 0, 1, INT_MAX, 7, 7, 7}) {
+            expected.Append(value);
+        }
+        array.AppendRange(-1, 1);
+        array.AppendRange(INT_MAX, INT_MAX);
+        array.AppendCopies(7, 3);
+        array.AppendCopies(8, 0);
+        EXPECT_EQ(array, expected);
+    }
+}
+
+TEST(VarArray, HasRoomForAsManyElementsAsAnIntCounts)
+{
+    for (const KivVarArray& sample : samples) {
+        KivVarArray array(sample);
+        EXPECT_THROW(array.AppendRange(INT_MIN, INT_MAX), std::length_error);
+        EXPECT_THROW(array.AppendCopies(0, std::size_t{INT_MAX}), std::length_error);
+        EXPECT_EQ(array, sample);
+    }
+}
+
 } // namespace
