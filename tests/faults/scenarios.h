@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -36,6 +37,8 @@ struct Scenario {
     Output on_failure;
     bool exceptions_become_a_code; // while the output is built
     std::function<Call()> prepare;
+
+    friend std::ostream& operator<<(std::ostream& out, const Scenario& scenario) { return out << scenario.name; }
 };
 
 /// What the output holds when nothing fails.
