@@ -1,27 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "workloads.h"
 
-#include <KivDataConvert/KivDataConvert.h>
-
 #include <opencv2/imgproc.hpp>
 
-#include <stdexcept>
+#include <initializer_list>
 #include <utility>
 
 namespace bench
 {
 namespace
 {
-
-KivRegion region_of(const cv::Mat& mask)
-{
-    KivImage image(mask);
-    KivRegion region;
-    if (KIVMV::KivBinImageToRegion(image, &region) != KIVMV::KIVMV_OK) {
-        throw std::logic_error("workloads: a mask that is no binary image");
-    }
-    return region;
-}
 
 cv::Mat moved(const cv::Mat& mask, cv::Point shift)
 {
@@ -30,6 +18,16 @@ cv::Mat moved(const cv::Mat& mask, cv::Point shift)
     const cv::Rect target = (whole + shift) & whole;
     mask(target - shift).copyTo(result(target));
     return result;
+}
+
+/// Room at the end of the mask, with one run on each of the given rows, counted from the last one.
+cv::Mat ends_apart(cv::Mat mask, std::initializer_list<int> rows_from_last)
+{
+    mask.rowRange(mask.rows - 4, mask.rows).setTo(0);
+    for (const int row : rows_from_last) {
+        mask.row(mask.rows - 1 - row).colRange(0, 3).setTo(255);
+    }
+    return mask;
 }
 
 } // namespace
@@ -96,44 +94,43 @@ cv::Mat tall(int rows, unsigned seed)
     return mask;
 }
 
-Workload workload(std::string name, const cv::Mat& mask, cv::Point shift)
+Workload::Workload(std::string its_name, const cv::Mat& mask, cv::Point shift)
+    : name(std::move(its_name)), a(ends_apart(mask.clone(), {2, 1})), b(ends_apart(moved(mask, shift), {0}))
 {
-    cv::Mat second = moved(mask, shift);
-    return {std::move(name), mask, second, region_of(mask), region_of(second)};
 }
 
-const std::vector<Workload>& workloads()
+const Workloads& workloads()
 {
-    static const std::vector<Workload> all = [] {
-        std::vector<Workload> made;
-        made.push_back(workload("blobs", blobs({3840, 2160}, 200, 1), {40, 25}));
-        made.push_back(workload("strokes", strokes({2048, 2048}, 80, 2), {3, 2}));
-        made.push_back(workload("noise", noise({1920, 1080}, 3), {5, 3}));
-        made.push_back(workload("ring", ring({8192, 8192}), {300, 200}));
-        made.push_back(workload("tall", tall(100000, 4), {20, 0}));
-        made.push_back(workload("small", blobs({64, 64}, 3, 5), {2, 1}));
-        return made;
+    static Workload blobs_at("blobs", blobs({3840, 2160}, 200, 1), {40, 25});
+    static Workload strokes_at("strokes", strokes({2048, 2048}, 80, 2), {3, 2});
+    static Workload noise_at("noise", noise({1920, 1080}, 3), {5, 3});
+    static Workload ring_at("ring", ring({8192, 8192}), {300, 200});
+    static Workload tall_at("tall", tall(100000, 4), {20, 0});
+    static Workload small_at("small", blobs({64, 64}, 3, 5), {2, 1});
+    static const Workloads all = {&blobs_at, &strokes_at, &noise_at, &ring_at, &tall_at, &small_at};
+    return all;
+}
+
+const Workloads& union_workloads()
+{
+    static Workload strokes_at("few_strokes", strokes({512, 512}, 20, 2), {3, 2});
+    static Workload noise_at("little_noise", noise({240, 135}, 3), {5, 3});
+    static const Workloads all = [] {
+        Workloads some = workloads();
+        some[1] = &strokes_at;
+        some[2] = &noise_at;
+        return some;
     }();
     return all;
 }
 
-std::vector<Workload> growing(const std::string& kind)
+const Workloads& growing_workloads()
 {
-    std::vector<Workload> made;
-    for (const int factor : {1, 4, 16}) {
-        const std::string name = kind + "_" + std::to_string(factor) + "n";
-        if (kind == "blobs") {
-            // More of the same: a strip of the same height, so that rows get more runs and runs keep their length.
-            made.push_back(workload(name, blobs({960 * factor, 1080}, 40 * factor, 1), {40, 25}));
-        } else if (kind == "strokes") {
-            made.push_back(workload(name, strokes({512, 512 * factor}, 20 * factor, 2), {3, 2}));
-        } else if (kind == "tall") {
-            made.push_back(workload(name, tall(20000 * factor, 4), {20, 0}));
-        } else {
-            throw std::invalid_argument("workloads: no growing kind " + kind);
-        }
-    }
-    return made;
+    static Workload n("growth_1", strokes({512, 1024}, 40, 2), {3, 2});
+    static Workload n4("growth_4", strokes({512, 4096}, 160, 2), {3, 2});
+    static Workload n16("growth_16", strokes({512, 16384}, 640, 2), {3, 2});
+    static const Workloads all = {&n, &n4, &n16};
+    return all;
 }
 
 } // namespace bench

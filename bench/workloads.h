@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The shapes that everything is timed on, made by the project itself from fixed seeds.
+//
+// The set operations treat the ends of the two run lists by rules of their own (docs/set-algebra.md). So that every
+// contestant makes the same pixels, the last four rows of a mask are set apart: the first operand has one run on each
+// of two of them, the second one a run on the last row, and none of these meets anything.
 #pragma once
 
-#include <KivData/KivData.h>
+#include "shape.h"
 
 #include <opencv2/core.hpp>
 
@@ -12,28 +16,30 @@
 namespace bench
 {
 
-/// A mask (0 and 255), its runs, and the same shape moved a little, as the second operand of set operations.
-struct Workload {
-    std::string name;
-    cv::Mat mask;
-    cv::Mat moved_mask;
-    KivRegion region;
-    KivRegion moved_region;
-};
-
 cv::Mat blobs(cv::Size size, int count, unsigned seed);   // filled ellipses of all sizes
 cv::Mat strokes(cv::Size size, int lines, unsigned seed); // short thin strokes in lines, like text
 cv::Mat noise(cv::Size size, unsigned seed);              // every pixel set with a probability of one half
 cv::Mat ring(cv::Size size);                              // one thick ring that nearly fills the image
 cv::Mat tall(int rows, unsigned seed);                    // one run on every row
 
-/// The workload of a mask; `shift` is how far the second operand is moved.
-Workload workload(std::string name, const cv::Mat& mask, cv::Point shift);
+/// A shape, and the same one moved a little, as the second operand of set operations.
+struct Workload {
+    Workload(std::string name, const cv::Mat& mask, cv::Point shift);
 
-/// All workloads, made once: blobs, strokes, noise, ring, tall and small.
-const std::vector<Workload>& workloads();
+    std::string name;
+    Shape a;
+    Shape b;
+};
 
-/// Blobs, strokes and rows of one run at a growing number of runs, for growth.
-std::vector<Workload> growing(const std::string& kind);
+using Workloads = std::vector<Workload*>;
+
+/// For everything but unions: blobs, strokes, noise, ring, tall and small.
+const Workloads& workloads();
+
+/// The same for unions, which make of p and q runs on a row p q runs: strokes and noise are narrower and lower.
+const Workloads& union_workloads();
+
+/// Strokes at n, 4 n and 16 n: more rows of the same.
+const Workloads& growing_workloads();
 
 } // namespace bench

@@ -18,7 +18,7 @@ inline constexpr bool bulk_operations_are_used = false;
 inline constexpr bool bulk_operations_are_used = true;
 #endif
 
-/// A region that shows its runs as a flat list and takes one over. bench/algebra_bench.cpp measures it as region_union.
+/// A region that shows its runs as a flat list and takes one over. bench/ measures it.
 template <class Region>
 concept KeepsFlatRuns = bulk_operations_are_used && requires(Region& region, RunList runs)
 {

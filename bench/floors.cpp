@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+// The least that somebody who does a function's work has to do. What comes out is no shape, or only by chance.
+#include "contest.h"
+#include "contestants.h"
+
+#include <KivRLC/KivRLC.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace bench
+{
+namespace
+{
+
+/// Keeps a result from being compared.
+template <class Result>
+struct Unshown {
+    Result result;
+};
+template <class Result>
+Unshown(Result) -> Unshown<Result>;
+
+std::vector<Run> extracted(cv::Mat& mask)
+{
+    std::vector<Run> runs;
+    KivRLC::FindContours(mask, 1, nullptr, nullptr, nullptr, nullptr, &runs, nullptr, true, -1, -1, 1, false);
+    return runs;
+}
+
+/// The mask's bytes, copied to where there is room already.
+void enter_copied_mask(const char* function, Workload& work)
+{
+    auto target = std::make_shared<Lazy<cv::Mat>>([&work] { return work.a.mask.clone(); });
+    enter(function, work, "floor:memcpy", [&mask = work.a.mask, target] {
+        std::memcpy((*target)().data, mask.data, mask.total());
+        return Unshown{target->operator()().data};
+    });
+}
+
+void enter_cleared_mask(const char* function, Workload& work)
+{
+    enter(function, work, "floor:clear",
+          [size = work.a.mask.size()] { return Unshown{cv::Mat(cv::Mat::zeros(size, CV_8UC1))}; });
+}
+
+void enter_copied_runs(const char* function, Workload& work)
+{
+    enter(function, work, "floor:copy_runs", [&a = work.a] { return Unshown{std::vector<Run>(a.runs())}; });
+}
+
+/// Both lists merged into one by row: every run read and written once.
+void enter_merge(const std::string& name, Workload& work)
+{
+    for (const char* kind : {"KivRegion", "KivROI"}) {
+        enter(kind + name, work, "floor:merge", [&work] {
+            const std::vector<Run>& a = work.a.runs();
+            const std::vector<Run>& b = work.b.runs();
+            std::vector<Run> merged(a.size() + b.size());
+            std::merge(a.begin(), a.end(), b.begin(), b.end(), merged.begin(),
+                       [](const Run& left, const Run& right) { return left.row < right.row; });
+            return Unshown{std::move(merged)};
+        });
+    }
+}
+
+/// The pixels painted into a mask of the shape's size, and its runs extracted.
+void enter_paint_and_extract(Workload& work)
+{
+    enter("KivVarArrayToRegion", work, "floor:paint+extract", [&a = work.a] {
+        cv::Mat mask = cv::Mat::zeros(a.mask.size(), CV_8UC1);
+        const std::vector<int>& xs = *a.pixels().xs.PackedInts();
+        const std::vector<int>& ys = *a.pixels().ys.PackedInts();
+        for (std::size_t i = 0; i < xs.size(); ++i) {
+            mask.ptr(ys[i])[xs[i]] = 255;
+        }
+        return Unshown{extracted(mask)};
+    });
+    enter("KivPointArrayToRegion", work, "floor:paint+extract", [&a = work.a] {
+        cv::Mat mask = cv::Mat::zeros(a.mask.size(), CV_8UC1);
+        for (const KivPoint& point : a.points()) {
+            mask.ptr(static_cast<int>(point.y))[static_cast<int>(point.x)] = 255;
+        }
+        return Unshown{extracted(mask)};
+    });
+}
+
+} // namespace
+} // namespace bench
+
+void bench::enter_floors(Workload& work)
+{
+    Shape& a = work.a;
+    for (const char* function : {"KivImageToRegion", "KivBinImageToRegion", "KivBinImageToROI",
+                                 "KivBinImageToContourArray", "KivMergContour"}) {
+        enter_copied_mask(function, work);
+    }
+    for (const char* function : {"KivRegionToImage", "KivRegionToBinImage", "KivROIToBinImage",
+                                 "KivContourArrayToBinImage", "KivContourArrayToRegion"}) {
+        enter_cleared_mask(function, work);
+    }
+    enter_copied_runs("KivROIToRegion", work);
+    enter_copied_runs("KivRegionToROI", work);
+    enter_paint_and_extract(work);
+    enter("KivRegionToVarArray", work, "floor:memset", [&a] {
+        return Unshown{
+            std::make_pair(std::vector<int>(a.points().Points().size()), std::vector<int>(a.points().Points().size()))};
+    });
+    enter("KivRegionToPointArray", work, "floor:memset",
+          [&a] { return Unshown{std::vector<KivPoint>(a.points().Points().size())}; });
+    enter("KivContourToPointArray", work, "floor:copy",
+          [&a] { return Unshown{std::vector<KivPoint>(a.longest_points().Points())}; });
+    enter("KivPointArrayToContour", work, "floor:copy",
+          [&a] { return Unshown{std::vector<KivPoint>(a.longest_points().Points())}; });
+    enter("maxbit", work, "floor:copy+max", [&a] {
+        const std::vector<int> rows = *a.run_arrays().rows.PackedInts();
+        return Unshown{*std::max_element(rows.begin(), rows.end())};
+    });
+}
+
+void bench::enter_floors_of_set_operations(Workload& work)
+{
+    enter_merge("And", work);
+    enter_merge("Sub", work);
+    for (const char* function : {"KivRegionNot", "KivROINot"}) {
+        enter_copied_runs(function, work);
+    }
+}
+
+void bench::enter_floors_of_unions(Workload& work)
+{
+    enter_merge("Add", work);
+}
