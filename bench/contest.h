@@ -33,10 +33,11 @@ struct Entry {
     std::string function;
     std::string workload;
     std::string contestant;
-    const Workload* on = nullptr;
-    std::function<void()> prepare = [] {};          // before each call, not timed
-    bool is_prepared = false;                       // whether that does anything
-    std::function<void()> call;                     // makes the result and lets go of it
+    Workload* on = nullptr;
+    std::function<void()> prepare = [] {}; // before each call, not timed
+    bool is_prepared = false;              // whether that does anything
+    std::size_t scratch_bytes = 0;         // memory it may use for itself, where that is not the workload's to say
+    std::function<void()> call;            // makes the result and lets go of it
     std::function<std::optional<Outcome>()> result; // what is made; nothing where it is no shape
     std::function<void(Witness&)> witnessed;        // a call, and a copy of its result
 };
@@ -46,7 +47,7 @@ std::vector<Entry>& entries();
 
 /// Enters a contestant. `make` returns the result; outcome_of() of the result is compared with the other contestants'.
 template <class Make>
-Entry& enter(std::string function, const Workload& work, std::string contestant, Make make)
+Entry& enter(std::string function, Workload& work, std::string contestant, Make make)
 {
     Entry entry;
     entry.function = std::move(function);

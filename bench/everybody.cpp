@@ -8,10 +8,7 @@ namespace
 
 void enter_conversions(Workload& work)
 {
-    enter_kiv_arrays(work);
-    enter_kiv_raster(work);
-    enter_kiv_contours(work);
-    enter_kiv_rois(work);
+    enter_kiv_conversions(work);
     enter_floors(work);
     enter_opencv(work);
 #ifdef KIV_BENCH_OPENCV_RUNS
@@ -48,21 +45,40 @@ void enter_unions(Workload& work)
 #endif
 }
 
+/// Beside the floors, which show how much of the growth is the machine's.
+void enter_growth(Workload& work)
+{
+    enter_kiv_conversions(work);
+    enter_kiv_set_operations(work);
+    enter_kiv_unions(work);
+    enter_kiv_filling(work);
+    enter_floors(work);
+}
+
 } // namespace
 } // namespace bench
 
 void bench::enter_everybody()
 {
-    for (const Workloads* kind : {&workloads(), &growing_workloads()}) {
-        for (Workload* work : *kind) {
-            enter_conversions(*work);
-            enter_set_operations(*work);
-        }
+    for (Workload* work : workloads()) {
+        enter_conversions(*work);
+        enter_set_operations(*work);
     }
-    for (const Workloads* kind : {&union_workloads(), &growing_workloads()}) {
-        for (Workload* work : *kind) {
-            enter_unions(*work);
-        }
+    for (Workload* work : lighter_workloads()) {
+        enter_unions(*work);
+        enter_kiv_filling(*work);
+        enter_opencv_filling(*work);
+    }
+    for (Workload* work : growing_workloads()) {
+        enter_growth(*work);
     }
     enter_sorts();
+}
+
+void bench::enter_kiv_conversions(Workload& work)
+{
+    enter_kiv_arrays(work);
+    enter_kiv_raster(work);
+    enter_kiv_contours(work);
+    enter_kiv_rois(work);
 }

@@ -95,8 +95,7 @@ void bench::enter_floors(Workload& work)
                                  "KivBinImageToContourArray", "KivMergContour"}) {
         enter_copied_mask(function, work);
     }
-    for (const char* function : {"KivRegionToImage", "KivRegionToBinImage", "KivROIToBinImage",
-                                 "KivContourArrayToBinImage", "KivContourArrayToRegion"}) {
+    for (const char* function : {"KivRegionToImage", "KivRegionToBinImage", "KivROIToBinImage"}) {
         enter_cleared_mask(function, work);
     }
     enter_copied_runs("KivROIToRegion", work);

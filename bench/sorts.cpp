@@ -68,7 +68,7 @@ Outcome outcome_of(const Slot<RunArrays>* slot)
 
 /// A contestant that sorts a list of its own, of the given runs.
 template <class List, class Sort>
-void enter_sort(const Workload& work, const char* contestant, List (*list_of)(const Runs&), Runs (*make)(), Sort sort)
+void enter_sort(Workload& work, const char* contestant, List (*list_of)(const Runs&), Runs (*make)(), Sort sort)
 {
     auto given = std::make_shared<Lazy<List>>([=] { return list_of(make()); });
     auto slot = std::make_shared<Slot<List>>();
@@ -78,6 +78,7 @@ void enter_sort(const Workload& work, const char* contestant, List (*list_of)(co
     });
     entry.prepare = [given, slot] { slot->content = (*given)(); };
     entry.is_prepared = true;
+    entry.scratch_bytes = 1'000'000 * sizeof(Run);
 }
 
 Runs as_it_is(const Runs& runs)
@@ -85,7 +86,7 @@ Runs as_it_is(const Runs& runs)
     return runs;
 }
 
-void enter_all(const Workload& work, Runs (*make)())
+void enter_all(Workload& work, Runs (*make)())
 {
     enter_sort(work, "kiv", arrays_of, make,
                [](RunArrays& arrays) { KIVMV::radixsort(arrays.rows, arrays.col_begins, arrays.col_ends); });
@@ -98,15 +99,14 @@ void enter_all(const Workload& work, Runs (*make)())
 
 void bench::enter_sorts()
 {
-    static const Workload shuffled("shuffled", cv::Mat::zeros(8, 8, CV_8UC1), {});
-    static const Workload ascending("ascending", cv::Mat::zeros(8, 8, CV_8UC1), {});
+    static Workload shuffled("shuffled", cv::Mat::zeros(8, 8, CV_8UC1), {});
+    static Workload ascending("ascending", cv::Mat::zeros(8, 8, CV_8UC1), {});
     enter_all(shuffled, shuffled_million);
     enter_all(ascending, ascending_million);
     // The rows alone decide, and they are an array of their own.
     auto arrays = std::make_shared<Lazy<RunArrays>>([] { return arrays_of(ascending_million()); });
     enter("radixsort", ascending, "floor:check", [arrays] {
         const std::vector<int>& rows = *(*arrays)().rows.PackedInts();
-        const bool sorted = std::is_sorted(rows.begin(), rows.end());
-        return sorted;
+        return std::is_sorted(rows.begin(), rows.end());
     });
 }

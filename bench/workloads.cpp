@@ -111,7 +111,7 @@ const Workloads& workloads()
     return all;
 }
 
-const Workloads& union_workloads()
+const Workloads& lighter_workloads()
 {
     static Workload strokes_at("few_strokes", strokes({512, 512}, 20, 2), {3, 2});
     static Workload noise_at("little_noise", noise({240, 135}, 3), {5, 3});

@@ -33,11 +33,12 @@ struct Workload {
 
 using Workloads = std::vector<Workload*>;
 
-/// For everything but unions: blobs, strokes, noise, ring, tall and small.
+/// Blobs, strokes, noise, ring, tall and small.
 const Workloads& workloads();
 
-/// The same for unions, which make of p and q runs on a row p q runs: strokes and noise are narrower and lower.
-const Workloads& union_workloads();
+/// The same with less of strokes and noise, for what costs more than the size of a shape: unions, which make p q runs
+/// of p and q runs on a row, and cv::drawContours, whose time grows with the square of the edges on a row.
+const Workloads& lighter_workloads();
 
 /// Strokes at n, 4 n and 16 n: more rows of the same.
 const Workloads& growing_workloads();

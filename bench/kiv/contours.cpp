@@ -33,20 +33,10 @@ void bench::enter_kiv_contours(Workload& work)
         succeed(KIVMV::KivRegionToContourArray(a.region(), &contours));
         return contours;
     });
-    enter("KivContourArrayToRegion", work, "kiv", [&a] {
-        KivRegion region;
-        succeed(KIVMV::KivContourArrayToRegion(a.contours(), a.mask.cols, a.mask.rows, &region));
-        return region;
-    });
     enter("KivContourToRegion", work, "kiv", [&a] {
         KivRegion region;
         succeed(KIVMV::KivContourToRegion(a.longest_contour(), &region));
         return region;
-    });
-    enter("KivContourArrayToBinImage", work, "kiv", [&a] {
-        KivImage image;
-        succeed(KIVMV::KivContourArrayToBinImage(&image, a.contours(), a.mask.cols, a.mask.rows));
-        return image;
     });
     enter("KivBinImageToContourArray", work, "kiv", [&a] {
         KivContourArray contours;
@@ -57,5 +47,20 @@ void bench::enter_kiv_contours(Workload& work)
         KivContourArray contours;
         succeed(KIVMV::KivMergContour(a.image(), b.longest_contour(), true, &contours));
         return contours;
+    });
+}
+
+void bench::enter_kiv_filling(Workload& work)
+{
+    Shape& a = work.a;
+    enter("KivContourArrayToRegion", work, "kiv", [&a] {
+        KivRegion region;
+        succeed(KIVMV::KivContourArrayToRegion(a.contours(), a.mask.cols, a.mask.rows, &region));
+        return region;
+    });
+    enter("KivContourArrayToBinImage", work, "kiv", [&a] {
+        KivImage image;
+        succeed(KIVMV::KivContourArrayToBinImage(&image, a.contours(), a.mask.cols, a.mask.rows));
+        return image;
     });
 }

@@ -68,13 +68,12 @@ void bench::enter_opencv(Workload& work)
         });
     }
     for (const char* function : {"KivRegionToImage", "KivRegionToBinImage", "KivROIToBinImage"}) {
-        enter(function, work, "peer:opencv", [&a] { return filled(a.chains(), a.mask.size()); });
+        enter(function, work, "peer:opencv", [&a] {
+            cv::Mat image(a.mask.size(), CV_8UC1, cv::Scalar(0));
+            image.setTo(255, a.mask);
+            return image;
+        });
     }
-    enter("KivRegionToImage", work, "peer:opencv_setTo", [&a] {
-        cv::Mat image(a.mask.size(), CV_8UC1, cv::Scalar(0));
-        image.setTo(255, a.mask);
-        return image;
-    });
     enter("KivImageToMatrix", work, "calls:header", [&a] { return cv::Mat(a.mask); });
     enter("KivMatrixToImage", work, "calls:convertTo", [&a] {
         cv::Mat image;
@@ -88,9 +87,6 @@ void bench::enter_opencv(Workload& work)
             benchmark::DoNotOptimize(cleared.data);
             return traced(a.mask);
         });
-    }
-    for (const char* function : {"KivContourArrayToRegion", "KivContourArrayToBinImage"}) {
-        enter(function, work, "calls:clear+drawContours", [&a] { return filled(a.chains(), a.mask.size()); });
     }
     enter("KivContourToRegion", work, "calls:clear+drawContours",
           [&a] { return filled({a.longest_chain()}, frame_of(a.longest_chain())); });
@@ -117,6 +113,14 @@ void bench::enter_opencv_set_operations(Workload& work)
     // Of masks of 0 and 255 the saturated difference is that of sets, and one pass less than and-not.
     enter_binary("Sub", work, [](const cv::Mat& a, const cv::Mat& b, cv::Mat& out) { cv::subtract(a, b, out); });
     enter_binary("Not", work, [](const cv::Mat& a, const cv::Mat&, cv::Mat& out) { cv::bitwise_not(a, out); });
+}
+
+void bench::enter_opencv_filling(Workload& work)
+{
+    Shape& a = work.a;
+    for (const char* function : {"KivContourArrayToRegion", "KivContourArrayToBinImage"}) {
+        enter(function, work, "calls:clear+drawContours", [&a] { return filled(a.chains(), a.mask.size()); });
+    }
 }
 
 void bench::enter_opencv_unions(Workload& work)
