@@ -13,14 +13,14 @@ void enter_kiv_arrays(Workload& work);
 void enter_kiv_raster(Workload& work);
 void enter_kiv_contours(Workload& work);
 void enter_kiv_rois(Workload& work);
-void enter_kiv_filling(Workload& work);        // of contours
+void enter_kiv_contour_arrays(Workload& work); // of contours
 void enter_kiv_set_operations(Workload& work); // but unions
 void enter_kiv_unions(Workload& work);
 
 // Peers and floors, which take part in any of these.
 void enter_opencv(Workload& work);
 void enter_opencv_set_operations(Workload& work);
-void enter_opencv_filling(Workload& work);
+void enter_opencv_contour_arrays(Workload& work);
 void enter_opencv_unions(Workload& work);
 void enter_opencv_runs(Workload& work);
 void enter_pixman(Workload& work);

@@ -51,7 +51,7 @@ void enter_growth(Workload& work)
     enter_kiv_conversions(work);
     enter_kiv_set_operations(work);
     enter_kiv_unions(work);
-    enter_kiv_filling(work);
+    enter_kiv_contour_arrays(work);
     enter_floors(work);
 }
 
@@ -66,8 +66,8 @@ void bench::enter_everybody()
     }
     for (Workload* work : lighter_workloads()) {
         enter_unions(*work);
-        enter_kiv_filling(*work);
-        enter_opencv_filling(*work);
+        enter_kiv_contour_arrays(*work);
+        enter_opencv_contour_arrays(*work);
     }
     for (Workload* work : growing_workloads()) {
         enter_growth(*work);

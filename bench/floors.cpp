@@ -91,8 +91,7 @@ void enter_paint_and_extract(Workload& work)
 void bench::enter_floors(Workload& work)
 {
     Shape& a = work.a;
-    for (const char* function : {"KivImageToRegion", "KivBinImageToRegion", "KivBinImageToROI",
-                                 "KivBinImageToContourArray", "KivMergContour"}) {
+    for (const char* function : {"KivImageToRegion", "KivBinImageToRegion", "KivBinImageToROI"}) {
         enter_copied_mask(function, work);
     }
     for (const char* function : {"KivRegionToImage", "KivRegionToBinImage", "KivROIToBinImage"}) {

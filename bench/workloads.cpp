@@ -126,9 +126,9 @@ const Workloads& lighter_workloads()
 
 const Workloads& growing_workloads()
 {
-    static Workload n("growth_1", strokes({512, 1024}, 40, 2), {3, 2});
-    static Workload n4("growth_4", strokes({512, 4096}, 160, 2), {3, 2});
-    static Workload n16("growth_16", strokes({512, 16384}, 640, 2), {3, 2});
+    static Workload n("growth_1", strokes({512, 256}, 10, 2), {3, 2});
+    static Workload n4("growth_4", strokes({512, 1024}, 40, 2), {3, 2});
+    static Workload n16("growth_16", strokes({512, 4096}, 160, 2), {3, 2});
     static const Workloads all = {&n, &n4, &n16};
     return all;
 }

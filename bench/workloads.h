@@ -37,7 +37,7 @@ using Workloads = std::vector<Workload*>;
 const Workloads& workloads();
 
 /// The same with less of strokes and noise, for what costs more than the size of a shape: unions, which make p q runs
-/// of p and q runs on a row, and cv::drawContours, whose time grows with the square of the edges on a row.
+/// of p and q runs on a row; and OpenCV's contours, where time grows faster than their number.
 const Workloads& lighter_workloads();
 
 /// Strokes at n, 4 n and 16 n: more rows of the same.

@@ -28,15 +28,20 @@ void bench::enter_kiv_contours(Workload& work)
         succeed(KIVMV::KivPointArrayToContour(a.longest_points(), &contour));
         return contour;
     });
-    enter("KivRegionToContourArray", work, "kiv", [&a] {
-        KivContourArray contours;
-        succeed(KIVMV::KivRegionToContourArray(a.region(), &contours));
-        return contours;
-    });
     enter("KivContourToRegion", work, "kiv", [&a] {
         KivRegion region;
         succeed(KIVMV::KivContourToRegion(a.longest_contour(), &region));
         return region;
+    });
+}
+
+void bench::enter_kiv_contour_arrays(Workload& work)
+{
+    Shape& a = work.a;
+    enter("KivRegionToContourArray", work, "kiv", [&a] {
+        KivContourArray contours;
+        succeed(KIVMV::KivRegionToContourArray(a.region(), &contours));
+        return contours;
     });
     enter("KivBinImageToContourArray", work, "kiv", [&a] {
         KivContourArray contours;
@@ -48,11 +53,11 @@ void bench::enter_kiv_contours(Workload& work)
         succeed(KIVMV::KivMergContour(a.image(), b.longest_contour(), true, &contours));
         return contours;
     });
-}
-
-void bench::enter_kiv_filling(Workload& work)
-{
-    Shape& a = work.a;
+    enter("KivROIToContourArray", work, "kiv", [&a] {
+        KivContourArray contours;
+        succeed(KIVMV::KivROIToContourArray(a.roi(), &contours));
+        return contours;
+    });
     enter("KivContourArrayToRegion", work, "kiv", [&a] {
         KivRegion region;
         succeed(KIVMV::KivContourArrayToRegion(a.contours(), a.mask.cols, a.mask.rows, &region));

@@ -28,9 +28,4 @@ void bench::enter_kiv_rois(Workload& work)
         succeed(KIVMV::KivBinImageToROI(a.image(), &roi));
         return roi;
     });
-    enter("KivROIToContourArray", work, "kiv", [&a] {
-        KivContourArray contours;
-        succeed(KIVMV::KivROIToContourArray(a.roi(), &contours));
-        return contours;
-    });
 }

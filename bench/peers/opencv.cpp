@@ -80,21 +80,8 @@ void bench::enter_opencv(Workload& work)
         a.matrix().Mat().convertTo(image, CV_8U);
         return image;
     });
-    enter("KivBinImageToContourArray", work, "calls:findContours", [&a] { return traced(a.mask); });
-    for (const char* function : {"KivRegionToContourArray", "KivROIToContourArray"}) {
-        enter(function, work, "calls:clear+findContours", [&a] {
-            const cv::Mat cleared = cv::Mat::zeros(a.mask.size(), CV_8UC1);
-            benchmark::DoNotOptimize(cleared.data);
-            return traced(a.mask);
-        });
-    }
     enter("KivContourToRegion", work, "calls:clear+drawContours",
           [&a] { return filled({a.longest_chain()}, frame_of(a.longest_chain())); });
-    enter("KivMergContour", work, "calls:copy+drawContours+findContours", [&a, &b = work.b] {
-        cv::Mat copy = a.mask.clone();
-        fill(copy, {b.longest_chain()});
-        return traced(copy);
-    });
     enter("KivContourToVarArray", work, "peer:opencv_convertTo", [&a] {
         std::vector<cv::Point> pixels;
         cv::Mat(a.longest_contour().AllPoints()).convertTo(pixels, CV_32S);
@@ -115,9 +102,22 @@ void bench::enter_opencv_set_operations(Workload& work)
     enter_binary("Not", work, [](const cv::Mat& a, const cv::Mat&, cv::Mat& out) { cv::bitwise_not(a, out); });
 }
 
-void bench::enter_opencv_filling(Workload& work)
+void bench::enter_opencv_contour_arrays(Workload& work)
 {
     Shape& a = work.a;
+    enter("KivBinImageToContourArray", work, "calls:findContours", [&a] { return traced(a.mask); });
+    for (const char* function : {"KivRegionToContourArray", "KivROIToContourArray"}) {
+        enter(function, work, "calls:clear+findContours", [&a] {
+            const cv::Mat cleared = cv::Mat::zeros(a.mask.size(), CV_8UC1);
+            benchmark::DoNotOptimize(cleared.data);
+            return traced(a.mask);
+        });
+    }
+    enter("KivMergContour", work, "calls:copy+drawContours+findContours", [&a, &b = work.b] {
+        cv::Mat copy = a.mask.clone();
+        fill(copy, {b.longest_chain()});
+        return traced(copy);
+    });
     for (const char* function : {"KivContourArrayToRegion", "KivContourArrayToBinImage"}) {
         enter(function, work, "calls:clear+drawContours", [&a] { return filled(a.chains(), a.mask.size()); });
     }
