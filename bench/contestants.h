@@ -8,7 +8,6 @@ namespace bench
 {
 
 // This library.
-void enter_kiv_conversions(Workload& work); // the next four
 void enter_kiv_arrays(Workload& work);
 void enter_kiv_raster(Workload& work);
 void enter_kiv_contours(Workload& work);
@@ -29,6 +28,7 @@ void enter_pixman_unions(Workload& work);
 void enter_roaring_set_operations(Workload& work);
 void enter_roaring_unions(Workload& work);
 void enter_floors(Workload& work);
+void enter_floors_of_contours(Workload& work);
 void enter_floors_of_set_operations(Workload& work);
 void enter_floors_of_unions(Workload& work);
 

@@ -8,8 +8,12 @@ namespace
 
 void enter_conversions(Workload& work)
 {
-    enter_kiv_conversions(work);
+    enter_kiv_arrays(work);
+    enter_kiv_raster(work);
+    enter_kiv_contours(work);
+    enter_kiv_rois(work);
     enter_floors(work);
+    enter_floors_of_contours(work);
     enter_opencv(work);
 #ifdef KIV_BENCH_OPENCV_RUNS
     enter_opencv_runs(work);
@@ -45,14 +49,27 @@ void enter_unions(Workload& work)
 #endif
 }
 
-/// Beside the floors, which show how much of the growth is the machine's.
-void enter_growth(Workload& work)
+/// The library alone, and the floors, which show how much of the growth is the machine's.
+void enter_growth()
 {
-    enter_kiv_conversions(work);
-    enter_kiv_set_operations(work);
-    enter_kiv_unions(work);
-    enter_kiv_contour_arrays(work);
-    enter_floors(work);
+    for (Workload* work : growing_rows()) {
+        enter_kiv_arrays(*work);
+        enter_kiv_raster(*work);
+        enter_kiv_rois(*work);
+        enter_kiv_set_operations(*work);
+        enter_kiv_unions(*work);
+        enter_floors(*work);
+        enter_floors_of_set_operations(*work);
+        enter_floors_of_unions(*work);
+    }
+    for (Workload* work : growing_outline()) {
+        enter_kiv_contours(*work);
+        enter_floors_of_contours(*work);
+    }
+    for (Workload* work : few_growing_rows()) {
+        enter_kiv_contour_arrays(*work);
+        enter_opencv_contour_arrays(*work);
+    }
 }
 
 } // namespace
@@ -69,16 +86,6 @@ void bench::enter_everybody()
         enter_kiv_contour_arrays(*work);
         enter_opencv_contour_arrays(*work);
     }
-    for (Workload* work : growing_workloads()) {
-        enter_growth(*work);
-    }
+    enter_growth();
     enter_sorts();
-}
-
-void bench::enter_kiv_conversions(Workload& work)
-{
-    enter_kiv_arrays(work);
-    enter_kiv_raster(work);
-    enter_kiv_contours(work);
-    enter_kiv_rois(work);
 }

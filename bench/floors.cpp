@@ -106,14 +106,19 @@ void bench::enter_floors(Workload& work)
     });
     enter("KivRegionToPointArray", work, "floor:memset",
           [&a] { return Unshown{std::vector<KivPoint>(a.points().Points().size())}; });
-    enter("KivContourToPointArray", work, "floor:copy",
-          [&a] { return Unshown{std::vector<KivPoint>(a.longest_points().Points())}; });
-    enter("KivPointArrayToContour", work, "floor:copy",
-          [&a] { return Unshown{std::vector<KivPoint>(a.longest_points().Points())}; });
     enter("maxbit", work, "floor:copy+max", [&a] {
         const std::vector<int> rows = *a.run_arrays().rows.PackedInts();
         return Unshown{*std::max_element(rows.begin(), rows.end())};
     });
+}
+
+void bench::enter_floors_of_contours(Workload& work)
+{
+    Shape& a = work.a;
+    enter("KivContourToPointArray", work, "floor:copy",
+          [&a] { return Unshown{std::vector<KivPoint>(a.longest_points().Points())}; });
+    enter("KivPointArrayToContour", work, "floor:copy",
+          [&a] { return Unshown{std::vector<KivPoint>(a.longest_points().Points())}; });
 }
 
 void bench::enter_floors_of_set_operations(Workload& work)

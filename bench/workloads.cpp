@@ -4,6 +4,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include <initializer_list>
+#include <memory>
 #include <utility>
 
 namespace bench
@@ -28,6 +29,18 @@ cv::Mat ends_apart(cv::Mat mask, std::initializer_list<int> rows_from_last)
         mask.row(mask.rows - 1 - row).colRange(0, 3).setTo(255);
     }
     return mask;
+}
+
+Workloads growing(cv::Mat (*make)(int factor))
+{
+    static std::vector<std::unique_ptr<Workload>> kept;
+    Workloads made;
+    for (const int factor : {1, 4, 16}) {
+        const cv::Point shift(3, 2);
+        kept.push_back(std::make_unique<Workload>("growth_" + std::to_string(factor), make(factor), shift));
+        made.push_back(kept.back().get());
+    }
+    return made;
 }
 
 } // namespace
@@ -124,12 +137,21 @@ const Workloads& lighter_workloads()
     return all;
 }
 
-const Workloads& growing_workloads()
+const Workloads& growing_rows()
 {
-    static Workload n("growth_1", strokes({512, 256}, 10, 2), {3, 2});
-    static Workload n4("growth_4", strokes({512, 1024}, 40, 2), {3, 2});
-    static Workload n16("growth_16", strokes({512, 4096}, 160, 2), {3, 2});
-    static const Workloads all = {&n, &n4, &n16};
+    static const Workloads all = growing([](int factor) { return strokes({256, 4096 * factor}, 160 * factor, 2); });
+    return all;
+}
+
+const Workloads& few_growing_rows()
+{
+    static const Workloads all = growing([](int factor) { return strokes({512, 256 * factor}, 10 * factor, 2); });
+    return all;
+}
+
+const Workloads& growing_outline()
+{
+    static const Workloads all = growing([](int factor) { return tall(1000 * factor, 4); });
     return all;
 }
 

@@ -40,7 +40,9 @@ const Workloads& workloads();
 /// of p and q runs on a row; and OpenCV's contours, where time grows faster than their number.
 const Workloads& lighter_workloads();
 
-/// Strokes at n, 4 n and 16 n: more rows of the same.
-const Workloads& growing_workloads();
+/// At n, 4 n and 16 n: rows of strokes; fewer of them, for OpenCV's contours; and rows of one run, whose outline grows.
+const Workloads& growing_rows();
+const Workloads& few_growing_rows();
+const Workloads& growing_outline();
 
 } // namespace bench

@@ -70,6 +70,16 @@ def growth(_target, timings, _memory):
             yield Finding(function, "growth", exponent, "")
 
 
+def growth_beyond(_target, timings, _memory):
+    """Beyond the exponent of the floor, or of OpenCV's own calls, on the same shapes."""
+    of_all = exponents(timings)
+    for (function, contestant), exponent in of_all.items():
+        if contestant == OURS:
+            for (other_function, other), others in of_all.items():
+                if other_function == function and other != OURS:
+                    yield Finding(function, "growth", exponent - others, other)
+
+
 def allocations(target, _timings, memory):
     for (function, workload), entry in memory.items():
         if target.concerns(function, workload):
@@ -87,6 +97,7 @@ MEASURES = {
     "time per run": time_per_run_ratios,
     "nanoseconds": nanoseconds,
     "exponent": growth,
+    "exponent beyond": growth_beyond,
     "allocations": allocations,
     "bytes": bytes_in_use,
 }
