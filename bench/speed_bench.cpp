@@ -13,7 +13,6 @@
 
 #include <cstdlib>
 #include <exception>
-#include <limits>
 #include <string>
 
 namespace
@@ -22,7 +21,7 @@ namespace
 void keep_freed_memory()
 {
     mallopt(M_MMAP_MAX, 0);
-    mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
+    mallopt(M_TRIM_THRESHOLD, -1); // never
 }
 
 bool memory_is_returned()
