@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "../contest.h"
-#include "../contestants.h"
-#include "call.h"
+#include "contest.h"
+#include "contestants.h"
+#include "kiv/call.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 

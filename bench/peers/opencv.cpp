@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 // OpenCV on masks, and the calls of OpenCV that the library makes itself.
-#include "../contest.h"
-#include "../contestants.h"
+#include "contest.h"
+#include "contestants.h"
 
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
-
-#include <climits>
 
 namespace bench
 {

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The run-length morphology of OpenCV's contributed modules.
-#include "../contest.h"
-#include "../contestants.h"
+#include "contest.h"
+#include "contestants.h"
 
 #include <opencv2/imgproc.hpp>
 #include <opencv2/ximgproc/run_length_morphology.hpp>
+
+#include <algorithm>
+#include <memory>
 
 namespace bench
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Pixman's regions: lists of rectangles, of which those that lie below each other are joined.
-#include "../contest.h"
-#include "../contestants.h"
+#include "contest.h"
+#include "contestants.h"
 
 #include <pixman.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Roaring bitmaps: the set of the pixels' places, counted row by row, in containers that are runs where that is
 // shorter.
-#include "../contest.h"
-#include "../contestants.h"
+#include "contest.h"
+#include "contestants.h"
 
 #include <roaring/roaring.h>
 

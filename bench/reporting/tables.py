@@ -8,7 +8,16 @@ WORKLOADS = ["blobs", "strokes", "few_strokes", "noise", "little_noise", "ring",
 
 
 def in_order(workloads):
-    return sorted(set(workloads), key=lambda name: (WORKLOADS.index(name) if name in WORKLOADS else 99, name))
+    return sorted(set(workloads), key=WORKLOADS.index)
+
+
+def by_name(keys_and_values):
+    """[((function, workload), value)] by function, then in the order of the workloads."""
+    def place(item):
+        function, workload = item[0]
+        return function, WORKLOADS.index(workload.split("_")[0] if workload.startswith("growth") else workload)
+
+    return sorted(keys_and_values, key=place)
 
 
 def number(value):
@@ -34,7 +43,7 @@ def verdict(target, found):
 
 
 def target_overview(judged):
-    rows = [[target.what, f"≤ {target.at_most:g}", number(max((f.value for f in found), default=0)),
+    rows = [[target.what, f"≤ {target.at_most:g}", number(max(finding.value for finding in found)) if found else "",
              verdict(target, found)] for target, found in judged]
     return table(["what", "target", "worst", "result"], rows)
 
@@ -44,7 +53,7 @@ def target_table(target, found):
     workloads = in_order(finding.workload for finding in found)
     values = {(finding.function, finding.workload): finding for finding in found}
     rows = []
-    for function in dict.fromkeys(finding.function for finding in found):
+    for function in sorted({finding.function for finding in found}):
         row = [function]
         for workload in workloads:
             finding = values.get((function, workload))
@@ -57,7 +66,7 @@ def target_table(target, found):
 def full_table(timings):
     """Every function and workload: our time, and everybody else's in ours."""
     rows = []
-    for (function, workload), contestants in timings.items():
+    for (function, workload), contestants in by_name(timings.items()):
         ours = contestants.get(OURS)
         if ours is None or workload.startswith("growth"):
             continue
@@ -70,9 +79,9 @@ def full_table(timings):
 def returned_table(kept, returned):
     """The same contests with malloc as it is, beside those where freed memory is kept."""
     rows = []
-    for key, contestants in returned.items():
+    for key, contestants in by_name(returned.items()):
         ours = contestants.get(OURS)
-        for name, timing in contestants.items():
+        for name, timing in sorted(contestants.items()):
             if ours and name != OURS and name in kept.get(key, {}):
                 with_kept = kept[key][OURS].nanoseconds / kept[key][name].nanoseconds
                 rows.append([*key, name, number(with_kept), number(ours.nanoseconds / timing.nanoseconds)])
@@ -82,7 +91,7 @@ def returned_table(kept, returned):
 def growth_table(exponents):
     """Our exponent, and that of the floor on the same shapes."""
     rows = []
-    for (function, contestant), exponent in exponents.items():
+    for (function, contestant), exponent in sorted(exponents.items()):
         if contestant == OURS:
             floors = [f"{name} {value:.2f}" for (of, name), value in exponents.items()
                       if of == function and name != OURS]
