@@ -47,3 +47,9 @@ constexpr bool kiv_mutant(int number)
     kiv_mutation::reached[number] = 1;
     return kiv_mutation::chosen == number;
 }
+
+/// The same in the value of a constant, which must therefore be computed when the program starts.
+inline bool kiv_mutant_of_constant(int number)
+{
+    return kiv_mutant(number);
+}

@@ -2,6 +2,7 @@
 """Runs the tests: once each to see which mutants they come by, and again for each mutant."""
 
 import hashlib
+import math
 import os
 import pickle
 import re
@@ -14,6 +15,8 @@ from pathlib import Path
 
 WORKERS = 2
 MEMORY = 4 << 30  # bytes of address space
+QUICK = 0.01  # seconds; tests that take longer are run after those of their program that do not
+SLOW = 0.1  # seconds; tests that take longer are kept for mutants that survive the others
 MOST_MUTANTS = 1 << 16  # as mutant.h has it
 
 
@@ -33,9 +36,9 @@ def run(program, tests, seconds, number=0, reached=None, output=subprocess.DEVNU
     if tests is not None:
         environment["GTEST_FILTER"] = ":".join(tests)
     process = subprocess.Popen(
-        ["prlimit", f"--as={MEMORY}", f"--cpu={int(seconds) + 1}", "--core=0", program, "--gtest_fail_fast",
+        ["prlimit", f"--as={MEMORY}", f"--cpu={math.ceil(seconds)}", "--core=0", program, "--gtest_fail_fast",
          "--gtest_brief=1"], cwd=program.parent, env=environment, stdout=output, stderr=subprocess.STDOUT)
-    alarm = threading.Timer(20 * seconds + 20, process.kill)  # for one that waits for what never comes
+    alarm = threading.Timer(100 * seconds + 100, process.kill)  # for one that waits for what never comes
     alarm.start()
     _, status, usage = os.wait4(process.pid, 0)
     alarm.cancel()
@@ -83,12 +86,12 @@ def record_all(programs, folder):
 
 def first_to_notice(tests, number, output=subprocess.DEVNULL):
     """The program whose tests notice a mutant, the quickest ones being asked first; None if all of them pass."""
-    by_program = {}
+    groups = {}
     for test in tests:
-        by_program.setdefault(test.program, []).append(test)
-    for program, its_tests in sorted(by_program.items(), key=lambda item: sum(test.seconds for test in item[1])):
-        seconds = sum(test.seconds for test in its_tests)
-        passes, _ = run(program, [test.name for test in its_tests], 10 * seconds + 1, number, output=output)
+        groups.setdefault((test.program, test.seconds > QUICK), []).append(test)
+    for (program, _), group in sorted(groups.items(), key=lambda item: sum(test.seconds for test in item[1])):
+        passes, _ = run(program, [test.name for test in group], 10 * sum(test.seconds for test in group), number,
+                        output=output)
         if not passes:
             return program
     return None

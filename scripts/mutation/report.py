@@ -18,12 +18,12 @@ def folder_of(mutant):
 
 
 def table(mutants, verdicts):
-    """Counts by folder. Verdicts: noticed, survived, equivalent, uncompilable."""
+    """Counts by folder. Verdicts: noticed, survived, equivalent, impossible."""
     counts = Counter((folder_of(mutant), verdicts[mutant.name]) for mutant in mutants)
     folders = sorted({folder_of(mutant) for mutant in mutants})
-    rows = [["folder", "mutants", "noticed", "equivalent", "survived", "uncompilable"]]
+    rows = [["folder", "mutants", "noticed", "equivalent", "survived", "impossible"]]
     for folder in folders:
-        of_folder = [counts[folder, verdict] for verdict in ("noticed", "equivalent", "survived", "uncompilable")]
+        of_folder = [counts[folder, verdict] for verdict in ("noticed", "equivalent", "survived", "impossible")]
         rows.append([folder, sum(of_folder), *of_folder])
     rows.append(["all", *(sum(row[column] for row in rows[1:]) for column in range(1, 6))])
     return "\n".join(f"{row[0]:<20}" + "".join(f"{cell:>13}" for cell in row[1:]) for row in rows)

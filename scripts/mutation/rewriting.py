@@ -6,7 +6,7 @@ from dataclasses import dataclass
 from .sites import CONDITION, RESULT, STATEMENT, Site, flat
 
 
-@dataclass
+@dataclass(eq=False)
 class Mutant:
     """A site and one of the texts that may stand there."""
 
@@ -14,22 +14,27 @@ class Mutant:
     site: Site
     after: str
     name: str  # the same as long as the changed place is; what lists of mutants go by
-    is_plain: bool = False  # needs a build of its own
+    build: str = "shared"  # or "own", where it cannot be chosen in a running program, or "impossible"
 
     def place(self):
         return f"{self.site.path}:{self.site.line}"
 
 
 def make_mutants(sites):
+    """Numbered from a multiple of 100 on in each file, so that a change of one file seldom renumbers the others."""
     mutants = []
     times_named = {}
+    number = 0
     for site in sites:
+        if mutants and mutants[-1].site.path != site.path:
+            number += 100 - number % 100
         for after in site.afters:
             name = f"{site.path} {site.function}: {site.before} => {after}"
             times_named[name] = times_named.get(name, 0) + 1
             if times_named[name] > 1:
                 name += f" #{times_named[name]}"
-            mutants.append(Mutant(len(mutants) + 1, site, after, name))
+            number += 1
+            mutants.append(Mutant(number, site, after, name))
     return mutants
 
 
@@ -62,11 +67,11 @@ class Rewriting:
 
     def __init__(self, source, mutants):
         self.source = source
-        chosen = [mutant for mutant in mutants if not mutant.is_plain]
+        chosen = [mutant for mutant in mutants if mutant.build == "shared"]
         self.words = {mutant.site.constant: mutant.site.in_class for mutant in chosen if mutant.site.constant}
         self.pieces = []
         self.length = 0
-        self.spans = []  # (start, end, mutants): where they are in the result
+        self.spans = []  # (start, end, mutants, whether it is the text of one): where they are in the result
         self.write_range(0, len(source), nested(chosen))
         self.text = "".join(self.pieces)
 
@@ -98,20 +103,22 @@ class Rewriting:
         else:
             self.put("(")
             for mutant in node.mutants:
+                self.put(f"{'kiv_mutant_of_constant' if node.site.constant else 'kiv_mutant'}({mutant.number}) ? ")
                 after_start = self.length
-                self.put(f"kiv_mutant({mutant.number}) ? ({mutant.after}) : ")
-                self.spans.append((after_start, self.length, [mutant]))
+                self.put(f"({mutant.after})")
+                self.spans.append((after_start, self.length, [mutant], True))
+                self.put(" : ")
             self.put({STATEMENT: "(void)(", CONDITION: "static_cast<bool>(", RESULT: "("}.get(node.site.rank, "("))
             self.write_range(node.site.start, node.site.end, node.inner)
             self.put("))")
-        self.spans.append((start, self.length, node.mutants))
+        self.spans.append((start, self.length, node.mutants, False))
 
     def mutants_at(self, line, column):
-        """The mutants at a place of the result: the innermost one, or all of the innermost site."""
+        """The mutants at a place of the result, and whether it is in the text of one: else they are all of a site."""
         lines = self.text.split("\n")
         offset = sum(len(text) + 1 for text in lines[:line - 1]) + len(lines[line - 1].encode()[:column - 1].decode())
         around = [span for span in self.spans if span[0] <= offset < span[1]]
-        return min(around, key=lambda span: span[1] - span[0])[2] if around else []
+        return min(around, key=lambda span: span[1] - span[0])[2:] if around else ([], False)
 
 
 def with_mutant(source, mutant):

@@ -6,7 +6,7 @@ from dataclasses import dataclass, field
 from pathlib import Path
 
 from clang.cindex import CursorKind as Kind
-from clang.cindex import Index, TranslationUnitLoadError, TypeKind
+from clang.cindex import Index, TranslationUnit, TranslationUnitLoadError, TypeKind
 
 RELATIONS = {"<": ("<=", ">="), "<=": ("<", ">"), ">": (">=", "<="), ">=": (">", "<"), "==": ("!=",), "!=": ("==",)}
 ARITHMETIC = {"+": ("-",), "-": ("+",), "*": ("/",), "/": ("*",), "%": ("*",)}
@@ -20,6 +20,7 @@ STEPS = {"++": "--", "--": "++"}
 NUMBER = re.compile(r"(0[xX][0-9a-fA-F']+|[0-9][0-9']*(\.[0-9]*)?([eE][-+]?[0-9]+)?)[uUlLzZfF]*")
 FUNCTIONS = (Kind.FUNCTION_DECL, Kind.CXX_METHOD, Kind.CONSTRUCTOR, Kind.DESTRUCTOR, Kind.CONVERSION_FUNCTION,
              Kind.FUNCTION_TEMPLATE)
+CLASSES = (Kind.STRUCT_DECL, Kind.CLASS_DECL)
 # Values that the compiler needs: they cannot be chosen while the program runs.
 CONSTANT_PARENTS = (Kind.STATIC_ASSERT, Kind.ENUM_CONSTANT_DECL)
 
@@ -49,7 +50,15 @@ def flat(text):
 
 
 class Finder:
-    def __init__(self, root, folders):
+    """Collects sites. What is read again and again, the headers of others, is parsed once."""
+
+    def __init__(self, root, folders, arguments, scratch):
+        self.index = Index.create(excludeDecls=True)
+        self.others = str(scratch / "headers.pch")
+        header = scratch / "headers.h"
+        header.write_text("#include <opencv2/imgproc.hpp>\n#include <algorithm>\n#include <optional>\n")
+        self.index.parse(str(header), args=[*arguments, "-x", "c++-header"],
+                         options=TranslationUnit.PARSE_INCOMPLETE).save(self.others)
         self.root = root
         self.folders = folders
         self.texts = {}
@@ -58,8 +67,9 @@ class Finder:
 
     def parse(self, source, arguments):
         """Adds what a source file and the headers it includes hold."""
-        unit = Index.create().parse(source, args=arguments)
-        errors = [str(note) for note in unit.diagnostics if note.severity >= 3]
+        unit = self.index.parse(source, args=[*arguments, "-include-pch", self.others])
+        # Clang 14 stumbles over a type of its own when it reads what it has parsed before.
+        errors = [str(note) for note in unit.diagnostics if note.severity >= 3 and "__va_list_tag" not in note.spelling]
         if errors:
             raise TranslationUnitLoadError("\n".join(errors))
         new = set()
@@ -73,9 +83,9 @@ class Finder:
 
     def path_of(self, cursor):
         file = cursor.location.file
-        if file is None or not Path(file.name).is_relative_to(self.root):
+        if file is None or not file.name.startswith(f"{self.root}/"):
             return None
-        path = str(Path(file.name).relative_to(self.root))
+        path = file.name[len(f"{self.root}/"):]
         return path if any(re.match(folder, path) for folder in self.folders) else None
 
     def text(self, path, start, end):
@@ -86,13 +96,12 @@ class Finder:
             return
         start, end = extent(cursor)
         if cursor.kind in FUNCTIONS:
-            function = cursor.spelling
+            function = name_of(cursor)
         if cursor.kind in (Kind.VAR_DECL, Kind.FIELD_DECL):
-            function = function or cursor.spelling
+            function = function or name_of(cursor)
             word = re.search(r"\bconstexpr\b", self.text(path, start, cursor.location.offset))
             if word:
-                constant = (start + word.start(), start + word.end(), cursor.semantic_parent.kind in
-                            (Kind.STRUCT_DECL, Kind.CLASS_DECL))
+                constant = (start + word.start(), start + word.end(), cursor.semantic_parent.kind in CLASSES)
         if start < end <= len(self.texts[path]):
             for rank, (first, last), afters in self.changes(cursor, parent, path):
                 self.add(path, first, last, rank, function, afters, constant)
@@ -129,7 +138,8 @@ class Finder:
         whole = extent(cursor)
         text = flat(self.text(path, *whole))
         children = list(cursor.get_children())
-        if is_statement(cursor, parent) and cursor.kind != Kind.CXX_THROW_EXPR:
+        is_left_out = cursor.kind == Kind.CXX_THROW_EXPR or text.startswith("assert(")
+        if is_statement(cursor, parent) and not is_left_out:
             yield STATEMENT, whole, ["(void)0"]
         if cursor.kind in (Kind.BREAK_STMT, Kind.CONTINUE_STMT):
             yield STATEMENT, whole, [""]
@@ -201,6 +211,8 @@ class Finder:
             return None
         stop = closing(head, head.index("("))
         parts = semicolons(head, head.index("("), stop)
+        if not parts and any(child.kind == Kind.VAR_DECL for child in children):
+            return None
         if cursor.kind == Kind.FOR_STMT:
             low, high = parts[0], parts[1]
         else:
@@ -210,6 +222,13 @@ class Finder:
             if start + low < first and last <= start + high and child.kind.is_expression():
                 return child
         return None
+
+
+def name_of(cursor):
+    """The name of a function or variable, with that of its class."""
+    if cursor.lexical_parent is not None and cursor.lexical_parent.kind in CLASSES:
+        return f"{cursor.lexical_parent.spelling}::{cursor.spelling}"
+    return cursor.spelling
 
 
 def extent(cursor):
@@ -257,9 +276,10 @@ def semicolons(text, opening, stop):
     return found
 
 
-def find_sites(root, commands, folders):
+def find_sites(root, commands, folders, scratch):
     """All places in the folders (regular expressions), in the order of files and lines; and the files' contents."""
-    finder = Finder(root, folders)
+    finder = Finder(root, folders, [word for word in commands[0][1] if "/opencv" in word or word.startswith("-std")],
+                    scratch)
     for source, arguments in commands:
         finder.parse(source, arguments)
     return [finder.sites[key] for key in sorted(finder.sites)], finder.texts

@@ -35,10 +35,13 @@ class Tree:
         self.configure()
         found, self.sources = self.find_sites()
         self.mutants = make_mutants(found)
+        self.apart = self.folder / "apart.json"  # mutants that are known not to be fit for the shared build
+        apart = json.loads(self.apart.read_text()) if self.apart.exists() else {}
+        for mutant in self.mutants:
+            mutant.build = apart.get(mutant.name, "shared")
 
     def copy_project(self):
-        listed = run_or_exit(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"], cwd=self.root)
-        wanted = {path for path in listed.split("\0") if path and (self.root / path).is_file()}
+        wanted = set(self.project_files())
         for path in wanted:
             # The files that get mutants are written when the mutants are known; until then any content will do.
             if not self.is_mutated(path) or not (self.copy / path).exists():
@@ -46,6 +49,10 @@ class Tree:
         for file in list(self.copy.rglob("*")):
             if file.is_file() and str(file.relative_to(self.copy)) not in wanted:
                 file.unlink()
+
+    def project_files(self):
+        listed = run_or_exit(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"], cwd=self.root)
+        return sorted(path for path in listed.split("\0") if path and (self.root / path).is_file())
 
     @staticmethod
     def is_mutated(path):
@@ -73,18 +80,23 @@ class Tree:
     def find_sites(self):
         """As find_sites() of the module of that name; what it found is kept for as long as nothing that counts changes."""
         commands = list(self.commands())
-        files = sorted(path for path in self.root.rglob("*.[hc]*") if self.is_mutated(str(path.relative_to(self.root))))
-        state = hashlib.sha256(repr(commands).encode())
-        for file in [*files, Path(sites.__file__)]:
-            state.update(file.read_bytes())
+        state = self.state_of_sites(commands)
         kept = self.folder / "sites.pickle"
         if kept.exists():
             kept_state, found = pickle.loads(kept.read_bytes())
-            if kept_state == state.hexdigest():
+            if kept_state == state:
                 return found
-        found = sites.find_sites(self.root, commands, FOLDERS)
-        kept.write_bytes(pickle.dumps((state.hexdigest(), found)))
+        found = sites.find_sites(self.root, commands, FOLDERS, self.folder)
+        kept.write_bytes(pickle.dumps((state, found)))
         return found
+
+    def state_of_sites(self, commands):
+        """A hash of all that the sites depend on."""
+        state = hashlib.sha256(repr(commands).encode())
+        for path in [*self.project_files(), sites.__file__]:
+            if self.is_mutated(path) or path == sites.__file__:
+                state.update(path.encode() + (self.root / path).read_bytes())
+        return state.hexdigest()
 
     def commands(self):
         """(file, compiler arguments) of the libraries' sources, as they are in the project itself."""
@@ -96,7 +108,7 @@ class Tree:
                                               previous(words, word) == "-isystem"]
 
     def build(self):
-        """Builds the test programs with all mutants in them; those that do not compile are left to plain text or dropped."""
+        """Builds the test programs with all mutants in them, apart from those with which they do not compile."""
         while True:
             files = self.write_mutated()
             done = subprocess.run(["cmake", "--build", self.build_folder, "--target", *self.targets(), "--", "-k0"],
@@ -115,21 +127,24 @@ class Tree:
 
     def set_apart(self, output, files):
         """Takes out of the build the mutants that the compiler complains about. Returns whether there are any."""
-        apart = set()
-        for path, line, column, kind in re.findall(r"^(\S+?):(\d+):(\d+): (error|note)", output, re.MULTILINE):
-            path = Path(path).resolve()
+        complaints = re.findall(r"^(\S+?):(\d+):(\d+): (error|note)", output, re.MULTILINE)
+        apart = {}
+        for path, line, column, kind in complaints:
+            path = (self.build_folder / path).resolve()
             path = str(path.relative_to(self.copy)) if path.is_relative_to(self.copy) else None
             if path not in files:
                 continue
             if kind == "error":
-                apart.update(mutant.number for mutant in files[path].mutants_at(int(line), int(column)))
+                mutants, in_text = files[path].mutants_at(int(line), int(column))
+                apart.update((mutant, "impossible" if in_text else "own") for mutant in mutants)
             else:
                 # A constant that compiling cannot do without: the complaint is about its use.
-                apart.update(mutant.number for mutant in self.mutants if mutant.site.constant and
-                             mutant.site.path == path and mutant.site.line == int(line))
-        for mutant in self.mutants:
-            if mutant.number in apart:
-                mutant.is_plain = True
+                apart.update((mutant, "own") for mutant in self.mutants if mutant.build == "shared" and
+                             mutant.site.constant and mutant.site.path == path and mutant.site.line == int(line))
+        for mutant, build in apart.items():
+            mutant.build = build
+        kept = {mutant.name: mutant.build for mutant in self.mutants if mutant.build != "shared"}
+        self.apart.write_text(json.dumps(kept, indent=1))
         return bool(apart)
 
     def targets(self):
@@ -141,8 +156,8 @@ class Tree:
     def programs(self):
         return [self.build_folder / target for target in self.targets()]
 
-    def build_plain(self, mutant):
-        """Builds with one mutant as plain text. Returns whether it compiles."""
+    def build_alone(self, mutant):
+        """Builds with one mutant in the text of its file. Returns whether it compiles."""
         path = self.copy / mutant.site.path
         write_if_changed(path, with_mutant(self.sources[mutant.site.path], mutant).encode())
         command = ["cmake", "--build", self.build_folder, "--target", *self.targets()]

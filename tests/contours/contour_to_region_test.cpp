@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace
@@ -188,6 +189,15 @@ TEST(ContourToRegion, FarNegativeCoordinatesAreQuick)
         expect_region({{-2e9, -2e9}, {5, 5}, {5, 0}},
                       KivRegion(6, 6, {{0, 0, 5}, {1, 1, 5}, {2, 2, 5}, {3, 3, 5}, {4, 4, 5}, {5, 5, 5}}));
     }));
+}
+
+TEST(ContourToRegion, AContourFromFarAboveMayBeginAtAnyOfItsPoints)
+{
+    std::vector<cv::Point_<double>> points = {{5, 5}, {0, 5}, {0, -3e6}, {2, -4e6}, {5, -3e6}};
+    for (std::size_t first = 0; first < points.size(); ++first) {
+        expect_region(KivContour(points), full(6, 6));
+        std::rotate(points.begin(), points.begin() + 1, points.end());
+    }
 }
 
 TEST(ContourToRegion, ALineFromFarAwayIsQuick)

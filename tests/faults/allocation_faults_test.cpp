@@ -44,6 +44,35 @@ Attempt attempt_with_fault(const faults::Call& call, long fault_at)
     return attempt;
 }
 
+TEST(RunExtraction, KeepsWhatTheListHeldWhenMemoryRunsOut)
+{
+    cv::Mat mask(4, 8, CV_8UC1, cv::Scalar(255));
+    for (long fault_at = 1, length = 0; length == 0; ++fault_at) {
+        std::vector<::Run> runs{{7, 8, 9}};
+        faults::fail_allocation(fault_at);
+        try {
+            KivRLC::FindContours(mask, 1, nullptr, nullptr, nullptr, nullptr, &runs, nullptr, true, -1, -1, 1, false);
+            length = static_cast<long>(runs.size());
+        } catch (const std::bad_alloc&) {
+            EXPECT_EQ(runs.size(), 1U);
+        }
+        faults::fail_allocation(0);
+        EXPECT_EQ(runs.front(), (::Run{7, 8, 9}));
+        EXPECT_LT(fault_at, 9);
+    }
+}
+
+TEST(Variants, ReleaseTheirTexts)
+{
+    const long living_before = faults::living_blocks();
+    {
+        KivVarArray texts{KivVar("one"), KivVar(2)};
+        texts.Append(KivVar("three"));
+        texts[0] = KivVar(1);
+    }
+    EXPECT_EQ(faults::living_blocks(), living_before);
+}
+
 TEST_P(AllocationFaults, NothingIsLostWhenMemoryRunsOut)
 {
     const Scenario& scenario = GetParam();

@@ -92,6 +92,12 @@ TEST(Contour, IsAHoleWhenItsPointsRunClockwiseOnTheScreen)
     }
 }
 
+TEST(Contour, IsAHoleHoweverSmall)
+{
+    EXPECT_TRUE((KivContour{{0.0, 0.0}, {1e-3, 0.0}, {0.0, 1e-3}}).IsHole());
+    EXPECT_FALSE((KivContour{{0.0, 0.0}, {0.0, 1e-3}, {1e-3, 0.0}}).IsHole());
+}
+
 TEST(Contour, IsNoHoleWithoutAnInside)
 {
     EXPECT_FALSE(KivContour().IsHole());

@@ -118,6 +118,23 @@ TYPED_TEST(MatHolder, ComparesSizeTypeAndBytes)
     EXPECT_NE(holder, TypeParam(changed));
 }
 
+TYPED_TEST(MatHolder, ComparesAllBytesOfWideElements)
+{
+    const cv::Mat wide(2, 3, CV_32SC2, cv::Scalar(1, 2));
+    cv::Mat changed = wide.clone();
+    changed.at<cv::Vec2i>(1, 2)[1] = 3;
+    EXPECT_EQ(TypeParam(wide), TypeParam(wide.clone()));
+    EXPECT_NE(TypeParam(wide), TypeParam(changed));
+}
+
+TYPED_TEST(MatHolder, CopiesSizeAndTypeOfAMatrixWithoutElements)
+{
+    const TypeParam holder(cv::Mat(0, 3, CV_16UC2));
+    const TypeParam copied(holder);
+    EXPECT_EQ(copied.Mat().type(), CV_16UC2);
+    EXPECT_EQ(copied.Mat().size(), cv::Size(3, 0));
+}
+
 TYPED_TEST(MatHolder, ComparesViewsByTheirPixels)
 {
     cv::Mat large(10, 10, CV_8UC1, cv::Scalar(200));

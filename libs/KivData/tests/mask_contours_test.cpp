@@ -246,6 +246,20 @@ TEST(MaskContours, RefusesColourAndKeepsItsOutputs)
     EXPECT_EQ(height, -2);
 }
 
+TEST(MaskContours, RefusesMasksThatLeaveNoRoomForAFrame)
+{
+    uchar pixel = 255;
+    cv::Mat longest(1, 1, CV_8UC1, &pixel);
+    KivContourArray contours;
+    int width = 0;
+    int height = 0;
+    longest.rows = std::numeric_limits<int>::max() - 1; // of one pixel; nobody gets to see the others
+    EXPECT_THROW(IKivROIPara::MatToMask(longest, &contours, &width, &height), std::invalid_argument);
+    longest.rows = 1;
+    longest.cols = std::numeric_limits<int>::max() - 1;
+    EXPECT_THROW(IKivROIPara::MatToMask(longest, &contours, &width, &height), std::invalid_argument);
+}
+
 TEST(ContourFilling, FillsNothingFromNothing)
 {
     EXPECT_EQ(cv::countNonZero(filled(KivContourArray(), 4, 3)), 0);

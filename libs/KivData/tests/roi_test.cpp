@@ -102,6 +102,8 @@ TEST(Roi, ComparesShapeParametersAndFrame)
     EXPECT_NE(KivROI::Circle(1, 2, 3, 4, 5), KivROI::Circle(1, 2, 3, 5, 5));
     EXPECT_NE(KivROI::Circle(1, 2, 3, 4, 5), KivROI::Circle(1, 2, 3, 4, 6));
     EXPECT_NE(KivROI::Circle(1, 2, 3, 4, 5), KivROI::Ring(1, 2, 0, 3, 4, 5));
+    EXPECT_TRUE(KivROI::Circle(1, 2, 3, 4, 5).Parameters() != KivROI::Circle(1, 2, 4, 4, 5).Parameters());
+    EXPECT_FALSE(KivROI::Circle(1, 2, 3, 4, 5).Parameters() != KivROI::Circle(1, 2, 3, 4, 5).Parameters());
 }
 
 TEST(RoiMask, KeepsRunsVerbatim)
@@ -127,6 +129,8 @@ TEST(RoiMask, ContainsWhatItsRunsCover)
 {
     const KivROI roi = KivROI::Mask(untidy, 4, 3);
     EXPECT_TRUE(roi.Parameters().Contains(1, 2));
+    EXPECT_TRUE(KivROI::Mask({{1, 2, 4}}, 4, 3).Parameters().Contains(2, 1));
+    EXPECT_TRUE(KivROI::Mask({{1, 2, 4}}, 4, 3).Parameters().Contains(4, 1));
     EXPECT_TRUE(roi.Parameters().Contains(-5, 0));
     EXPECT_FALSE(roi.Parameters().Contains(0, 2));
     EXPECT_FALSE(roi.Parameters().Contains(10, 2));
@@ -149,6 +153,16 @@ TEST(Roi, WithoutAnAreaContainsNothing)
 {
     EXPECT_FALSE(KivROI().Parameters().Contains(0, 0));
     EXPECT_FALSE(KivROI::OpenCurve({{0, 0}, {2, 0}}, 3, 2).Parameters().Contains(1, 0));
+}
+
+TEST(RoiMask, ShowsTheRunsThatItKeeps)
+{
+    const KivROI roi = KivROI::Mask(untidy, 4, 3);
+    const Runs* kept = roi.Parameters().KeptRuns();
+    ASSERT_NE(kept, nullptr);
+    EXPECT_EQ(*kept, untidy);
+    EXPECT_EQ(kept, roi.Parameters().KeptRuns());
+    EXPECT_EQ(KivROI::Circle(1, 1, 1, 2, 2).Parameters().KeptRuns(), nullptr);
 }
 
 TEST(RoiMask, RefusesBadArgumentsAndKeepsItsShape)

@@ -70,31 +70,31 @@ TEST(Shape, IsReadBackWithItsParameters)
               (KivShape::RotatedRectangle{1, 2, 3, 4, 5}));
 }
 
+/// That the parameters are 0 by default, and that shapes that differ in one of them differ.
 template <class Shape>
-void expect_each_counts(const Shape& shape, std::initializer_list<double Shape::*> parameters)
+void expect_parameters(const std::vector<double Shape::*>& parameters)
 {
-    EXPECT_TRUE(shape == Shape(shape));
-    for (double Shape::*parameter : parameters) {
-        Shape changed = shape;
-        changed.*parameter += 1;
+    const Shape shape;
+    EXPECT_TRUE(shape == Shape());
+    for (double Shape::*const parameter : parameters) {
+        EXPECT_EQ(shape.*parameter, 0.0);
+        Shape changed;
+        changed.*parameter = 9.0;
         EXPECT_FALSE(changed == shape);
     }
 }
 
-TEST(Shape, ComparesEveryParameter)
+TEST(Shape, HasParametersOf0ByDefaultAndComparesAllOfThem)
 {
     using namespace KivShape;
-    expect_each_counts(Rectangle{1, 2, 3, 4},
-                       {&Rectangle::left, &Rectangle::top, &Rectangle::right, &Rectangle::bottom});
-    expect_each_counts(RotatedRectangle{1, 2, 3, 4, 5},
-                       {&RotatedRectangle::cx, &RotatedRectangle::cy, &RotatedRectangle::length,
-                        &RotatedRectangle::breadth, &RotatedRectangle::angle});
-    expect_each_counts(Circle{1, 2, 3}, {&Circle::cx, &Circle::cy, &Circle::radius});
-    expect_each_counts(Ellipse{1, 2, 3, 4, 5},
-                       {&Ellipse::cx, &Ellipse::cy, &Ellipse::radius1, &Ellipse::radius2, &Ellipse::angle});
-    expect_each_counts(Ring{1, 2, 3, 4}, {&Ring::cx, &Ring::cy, &Ring::inner, &Ring::outer});
-    expect_each_counts(RingSector{1, 2, 3, 4, 5, 6}, {&RingSector::cx, &RingSector::cy, &RingSector::inner,
-                                                      &RingSector::outer, &RingSector::start, &RingSector::sweep});
+    expect_parameters<Rectangle>({&Rectangle::left, &Rectangle::top, &Rectangle::right, &Rectangle::bottom});
+    expect_parameters<RotatedRectangle>({&RotatedRectangle::cx, &RotatedRectangle::cy, &RotatedRectangle::length,
+                                         &RotatedRectangle::breadth, &RotatedRectangle::angle});
+    expect_parameters<Circle>({&Circle::cx, &Circle::cy, &Circle::radius});
+    expect_parameters<Ellipse>({&Ellipse::cx, &Ellipse::cy, &Ellipse::radius1, &Ellipse::radius2, &Ellipse::angle});
+    expect_parameters<Ring>({&Ring::cx, &Ring::cy, &Ring::inner, &Ring::outer});
+    expect_parameters<RingSector>({&RingSector::cx, &RingSector::cy, &RingSector::inner, &RingSector::outer,
+                                   &RingSector::start, &RingSector::sweep});
     EXPECT_FALSE((Polygon{{{1, 2}}}) == (Polygon{{{1, 3}}}));
     EXPECT_FALSE((OpenCurve{{{1, 2}}}) == (OpenCurve{{{1, 3}}}));
 }
@@ -247,6 +247,13 @@ TEST(Ellipse, OfOneRadiusIsALine)
     EXPECT_EQ(runs_of(KivROI::Ellipse(3.5, 2, 0, 0, 17, 7, 5)), Runs());
 }
 
+TEST(Ellipse, LyingMayBeAsFlatAsADouble)
+{
+    const Runs row{{2, 0, 6}};
+    EXPECT_EQ(runs_of(KivROI::Ellipse(3, 2, 1e200, 1e-200, 0, 7, 5)), row);
+    EXPECT_EQ(runs_of(KivROI::Ellipse(3, 2, 1e-200, 1e200, 90, 7, 5)), row);
+}
+
 TEST(Ring, HasBothCircles)
 {
     EXPECT_EQ(picture_of(KivROI::Ring(3, 3, 2, 3, 7, 7)), "...#...\n"
@@ -365,6 +372,8 @@ TEST(Polygon, OfFewPointsIsNothingAPointOrALine)
 
 TEST(OpenCurve, HasNoPixels)
 {
+    EXPECT_FALSE(KivROI::OpenCurve(Points{{0, 0}, {2, 0}, {2, 2}}, 3, 3).Parameters().Contains(0, 0));
+    EXPECT_FALSE(KivROI().Parameters().Contains(0, 0));
     const KivROI curve = KivROI::OpenCurve({{0, 0}, {3, 0}, {3, 3}}, 4, 4);
     EXPECT_EQ(runs_of(curve), Runs());
     EXPECT_FALSE(curve.Parameters().Contains(0, 0));
