@@ -109,20 +109,14 @@ class Finder:
             self.visit(child, cursor, path, function, constant)
 
     def is_compile_time(self, cursor, parent, path):
-        start, _ = extent(cursor)
-        if parent.kind == Kind.CASE_STMT:
-            return start == extent(next(parent.get_children()))[0]
+        """Whether an expression is a case label, a template argument in the type of a variable, or an array's bound."""
         if not cursor.kind.is_expression():
             return False
-        before = self.text(path, max(0, start - 200), start).rstrip()
-        if parent.kind in (Kind.VAR_DECL, Kind.FIELD_DECL, Kind.DECL_REF_EXPR, Kind.TYPE_ALIAS_DECL, Kind.TYPE_REF,
-                           Kind.PARM_DECL, Kind.CALL_EXPR, Kind.CXX_FUNCTIONAL_CAST_EXPR):
-            is_argument = before.endswith((",", "<")) and (
-                parent.kind not in (Kind.CALL_EXPR, Kind.VAR_DECL, Kind.FIELD_DECL) or
-                start < parent.location.offset)
-            is_bound = before.endswith("[") and parent.kind in (Kind.VAR_DECL, Kind.FIELD_DECL)
-            return is_argument or is_bound
-        return False
+        start, end = extent(cursor)
+        if parent.kind == Kind.CASE_STMT:
+            return start == extent(next(parent.get_children()))[0]
+        return parent.kind in (Kind.VAR_DECL, Kind.FIELD_DECL, Kind.PARM_DECL) and (
+            start < parent.location.offset or self.text(path, end, end + 1) == "]")
 
     def add(self, path, start, end, rank, function, afters, constant):
         key = (path, start, end, rank)
@@ -277,9 +271,9 @@ def semicolons(text, opening, stop):
 
 
 def find_sites(root, commands, folders, scratch):
-    """All places in the folders (regular expressions), in the order of files and lines; and the files' contents."""
+    """All places in the folders (regular expressions), in the order of files and lines."""
     finder = Finder(root, folders, [word for word in commands[0][1] if "/opencv" in word or word.startswith("-std")],
                     scratch)
     for source, arguments in commands:
         finder.parse(source, arguments)
-    return [finder.sites[key] for key in sorted(finder.sites)], finder.texts
+    return [finder.sites[key] for key in sorted(finder.sites)]

@@ -28,6 +28,11 @@ TEST_F(ContoursContract, RegionToContourArrayReadsTheRunsBeforeItLooksAtTheWidth
     EXPECT_EQ(KivRegionToContourArray(region, &contours), KIVMV_ERR_PARAM_1);
     EXPECT_EQ(calls(), region_read);
 
+    set(region, "region", -1, 2, {{0, 0, 0}});
+    start();
+    EXPECT_EQ(KivRegionToContourArray(region, &contours), KIVMV_ERR_PARAM_1);
+    EXPECT_EQ(calls(), region_read);
+
     set(region, "region", 2, -1, {});
     start();
     EXPECT_THROW(KivRegionToContourArray(region, &contours), cv::Exception);
