@@ -20,13 +20,33 @@ namespace
 
 constexpr std::ptrdiff_t word_pixels = 64;
 
+unsigned foreground_bits_of_16(const cv::v_uint8x16& bytes)
+{
+    return ~static_cast<unsigned>(cv::v_signmask(bytes == cv::v_setzero_u8())) & 0xFFFFU;
+}
+
 std::uint64_t foreground_bits(const uchar* bytes)
 {
     const auto bits_of_16 = [bytes](int offset) {
-        const cv::v_uint8x16 background = cv::v_load(bytes + offset) == cv::v_setzero_u8();
-        return static_cast<std::uint64_t>(~static_cast<unsigned>(cv::v_signmask(background)) & 0xFFFFU) << offset;
+        return std::uint64_t{foreground_bits_of_16(cv::v_load(bytes + offset))} << offset;
     };
     return bits_of_16(0) | bits_of_16(16) | bits_of_16(32) | bits_of_16(48);
+}
+
+/// Whether a word's bytes all are background.
+bool is_background(const uchar* bytes)
+{
+    const cv::v_uint8x16 any =
+        (cv::v_load(bytes) | cv::v_load(bytes + 16)) | (cv::v_load(bytes + 32) | cv::v_load(bytes + 48));
+    return foreground_bits_of_16(any) == 0;
+}
+
+/// Whether a word's bytes all are foreground.
+bool is_foreground(const uchar* bytes)
+{
+    const cv::v_uint8x16 least = cv::v_min(cv::v_min(cv::v_load(bytes), cv::v_load(bytes + 16)),
+                                           cv::v_min(cv::v_load(bytes + 32), cv::v_load(bytes + 48)));
+    return foreground_bits_of_16(least) == 0xFFFFU;
 }
 
 std::uint64_t foreground_bits(const uchar* bytes, std::ptrdiff_t count)
@@ -41,6 +61,9 @@ void append_row(const uchar* bytes, int row, int columns, std::vector<Run>& runs
     bool inside = false;
     int begin = 0;
     for (std::ptrdiff_t x = 0; x < columns; x += word_pixels) {
+        if (columns - x >= word_pixels && (inside ? is_foreground(bytes + x) : is_background(bytes + x))) {
+            continue;
+        }
         const std::uint64_t bits =
             columns - x < word_pixels ? foreground_bits(bytes + x, columns - x) : foreground_bits(bytes + x);
         std::uint64_t changes = bits ^ (bits << 1 | static_cast<std::uint64_t>(inside));
