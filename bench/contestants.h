@@ -12,7 +12,7 @@ void enter_kiv_arrays(Workload& work);
 void enter_kiv_raster(Workload& work);
 void enter_kiv_contours(Workload& work);
 void enter_kiv_rois(Workload& work);
-void enter_kiv_contour_arrays(Workload& work); // of contours
+void enter_kiv_contour_arrays(Workload& work);
 void enter_kiv_set_operations(Workload& work); // but unions
 void enter_kiv_unions(Workload& work);
 
