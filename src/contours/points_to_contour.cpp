@@ -12,6 +12,7 @@ int KIVMV::KivPointArrayToContour(KivPointArray& points, KivContour* contour)
         return KIVMV_ERR_PARAM_1;
     }
 
+    outline.reserve(static_cast<std::size_t>(length));
     KivPoint point;
     for (int i = 0; i < length; ++i) {
         point = points[i];
