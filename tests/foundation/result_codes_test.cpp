@@ -16,7 +16,7 @@ struct Code {
     int expected;
 };
 
-constexpr Code codes[] = {
+const Code codes[] = {
     {"KIVMV_OK", KIVMV::KIVMV_OK, 0},
     {"KIVMV_ERR_NO_IMAGE", KIVMV::KIVMV_ERR_NO_IMAGE, 1100001},
     {"KIVMV_ERR_CHANNELS", KIVMV::KIVMV_ERR_CHANNELS, 1100005},

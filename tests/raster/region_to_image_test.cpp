@@ -327,7 +327,7 @@ struct Fault {
     int code;
 };
 
-constexpr Fault faults[] = {
+const Fault faults[] = {
     {"foreground too large", [](Request& request, KivRegion&) { request.foreground = 256; }, KIVMV::KIVMV_ERR_PARAM_2},
     {"background negative", [](Request& request, KivRegion&) { request.background = -1; }, KIVMV::KIVMV_ERR_PARAM_3},
     {"no width", [](Request& request, KivRegion&) { request.width = 0; }, KIVMV::KIVMV_ERR_PARAM_4},
