@@ -14,9 +14,9 @@ from . import sites
 from .rewriting import Rewriting, make_mutants, with_mutant
 
 FOLDERS = (r"src/", r"libs/[^/]+/(src|include)/", r"include/")
-# Left out to save time: threads, and what compiles the library's sources once more, for calls that fail and without
-# bulk operations.
-LEFT_OUT = re.compile(r"tests/(threads|faults/call|.*contract_only)")
+# Left out to save time: threads, huge images, documents, and what compiles the library's sources once more, for calls
+# that fail and without bulk operations.
+LEFT_OUT = re.compile(r"tests/(threads|huge|house|faults/call|.*contract_only)")
 
 
 def run_or_exit(command, **options):

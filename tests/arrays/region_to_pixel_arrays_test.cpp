@@ -105,6 +105,19 @@ TEST(RegionToPixelArrays, OverlappingRunsGiveEachPixelOnce)
     expect_pixels(KivRegion(10, 1, {{0, 2, 5}, {0, 4, 8}}), {2, 3, 4, 5, 6, 7, 8}, {0, 0, 0, 0, 0, 0, 0});
 }
 
+TEST(RegionToPixelArrays, RunsThatShareOnePixelGiveItOnce)
+{
+    expect_pixels(KivRegion(9, 1, {{0, 1, 3}, {0, 3, 4}}), {1, 2, 3, 4}, {0, 0, 0, 0});
+}
+
+TEST(RegionToPixelArrays, OneArrayForBothGetsColumnsAndRowsInTurn)
+{
+    KivRegion region(9, 3, {{1, 4, 5}, {2, 7, 7}});
+    KivVarArray both = {KivVar("text")};
+    EXPECT_EQ(KivRegionToVarArray(region, &both, &both), KIVMV::KIVMV_OK);
+    EXPECT_TRUE(same_values(both, {4, 1, 5, 1, 7, 2}));
+}
+
 TEST(RegionToPixelArrays, RepeatedRunsGiveEachPixelOnce)
 {
     expect_pixels(KivRegion(10, 2, {{1, 2, 3}, {1, 2, 3}, {1, 3, 3}}), {2, 3}, {1, 1});

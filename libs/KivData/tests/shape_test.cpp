@@ -305,6 +305,23 @@ TEST(RingSector, SweepsClockwiseOnTheScreen)
     EXPECT_EQ(runs_of(sector(720, 90)), runs_of(sector(0, 90)));
 }
 
+TEST(RingSector, EndsBetweenDegreesToo)
+{
+    // Whether the sector holds the point 200 columns from its centre and so many rows below: the angle grows by 0.286
+    // degrees for each row.
+    const auto holds = [](double sweep, int columns, int rows) {
+        return KivROI::RingSector(300, 10, 0, 300, 0, sweep, 600, 20).Parameters().Contains(300 + columns, 10 + rows);
+    };
+    EXPECT_TRUE(holds(179.5, -200, 2));
+    EXPECT_FALSE(holds(179.5, -200, 1));
+    EXPECT_FALSE(holds(179.5, 0, -9));
+    EXPECT_TRUE(holds(180.5, 0, 9));
+    EXPECT_TRUE(holds(180.5, -200, -1));
+    EXPECT_FALSE(holds(180.5, -200, -2));
+    EXPECT_TRUE(holds(359.5, 200, -2));
+    EXPECT_FALSE(holds(359.5, 200, -1));
+}
+
 TEST(RingSector, OfNoSweepIsALine)
 {
     EXPECT_EQ(runs_of(KivROI::RingSector(3, 3, 1, 3, 180, 0, 7, 7)), (Runs{{3, 0, 2}}));
