@@ -123,7 +123,10 @@ KivContourArray kivdata::trace_contours(const cv::Mat& mask)
         throw std::invalid_argument("MatToMask: the mask is too large to be traced");
     }
     // The border of background keeps foreground at the mask's edge apart from it.
-    cv::Mat framed = cv::Mat::zeros(mask.rows + 2, mask.cols + 2, CV_8UC1);
+    cv::Mat framed(mask.rows + 2, mask.cols + 2, CV_8UC1);
+    for (cv::Mat edge : {framed.row(0), framed.row(framed.rows - 1), framed.col(0), framed.col(framed.cols - 1)}) {
+        edge = cv::Scalar(0);
+    }
     cv::Mat inside = framed(cv::Rect(1, 1, mask.cols, mask.rows));
     cv::compare(mask, 0, inside, cv::CMP_NE);
     return KivContourArray(trace_borders(framed, cv::Point_<int>(-1, -1)));
