@@ -16,8 +16,8 @@ class Mutant:
     name: str  # the same as long as the changed place is; what lists of mutants go by
     build: str = "shared"  # or "own", where it cannot be chosen in a running program, or "impossible"
 
-    def place(self):
-        return f"{self.site.path}:{self.site.line}"
+    def __str__(self):
+        return f"{self.number}, line {self.site.line}: {self.name}"
 
 
 def make_mutants(sites):

@@ -109,14 +109,18 @@ class Finder:
             self.visit(child, cursor, path, function, constant)
 
     def is_compile_time(self, cursor, parent, path):
-        """Whether an expression is a case label, a template argument in the type of a variable, or an array's bound."""
+        """Whether an expression is a case label, the condition of an if constexpr, a template argument in the type of a
+        variable, or an array's bound."""
         if not cursor.kind.is_expression():
             return False
         start, end = extent(cursor)
-        if parent.kind == Kind.CASE_STMT:
+        if parent.kind == Kind.CASE_STMT or (parent.kind == Kind.IF_STMT and self.is_if_constexpr(parent, path)):
             return start == extent(next(parent.get_children()))[0]
         return parent.kind in (Kind.VAR_DECL, Kind.FIELD_DECL, Kind.PARM_DECL) and (
             start < parent.location.offset or self.text(path, end, end + 1) == "]")
+
+    def is_if_constexpr(self, cursor, path):
+        return re.match(r"if\s+constexpr", self.text(path, *extent(cursor)))
 
     def add(self, path, start, end, rank, function, afters, constant):
         key = (path, start, end, rank)
@@ -200,9 +204,9 @@ class Finder:
         if cursor.kind not in (Kind.IF_STMT, Kind.WHILE_STMT, Kind.FOR_STMT):
             return None
         start, end = extent(cursor)
-        head = self.text(path, start, end)
-        if re.match(r"if\s+constexpr", head):
+        if self.is_if_constexpr(cursor, path):
             return None
+        head = self.text(path, start, end)
         stop = closing(head, head.index("("))
         parts = semicolons(head, head.index("("), stop)
         if not parts and any(child.kind == Kind.VAR_DECL for child in children):
