@@ -12,18 +12,18 @@ namespace
 
 constexpr auto max_length = static_cast<std::size_t>(std::numeric_limits<int>::max());
 
-[[noreturn]] void throw_too_long()
+void check_room(std::size_t length, std::size_t added)
 {
-    throw std::length_error("KivPointArray: no room for more than 2^31 - 1 points");
+    if (added > max_length - length) {
+        throw std::length_error("KivPointArray: no room for more than 2^31 - 1 points");
+    }
 }
 
 } // namespace
 
 void KivPointArray::append_slowly(const KivPoint& point)
 {
-    if (points_.size() == max_length) {
-        throw_too_long();
-    }
+    check_room(points_.size(), 1);
     points_.push_back(point);
 }
 
@@ -31,9 +31,7 @@ void KivPointArray::AppendPixels(int row, int first, int last)
 {
     const std::size_t before = points_.size();
     const auto added = static_cast<std::size_t>(std::int64_t{last} - first + 1);
-    if (added > max_length - before) {
-        throw_too_long();
-    }
+    check_room(before, added);
     points_.resize(before + added);
     KivPoint* point = points_.data() + before;
     for (std::size_t i = 0; i < added; ++i) {
