@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
-#include <numeric>
 #include <stdexcept>
 #include <utility>
 
@@ -48,8 +47,11 @@ void KivVarArray::AppendRange(int first, int last)
     const auto added = static_cast<std::size_t>(std::int64_t{last} - first + 1);
     check_room(added);
     if (packed_) {
-        ints_.resize(ints_.size() + added);
-        std::iota(ints_.end() - static_cast<std::ptrdiff_t>(added), ints_.end(), first);
+        const std::size_t before = ints_.size();
+        ints_.resize(before + added);
+        for (std::size_t i = 0; i < added; ++i) {
+            ints_[before + i] = first + static_cast<int>(i);
+        }
     } else {
         vars_.reserve(vars_.size() + added);
         for (std::int64_t value = first; value <= last; ++value) {
