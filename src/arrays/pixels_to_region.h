@@ -33,7 +33,7 @@ struct PixelRuns {
 };
 
 /// The runs of pixels that are listed row by row and from left to right; nothing when one comes out of order.
-/// bench/arrays_bench.cpp measures it.
+/// bench/kiv/arrays.cpp measures it.
 template <class PixelAt>
 std::optional<PixelRuns> runs_of_ordered_pixels(int length, PixelAt pixel_at)
 {

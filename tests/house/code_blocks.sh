@@ -1,9 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 # Fails unless the code in the README and the guide is code of the examples or of the project that the tests of the
-# installation build, which are built and run: every block of C++
-# and CMake stands there as it is, indentation aside, and so does every line for kivconvert. Of the project's own scripts,
-# which cannot run within a test, it only asks that they exist.
+# installation build, which are built and run: every block of C++ and CMake stands there as it is, indentation aside, and so
+# does every line for kivconvert. Of the project's own scripts, which cannot run within a test, it only asks that they exist.
 set -eu
 examples=$(find examples tests/install/consumer -type f)
 

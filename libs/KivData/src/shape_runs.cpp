@@ -10,7 +10,6 @@ namespace
 {
 
 using kivdata::PolygonArea;
-using kivdata::Solid;
 using kivdata::solid_of;
 
 /// Rasterises a shape.

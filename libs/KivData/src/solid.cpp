@@ -13,7 +13,6 @@ using kivdata::Border;
 using kivdata::Columns;
 using kivdata::ConvexSet;
 using kivdata::Direction;
-using kivdata::direction_of;
 using kivdata::HalfPlane;
 using kivdata::Rows;
 using kivdata::SlantedEllipse;
