@@ -8,6 +8,7 @@
 
 #include <KivDataConvert/KivDataConvert.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -38,7 +39,7 @@ KivShape::Any shape(FuzzedBytes& input)
         return KivShape::Ring{x, y, length(input), length(input)};
     case 7:
         return KivShape::RingSector{
-            x, y, length(input), length(input), 15 * input.near_coordinate(), std::fmod(15 * length(input), 361.0)};
+            x, y, length(input), length(input), 15 * input.near_coordinate(), std::min(15 * length(input), 360.0)};
     default:
         break;
     }
