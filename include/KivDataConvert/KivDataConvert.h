@@ -145,7 +145,8 @@ KIVMV_API int KivRegionToPointArray(KivRegion& region, KivPointArray* points);
 /// @retval KIVMV_ERR_NO_IMAGE the image holds no pixels (ImageData() is null)
 /// @retval KIVMV_ERR_BIT_DEPTH the image is not 8-bit
 ///
-/// Cost: linear in the pixels; one copy of the image.
+/// Cost: linear in the pixels; a copy of the image where the extractor may write to what it reads (the bundled one
+/// does not).
 KIVMV_API int KivImageToRegion(KivImage& image, KivRegion* region);
 
 /// Makes the region of a binary image's non-zero pixels. The image's size becomes the region's frame.
@@ -156,7 +157,8 @@ KIVMV_API int KivImageToRegion(KivImage& image, KivRegion* region);
 /// @retval KIVMV_ERR_CHANNELS the channel count is not 1
 /// @retval KIVMV_ERR_BIT_DEPTH the image is not 8-bit
 ///
-/// Cost: linear in the pixels; one copy of the image.
+/// Cost: linear in the pixels; a copy of the image where the extractor may write to what it reads (the bundled one
+/// does not).
 KIVMV_API int KivBinImageToRegion(KivImage& image, KivRegion* region);
 
 /// Paints a region into a new image of the given size and grey values.

@@ -24,8 +24,7 @@ bool are_in_order(kiv::RunView runs)
 /// The pixels of the runs as runs of one pixel each, in order and none twice, whatever the runs are like.
 kiv::RunList painted(kiv::RunView runs, cv::Mat& mask)
 {
-    mask = cv::Scalar(0);
-    kiv::paint_runs(runs, 255, mask);
+    kiv::paint(mask, runs);
     kiv::RunList pixels;
     for (int y = 0; y < mask.rows; ++y) {
         const uchar* row = mask.data + static_cast<std::size_t>(y) * mask.step[0];

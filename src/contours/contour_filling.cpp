@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "contours/contour_filling.h"
 
-#include "foundation/first_member.h"
-
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <opencv2/imgproc.hpp>
 
+#include <algorithm>
 #include <climits>
 
 namespace kiv
@@ -46,19 +45,15 @@ PixelList cut_above_uppermost_row(const PixelList& polygon)
 
 } // namespace
 
-PixelList pixels_of(const KivContour& contour, int (*to_pixel)(double))
+void fill_polygon(cv::Mat& mask, PixelList polygon, int value)
 {
-    PixelList pixels;
-    for (const auto& point : points_of(contour)) {
-        pixels.emplace_back(to_pixel(point.x), to_pixel(point.y));
+    const auto lies_above = [](const cv::Point_<int>& pixel) { return pixel.y < uppermost_row; };
+    if (std::any_of(polygon.begin(), polygon.end(), lies_above)) {
+        polygon = cut_above_uppermost_row(polygon);
     }
-    return pixels;
-}
-
-void fill_polygon(cv::Mat& mask, const PixelList& polygon, int value)
-{
-    const std::vector<PixelList> polygons{cut_above_uppermost_row(polygon)};
-    if (!polygons.front().empty()) {
+    if (!polygon.empty()) {
+        std::vector<PixelList> polygons(1);
+        polygons.front().swap(polygon);
         cv::drawContours(mask, polygons, all_contours, cv::Scalar(value, 0, 0, 0), filled, eight_connected,
                          cv::noArray(), INT_MAX, cv::Point(0, 0));
     }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "foundation/bulk.h"
 #include "foundation/first_member.h"
 #include "foundation/pixels.h"
 
@@ -13,6 +14,8 @@ int KIVMV::KivContourToVarArray(KivContour& contour, KivVarArray* xs, KivVarArra
         return KIVMV_ERR_PARAM_1;
     }
 
+    kiv::reserve(*xs, points.size());
+    kiv::reserve(*ys, points.size());
     for (const auto& point : points) {
         xs->Append(KivVar(kiv::round_half_even(point.x)));
         ys->Append(KivVar(kiv::round_half_even(point.y)));

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "foundation/bulk.h"
 #include "foundation/first_member.h"
 
 #include <KivDataConvert/KivDataConvert.h>
@@ -11,6 +12,7 @@ int KIVMV::KivContourToPointArray(KivContour& contour, KivPointArray* points)
         return KIVMV_ERR_PARAM_1;
     }
 
+    kiv::reserve(*points, outline.size());
     KivPoint point;
     for (const auto& on_outline : outline) {
         point.x = on_outline.x;

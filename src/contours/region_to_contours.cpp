@@ -9,8 +9,7 @@ int KIVMV::KivRegionToContourArray(KivRegion& region, KivContourArray* contours)
     if (parts.empty()) {
         return KIVMV_ERR_PARAM_1;
     }
-    cv::Mat mask = kiv::uniform_mask(parts.frame, 0);
-    kiv::paint_runs(parts.runs, 255, mask);
+    cv::Mat mask = kiv::painted_mask(parts.frame, parts.runs);
     // GCOVR_EXCL_START: a guard that the check above leaves nothing to
     if (mask.cols < 1) {
         return KIVMV_ERR_PARAM_1;

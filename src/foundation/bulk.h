@@ -7,6 +7,7 @@
 #include "foundation/runs.h"
 
 #include <concepts>
+#include <cstddef>
 #include <vector>
 
 namespace kiv
@@ -71,6 +72,23 @@ concept TakesPixels = bulk_operations_are_used && requires(Array& array, std::si
 {
     array.Reserve(count);
     array.AppendPixels(0, 0, 0);
+};
+
+/// Makes room for `count` elements in an empty array that offers it, so that none is moved as the array grows.
+template <class Array>
+void reserve([[maybe_unused]] Array& array, [[maybe_unused]] std::size_t count)
+{
+    if constexpr (bulk_operations_are_used && requires { array.Reserve(count); }) {
+        array.Reserve(count);
+    }
+}
+
+/// An extractor that takes the runs of a mask and promises to leave it alone, so that none has to be copied for it.
+/// bench/kiv/raster.cpp measures it.
+template <class Extractor>
+concept ReadsMasks = bulk_operations_are_used && requires(const cv::Mat& mask, RunList& runs)
+{
+    Extractor::AppendRuns(mask, runs);
 };
 
 } // namespace kiv

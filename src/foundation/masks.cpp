@@ -3,12 +3,19 @@
 
 #include <KivRLC/KivRLC.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <vector>
 
 namespace kiv
 {
+namespace
+{
+
+constexpr int bytes_at_once = 1 << 16;
+
+} // namespace
 
 cv::Mat unset_mask(Frame frame)
 {
@@ -18,19 +25,32 @@ cv::Mat unset_mask(Frame frame)
     return mask;
 }
 
-cv::Mat uniform_mask(Frame frame, int value)
+void paint(cv::Mat& mask, RunView runs, int foreground, int background)
 {
-    cv::Mat mask = unset_mask(frame);
-    mask = cv::Scalar(value);
-    return mask;
+    if (mask.empty()) {
+        return;
+    }
+    // Rows are cleared shortly before the first run on them is painted, so that they are in the cache then.
+    const int rows_at_once = std::max(bytes_at_once / mask.cols, 1);
+    int cleared = 0; // rows from the top on
+    const auto clear_rows = [&](int count) {
+        std::memset(mask.ptr(cleared), background, static_cast<std::size_t>(count) * mask.step[0]);
+        cleared += count;
+    };
+    for_each_visible(runs, {mask.cols, mask.rows}, [&](int row, int first, int last) {
+        if (row >= cleared) {
+            clear_rows(row - cleared + std::min(rows_at_once, mask.rows - row));
+        }
+        std::memset(mask.ptr(row) + first, foreground, length_of(first, last));
+    });
+    clear_rows(mask.rows - cleared);
 }
 
-void paint_runs(RunView runs, unsigned char value, cv::Mat& mask)
+cv::Mat painted_mask(Frame frame, RunView runs, int foreground, int background)
 {
-    for_each_visible(runs, {mask.cols, mask.rows}, [value, &mask](int row, int first, int last) {
-        uchar* pixels = mask.data + static_cast<std::size_t>(row) * mask.step[0];
-        std::memset(pixels + first, value, length_of(first, last));
-    });
+    cv::Mat mask = unset_mask(frame);
+    paint(mask, runs, foreground, background);
+    return mask;
 }
 
 RunList extract_runs(cv::Mat& mask)

@@ -16,9 +16,6 @@ namespace kiv
 /// A new 8-bit single-channel matrix whose bytes are not set. What is not touched of it costs no memory.
 cv::Mat unset_mask(Frame frame);
 
-/// A new 8-bit single-channel matrix whose bytes are all `value`.
-cv::Mat uniform_mask(Frame frame, int value);
-
 /// Calls `visit` with row, first and last column of the part of each run that lies in the frame, where there is one.
 template <class Visit>
 void for_each_visible(RunView runs, Frame frame, Visit visit)
@@ -32,9 +29,12 @@ void for_each_visible(RunView runs, Frame frame, Visit visit)
     }
 }
 
-/// Sets the mask's bytes under the runs to `value`. Runs are clipped to the mask; each costs what its visible part
-/// costs.
-void paint_runs(RunView runs, unsigned char value, cv::Mat& mask);
+/// Sets the bytes of an unpadded mask to `foreground` under the runs and to `background` elsewhere. Runs are clipped to
+/// the mask; each costs what its visible part costs.
+void paint(cv::Mat& mask, RunView runs, int foreground = 255, int background = 0);
+
+/// A new mask, painted.
+cv::Mat painted_mask(Frame frame, RunView runs, int foreground = 255, int background = 0);
 
 /// The runs of the mask's non-zero bytes, as the extractor orders them.
 RunList extract_runs(cv::Mat& mask);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The two ways from an image to a region. They refuse different images, in different orders, because one takes whatever
 // can be read as bytes and the other insists on a binary image.
+#include "foundation/bulk.h"
 #include "foundation/first_member.h"
 #include "foundation/masks.h"
 
@@ -33,10 +34,26 @@ cv::Mat normalised_copy_of(const cv::Mat& pixels)
     return mask;
 }
 
-kiv::Frame frame_of(const KivImage& image)
+/// The runs of the pixels. An extractor that may write to what it is given gets a copy.
+template <class Extractor>
+kiv::RunList runs_of(const cv::Mat& pixels, cv::Mat (*copied)(const cv::Mat&))
+{
+    if constexpr (kiv::ReadsMasks<Extractor>) {
+        kiv::RunList runs;
+        Extractor::AppendRuns(pixels, runs);
+        return runs;
+    } else {
+        cv::Mat mask = copied(pixels);
+        return kiv::extract_runs(mask);
+    }
+}
+
+/// Makes `region` the foreground of the image, in the image's frame.
+void image_to_region(const KivImage& image, cv::Mat (*copied)(const cv::Mat&), KivRegion& region)
 {
     const int height = image.Height();
-    return {image.Width(), height};
+    const kiv::Frame frame{image.Width(), height};
+    kiv::create_region(region, frame, runs_of<KivRLC>(kiv::matrix_of(image), copied));
 }
 
 } // namespace
@@ -53,8 +70,7 @@ int KIVMV::KivImageToRegion(KivImage& image, KivRegion* region)
         return KIVMV_ERR_BIT_DEPTH;
     }
 
-    cv::Mat mask = normalised_copy_of(kiv::matrix_of(image));
-    kiv::mask_to_region(mask, frame_of(image), *region);
+    image_to_region(image, normalised_copy_of, *region);
     return KIVMV_OK;
 }
 
@@ -70,7 +86,6 @@ int KIVMV::KivBinImageToRegion(KivImage& image, KivRegion* region)
         return KIVMV_ERR_BIT_DEPTH;
     }
 
-    cv::Mat mask = copy_of(kiv::matrix_of(image));
-    kiv::mask_to_region(mask, frame_of(image), *region);
+    image_to_region(image, copy_of, *region);
     return KIVMV_OK;
 }

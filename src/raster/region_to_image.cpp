@@ -33,13 +33,11 @@ int KIVMV::KivRegionToImage(KivImage* image, KivRegion& region, int foreground, 
         return KIVMV_ERR_PARAM_1;
     }
 
-    cv::Mat& pixels = kiv::matrix_of(*image);
     try {
-        pixels = kiv::uniform_mask({width, height}, background);
+        kiv::matrix_of(*image) = kiv::painted_mask({width, height}, parts.runs, foreground, background);
     } catch (...) {
         return KIVMV_ERR_EXCEPTION;
     }
-    kiv::paint_runs(parts.runs, static_cast<unsigned char>(foreground), pixels);
     return KIVMV_OK;
 }
 
@@ -50,8 +48,6 @@ int KIVMV::KivRegionToBinImage(KivImage* image, KivRegion& region)
         return KIVMV_ERR_PARAM_1;
     }
 
-    cv::Mat& pixels = kiv::matrix_of(*image);
-    pixels = kiv::uniform_mask(parts.frame, 0);
-    kiv::paint_runs(parts.runs, 255, pixels);
+    kiv::matrix_of(*image) = kiv::painted_mask(parts.frame, parts.runs);
     return KIVMV_OK;
 }

@@ -156,6 +156,24 @@ TEST(RegionToImage, OverlappingAndUnsortedRunsArePaintedTogether)
                  grey_of({{0, 1, 1, 1, 1}, {0, 0, 0, 0, 0}, {1, 0, 0, 0, 1}}));
 }
 
+TEST(RegionToImage, ManyRowsArePaintedInWhateverOrderTheirRunsCome)
+{
+    constexpr int width = 300;
+    constexpr int height = 2001;
+    cv::Mat expected(height, width, CV_8UC1, cv::Scalar(7));
+    Runs upwards;
+    Runs by_turns;
+    for (int y = height - 1; y >= 0; y -= 2) {
+        expected.row(y).colRange(y % width, width) = cv::Scalar(9);
+        upwards.push_back({y, y % width, width});
+        by_turns.insert(y % 4 == 0 ? by_turns.begin() : by_turns.end(), upwards.back());
+    }
+    const Runs downwards(upwards.rbegin(), upwards.rend());
+    for (const Runs& runs : {downwards, upwards, by_turns}) {
+        expect_image(KivRegion(width, height, runs), {9, 7, width, height}, expected);
+    }
+}
+
 TEST(RegionToImage, RunsOutsideTheImagePaintNothing)
 {
     const cv::Mat background(2, 3, CV_8UC1, cv::Scalar(4));

@@ -92,7 +92,7 @@ public:
     /// The border that starts at a pixel whose neighbour in the direction `from` is background.
     KivContour::Points follow(int x, int y, unsigned from)
     {
-        KivContour::Points points;
+        pixels_.clear();
         cv::Point_<int> at(x, y);
         uchar* const start = mask_.ptr(y, x);
         unsigned direction = from;
@@ -101,8 +101,8 @@ public:
         } while (start[neighbours_[direction]] == 0 && direction != from);
         if (direction == from) { // a pixel on its own
             *start = passed_on_the_right;
-            points.push_back(at + offset_);
-            return points;
+            pixels_.push_back(at + offset_);
+            return passed();
         }
         uchar* const last = start + neighbours_[direction];
         for (uchar* pixel = start;;) {
@@ -114,10 +114,10 @@ public:
             if (direction != right && direction <= came_from) { // the turn went past the right neighbour
                 *pixel = passed_on_the_right;
             }
-            points.push_back(at + offset_);
+            pixels_.push_back(at + offset_);
             uchar* const next = pixel + neighbours_[direction];
             if (next == start && pixel == last) {
-                return points;
+                return passed();
             }
             pixel = next;
             at.x += steps[direction].x;
@@ -127,9 +127,12 @@ public:
     }
 
 private:
+    KivContour::Points passed() const { return {pixels_.begin(), pixels_.end()}; }
+
     cv::Mat& mask_;
     cv::Point_<int> offset_;
     std::array<std::ptrdiff_t, 8> neighbours_; // how far a pixel's neighbour in each direction is away in memory
+    std::vector<cv::Point_<int>> pixels_;      // of the border that is followed
 };
 
 /// A traced border, and the hole border of the same component that was traced before it.

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <cstring>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -90,23 +91,52 @@ Point rounded(const Point& point)
     return {round(point.x), round(point.y)};
 }
 
+PixelChain nearest_pixels(const Points& points)
+{
+    PixelChain pixels;
+    pixels.reserve(points.size());
+    for (const Point& point : points) {
+        pixels.emplace_back(static_cast<int>(std::nearbyint(point.x)), static_cast<int>(std::nearbyint(point.y)));
+    }
+    return pixels;
+}
+
 /// The contour's points as pixels that can be drawn.
 PixelChain drawable_pixels(const KivContour& contour, const cv::Mat& mask)
 {
+    const Points& points = contour.AllPoints();
+    const auto is_near = [&mask](const Point& point) {
+        return std::abs(point.x) <= mask.cols && std::abs(point.y) <= mask.rows;
+    };
+    if (std::all_of(points.begin(), points.end(), is_near)) {
+        return nearest_pixels(points);
+    }
     Points polygon;
-    polygon.reserve(contour.AllPoints().size());
-    for (const Point& point : contour.AllPoints()) {
+    polygon.reserve(points.size());
+    for (const Point& point : points) {
         if (!std::isnan(point.x) && !std::isnan(point.y)) {
             polygon.push_back(rounded(point));
         }
     }
-    polygon = cut_to_drawable(std::move(polygon), mask);
-    PixelChain pixels;
-    pixels.reserve(polygon.size());
-    for (const Point& point : polygon) {
-        pixels.emplace_back(static_cast<int>(std::nearbyint(point.x)), static_cast<int>(std::nearbyint(point.y)));
+    return nearest_pixels(cut_to_drawable(std::move(polygon), mask));
+}
+
+/// The mask with its foreground made 255, and a border of background around it, which keeps foreground at the mask's
+/// edge apart from the edge.
+cv::Mat framed_foreground(const cv::Mat& mask)
+{
+    cv::Mat framed(mask.rows + 2, mask.cols + 2, CV_8UC1);
+    std::memset(framed.ptr(0), 0, framed.step[0]);
+    for (int y = 0; y < mask.rows; ++y) {
+        const uchar* from = mask.ptr(y);
+        uchar* to = framed.ptr(y + 1);
+        to[0] = 0;
+        uchar* end = std::transform(from, from + mask.cols, to + 1,
+                                    [](uchar byte) { return static_cast<uchar>(byte != 0 ? 255 : 0); });
+        *end = 0;
     }
-    return pixels;
+    std::memset(framed.ptr(mask.rows + 1), 0, framed.step[0]);
+    return framed;
 }
 
 } // namespace
@@ -122,13 +152,7 @@ KivContourArray kivdata::trace_contours(const cv::Mat& mask)
     if (mask.rows > INT_MAX - 2 || mask.cols > INT_MAX - 2) {
         throw std::invalid_argument("MatToMask: the mask is too large to be traced");
     }
-    // The border of background keeps foreground at the mask's edge apart from it.
-    cv::Mat framed(mask.rows + 2, mask.cols + 2, CV_8UC1);
-    for (cv::Mat edge : {framed.row(0), framed.row(framed.rows - 1), framed.col(0), framed.col(framed.cols - 1)}) {
-        edge = cv::Scalar(0);
-    }
-    cv::Mat inside = framed(cv::Rect(1, 1, mask.cols, mask.rows));
-    cv::compare(mask, 0, inside, cv::CMP_NE);
+    cv::Mat framed = mask.depth() == CV_8U ? framed_foreground(mask) : framed_foreground(mask != 0);
     return KivContourArray(trace_borders(framed, cv::Point_<int>(-1, -1)));
 }
 

@@ -20,9 +20,9 @@ cv::Mat kivdata::mask_of_runs(const std::vector<Run>& runs, int width, int heigh
     return mask;
 }
 
-std::vector<Run> kivdata::runs_of_mask(cv::Mat& mask)
+std::vector<Run> kivdata::runs_of_mask(const cv::Mat& mask)
 {
     std::vector<Run> runs;
-    KivRLC::FindContours(mask, 1, nullptr, nullptr, nullptr, nullptr, &runs, nullptr, true, -1, -1, 1, false);
+    KivRLC::AppendRuns(mask, runs);
     return runs;
 }

@@ -15,6 +15,6 @@ namespace kivdata
 cv::Mat mask_of_runs(const std::vector<Run>& runs, int width, int height);
 
 /// The runs of the mask's non-zero bytes, in the order of KivRLC::FindContours().
-std::vector<Run> runs_of_mask(cv::Mat& mask);
+std::vector<Run> runs_of_mask(const cv::Mat& mask);
 
 } // namespace kivdata

@@ -233,6 +233,14 @@ TEST(MaskContours, FindsNothingInAnEmptyMask)
     EXPECT_EQ(traced(cv::Mat(3, 4, CV_8UC1, cv::Scalar(0))).Length(), 0);
 }
 
+TEST(MaskContours, TakesAnyNonZeroPixelOfAnyDepthAsForeground)
+{
+    const KivContourArray dot{KivContour{{1.0, 0.0}}};
+    EXPECT_EQ(traced((cv::Mat_<uchar>(2, 3) << 0, 1, 0, 0, 0, 0)), dot);
+    EXPECT_EQ(traced((cv::Mat_<ushort>(2, 3) << 0, 256, 0, 0, 0, 0)), dot);
+    EXPECT_EQ(traced((cv::Mat_<float>(2, 3) << 0, -0.25F, 0, 0, 0, 0)), dot);
+}
+
 TEST(MaskContours, RefusesColourAndKeepsItsOutputs)
 {
     cv::Mat colour(2, 2, CV_8UC3, cv::Scalar(1, 2, 3));

@@ -91,13 +91,19 @@ void KivRLC::FindContours(cv::Mat& mask, char /*mode*/, std::vector<cv::Point_<i
     if (runs == nullptr) {
         throw std::invalid_argument("KivRLC::FindContours: runs must not be null");
     }
-    const std::size_t kept = runs->size();
+    AppendRuns(mask, *runs);
+}
+
+void KivRLC::AppendRuns(const cv::Mat& mask, std::vector<Run>& runs)
+{
+    CV_Assert(mask.dims <= 2);
+    const std::size_t kept = runs.size();
     try {
         for (int row = 0; row < mask.rows; ++row) {
-            append_row(mask.data + static_cast<std::size_t>(row) * mask.step[0], row, mask.cols, *runs);
+            append_row(mask.data + static_cast<std::size_t>(row) * mask.step[0], row, mask.cols, runs);
         }
     } catch (...) {
-        runs->resize(kept);
+        runs.resize(kept);
         throw;
     }
 }

@@ -45,10 +45,14 @@ void extract(cv::Mat& mask, Runs* runs)
     KivRLC::FindContours(mask, 1, nullptr, nullptr, nullptr, nullptr, runs, nullptr, true, -1, -1, 1, false);
 }
 
+/// What both ways to ask give.
 Runs extracted(cv::Mat mask)
 {
     Runs runs;
     extract(mask, &runs);
+    Runs asked_shortly;
+    KivRLC::AppendRuns(mask, asked_shortly);
+    EXPECT_EQ(asked_shortly, runs);
     return runs;
 }
 
@@ -171,8 +175,6 @@ TEST(RunExtraction, FindsNothingInAnEmptyMask)
     EXPECT_EQ(extracted(cv::Mat(0, 5, CV_8UC1)), Runs());
     EXPECT_EQ(extracted(cv::Mat(5, 0, CV_8UC1)), Runs());
     EXPECT_EQ(extracted(cv::Mat(5, 5, CV_8UC1, cv::Scalar(0))), Runs());
-    const int sizes[] = {2, 2, 2};
-    EXPECT_EQ(extracted(cv::Mat(3, sizes, CV_8UC1, cv::Scalar(255))), Runs());
 }
 
 TEST(RunExtraction, AppendsToWhatIsThere)
@@ -184,6 +186,14 @@ TEST(RunExtraction, AppendsToWhatIsThere)
     EXPECT_EQ(runs, (Runs{{7, 8, 9}, {0, 0, 2}, {0, 0, 2}}));
 }
 
+TEST(RunExtraction, AppendsToWhatIsThereWhenAskedShortly)
+{
+    const cv::Mat mask(1, 2, CV_8UC1, cv::Scalar(1));
+    Runs runs{{7, 8, 9}};
+    KivRLC::AppendRuns(mask, runs);
+    EXPECT_EQ(runs, (Runs{{7, 8, 9}, {0, 0, 1}}));
+}
+
 TEST(RunExtraction, LeavesTheMaskAsItIs)
 {
     std::mt19937 random(4);
@@ -192,6 +202,15 @@ TEST(RunExtraction, LeavesTheMaskAsItIs)
     const cv::Mat before = mask.clone();
     extracted(mask);
     EXPECT_EQ(cv::norm(mask, before, cv::NORM_INF), 0.0);
+}
+
+TEST(RunExtraction, RefusesMoreThanTwoDimensions)
+{
+    const int sizes[] = {2, 2, 2};
+    const cv::Mat cube(3, sizes, CV_8UC1, cv::Scalar(1));
+    Runs runs;
+    EXPECT_THROW(KivRLC::AppendRuns(cube, runs), cv::Exception);
+    EXPECT_TRUE(runs.empty());
 }
 
 TEST(RunExtraction, RefusesNullRuns)

@@ -50,9 +50,17 @@ public:
     /// reading them.
     ///
     /// @throws std::invalid_argument if `runs` is null.
+    /// @throws cv::Exception if the mask has more than two dimensions.
     /// @throws std::bad_alloc if memory runs out; `runs` then holds what it held before.
     static void FindContours(cv::Mat& mask, char mode, std::vector<cv::Point_<int>>* outline,
                              std::vector<int>* outlineLengths, std::vector<cv::Vec<int, 4>>* hierarchy,
                              std::vector<int>* labels, std::vector<Run>* runs, std::vector<int>* rowStarts,
                              bool external, int first, int second, int third, bool merge);
+
+    /// What FindContours does, without the parameters that do not matter. As it promises to leave the mask alone, a
+    /// caller who keeps such a promise need not copy.
+    ///
+    /// @throws cv::Exception if the mask has more than two dimensions.
+    /// @throws std::bad_alloc if memory runs out; `runs` then holds what it held before.
+    static void AppendRuns(const cv::Mat& mask, std::vector<Run>& runs);
 };
