@@ -48,25 +48,30 @@ void list_one_by_one(kiv::RunView runs, kiv::Frame frame, Array& xs, Array& ys)
     });
 }
 
+template <kiv::TakesManyInts Array>
+void list_run_by_run(kiv::RunView runs, kiv::Frame frame, Array& xs, Array& ys)
+{
+    std::size_t count = 0;
+    kiv::for_each_visible(runs, frame, [&count](int, int first, int last) { count += kiv::length_of(first, last); });
+    xs.Reserve(count);
+    ys.Reserve(count);
+    kiv::for_each_visible(runs, frame, [&xs, &ys](int row, int first, int last) {
+        xs.AppendRange(first, last);
+        ys.AppendCopies(row, kiv::length_of(first, last));
+    });
+}
+
 /// Lists the pixels of the runs as far as they lie in the frame. Two names for one array get columns and rows in turn.
 template <class Array>
 void list_pixels(kiv::RunView runs, kiv::Frame frame, Array& xs, Array& ys)
 {
-    if constexpr (!kiv::TakesManyInts<Array>) {
-        list_one_by_one(runs, frame, xs, ys);
-    } else if (&xs == &ys) {
-        list_one_by_one(runs, frame, xs, ys);
-    } else {
-        std::size_t count = 0;
-        kiv::for_each_visible(runs, frame,
-                              [&count](int, int first, int last) { count += kiv::length_of(first, last); });
-        xs.Reserve(count);
-        ys.Reserve(count);
-        kiv::for_each_visible(runs, frame, [&xs, &ys](int row, int first, int last) {
-            xs.AppendRange(first, last);
-            ys.AppendCopies(row, kiv::length_of(first, last));
-        });
+    if constexpr (kiv::TakesManyInts<Array>) {
+        if (&xs != &ys) {
+            list_run_by_run(runs, frame, xs, ys);
+            return;
+        }
     }
+    list_one_by_one(runs, frame, xs, ys);
 }
 
 } // namespace

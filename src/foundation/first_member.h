@@ -17,7 +17,7 @@ template <class Member, class Object>
 Member& behind_first_member(const Object& object)
 {
     Member* member = nullptr;
-    std::memcpy(&member, static_cast<const void*>(&object), sizeof member);
+    std::memcpy(&member, static_cast<const void*>(&object), sizeof(Member*));
     return *member;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "argument_checks.h"
 
+#include <limits>
 #include <stdexcept>
 #include <string>
 
@@ -8,6 +9,14 @@ void kivdata::throw_out_of_range(const char* type, int index, int length)
 {
     throw std::out_of_range(std::string(type) + ": index " + std::to_string(index) + " is outside an array of length " +
                             std::to_string(length));
+}
+
+void kivdata::check_room(const char* type, std::size_t length, std::size_t added)
+{
+    constexpr auto max_length = static_cast<std::size_t>(std::numeric_limits<int>::max());
+    if (added > max_length - length) {
+        throw std::length_error(std::string(type) + ": no room for more than 2^31 - 1 elements");
+    }
 }
 
 void kivdata::check_frame(int width, int height)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sentences about indices outside of an array and impossible frames.
+// Sentences about indices outside of an array, arrays longer than an int can tell, and impossible frames.
 #pragma once
 
 #include <cstddef>
@@ -18,6 +18,9 @@ inline std::size_t checked_index(const char* type, int index, int length)
     }
     return static_cast<std::size_t>(index);
 }
+
+/// Throws std::length_error, naming the type, when an array of this length has no room for as many elements more.
+void check_room(const char* type, std::size_t length, std::size_t added);
 
 /// Throws std::invalid_argument when width or height is negative.
 void check_frame(int width, int height);

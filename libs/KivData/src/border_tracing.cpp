@@ -135,8 +135,8 @@ private:
     std::vector<cv::Point_<int>> pixels_;      // of the border that is followed
 };
 
-/// A traced border, and the hole border of the same component that was traced before it.
-struct Border {
+/// A traced hole border, and the one of the same component that was traced before it.
+struct HoleBorder {
     KivContour contour;
     int previous_hole = none;
 };
@@ -149,7 +149,7 @@ std::vector<KivContour> kivdata::trace_borders(cv::Mat& mask, cv::Point_<int> of
     Components components(runs);
     Follower follower(mask, offset);
     std::vector<KivContour> outer_borders;
-    std::vector<Border> hole_borders;
+    std::vector<HoleBorder> hole_borders;
     std::vector<int> first_runs;                     // of the outer borders
     std::vector<int> latest_hole(runs.size(), none); // of the component that begins with a run
     for (int i = 0; i < static_cast<int>(runs.size()); ++i) {
@@ -172,7 +172,7 @@ std::vector<KivContour> kivdata::trace_borders(cv::Mat& mask, cv::Point_<int> of
         ordered.push_back(std::move(outer_borders.back()));
         outer_borders.pop_back();
         for (int hole = latest_hole[static_cast<std::size_t>(first_runs.back())]; hole != none;) {
-            Border& border = hole_borders[static_cast<std::size_t>(hole)];
+            HoleBorder& border = hole_borders[static_cast<std::size_t>(hole)];
             ordered.push_back(std::move(border.contour));
             hole = border.previous_hole;
         }

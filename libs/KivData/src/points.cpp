@@ -4,26 +4,10 @@
 #include "argument_checks.h"
 
 #include <cstdint>
-#include <limits>
-#include <stdexcept>
-
-namespace
-{
-
-constexpr auto max_length = static_cast<std::size_t>(std::numeric_limits<int>::max());
-
-void check_room(std::size_t length, std::size_t added)
-{
-    if (added > max_length - length) {
-        throw std::length_error("KivPointArray: no room for more than 2^31 - 1 points");
-    }
-}
-
-} // namespace
 
 void KivPointArray::append_slowly(const KivPoint& point)
 {
-    check_room(points_.size(), 1);
+    kivdata::check_room("KivPointArray", points_.size(), 1);
     points_.push_back(point);
 }
 
@@ -31,7 +15,7 @@ void KivPointArray::AppendPixels(int row, int first, int last)
 {
     const std::size_t before = points_.size();
     const auto added = static_cast<std::size_t>(std::int64_t{last} - first + 1);
-    check_room(before, added);
+    kivdata::check_room("KivPointArray", before, added);
     points_.resize(before + added);
     KivPoint* point = points_.data() + before;
     for (std::size_t i = 0; i < added; ++i) {

@@ -5,16 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <limits>
-#include <stdexcept>
 #include <utility>
-
-namespace
-{
-
-constexpr auto max_length = static_cast<std::size_t>(std::numeric_limits<int>::max());
-
-} // namespace
 
 KivVarArray::KivVarArray(std::initializer_list<KivVar> values)
 {
@@ -37,9 +28,7 @@ void KivVarArray::Remove(int index)
 
 void KivVarArray::check_room(std::size_t added) const
 {
-    if (added > max_length - static_cast<std::size_t>(Length())) {
-        throw std::length_error("KivVarArray: no room for more than 2^31 - 1 elements");
-    }
+    kivdata::check_room("KivVarArray", static_cast<std::size_t>(Length()), added);
 }
 
 void KivVarArray::AppendRange(int first, int last)
