@@ -102,6 +102,16 @@ hostile::Cases hostile::array_cases()
              return sorted({2, 1}, {1}, {3, 4});
          },
          "std::out_of_range"},
+        {"SortInOrderWithFewerFirstColumns",
+         [] {
+             return sorted({1, 2}, {1}, {3, 4});
+         },
+         "std::out_of_range"},
+        {"SortInOrderWithFewerLastColumns",
+         [] {
+             return sorted({1, 2}, {1, 2}, {3});
+         },
+         "std::out_of_range"},
         {"SortOfOneArrayThrice",
          [] {
              KivVarArray all = {3, 1, 2};

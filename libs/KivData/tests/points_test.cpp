@@ -105,6 +105,7 @@ TEST(PointArray, HasRoomForAsManyPointsAsAnIntCounts)
 {
     KivPointArray array(sample);
     EXPECT_THROW(array.AppendPixels(0, INT_MIN, INT_MAX), std::length_error);
+    EXPECT_THROW(array.AppendPixels(0, 0, INT_MAX - 1), std::length_error);
     EXPECT_EQ(array, sample);
 }
 

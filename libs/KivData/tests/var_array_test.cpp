@@ -243,10 +243,10 @@ TEST(VarArray, AppendsRangesAndCopies)
         EXPECT_EQ(array, sample);
 
         KivVarArray expected(sample);
-        for (const int value : {-1, 0, 1, INT_MAX, 7, 7, 7}) {
+        for (const int value : {-2, -1, 0, 1, 2, INT_MAX, 7, 7, 7}) {
             expected.Append(value);
         }
-        array.AppendRange(-1, 1);
+        array.AppendRange(-2, 2);
         array.AppendRange(INT_MAX, INT_MAX);
         array.AppendCopies(7, 3);
         array.AppendCopies(8, 0);
