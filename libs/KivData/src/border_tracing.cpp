@@ -32,12 +32,13 @@ public:
     explicit Components(const std::vector<Run>& runs) : up_(runs.size())
     {
         std::iota(up_.begin(), up_.end(), 0);
+        // Neither search goes past run i, which neither lies before itself nor touches itself.
         std::size_t above = 0;
         for (std::size_t i = 0; i < runs.size(); ++i) {
             while (lies_before(runs[above], runs[i])) {
                 ++above;
             }
-            for (std::size_t j = above; j < i && touch(runs[j], runs[i]); ++j) {
+            for (std::size_t j = above; touch(runs[j], runs[i]); ++j) {
                 join(static_cast<int>(j), static_cast<int>(i));
             }
         }
