@@ -80,7 +80,7 @@ void paint_pixels(int length, PixelAt pixel_at, cv::Mat& mask)
 }
 
 /// Makes `region` of the pixels, in the frame around them. Pixels with a negative coordinate are left out. Refuses a
-/// list whose largest column or row is below 1. Returns the result code.
+/// list whose largest column or row is below 1, an empty one among them. Returns the result code.
 template <class PixelAt>
 int pixels_to_region(int length, PixelAt pixel_at, KivRegion& region)
 {

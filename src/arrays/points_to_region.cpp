@@ -3,14 +3,9 @@
 
 int KIVMV::KivPointArrayToRegion(KivPointArray& points, KivRegion* region)
 {
-    const int length = points.Length();
-    if (length < 1) {
-        return KIVMV_ERR_PARAM_1;
-    }
-
     const auto pixel_at = [&points](int i) {
         const KivPoint& point = points[i];
         return cv::Point_<int>(kiv::truncate(point.x), kiv::truncate(point.y));
     };
-    return kiv::pixels_to_region(length, pixel_at, *region);
+    return kiv::pixels_to_region(points.Length(), pixel_at, *region);
 }
