@@ -162,6 +162,14 @@ TEST(RotatedRectangle, TurnsClockwiseOnTheScreen)
     EXPECT_EQ(runs_of(turned(-180)), runs_of(turned(0)));
 }
 
+TEST(RotatedRectangle, FollowsTheAngleClosely)
+{
+    // 3 down for every 4 to the right, and so thin that a tenth of a degree more or less would miss the farthest pixel.
+    constexpr double angle = 36.869897645844021; // atan(3 / 4)
+    EXPECT_EQ(runs_of(KivROI::RotatedRectangle(0, 0, 41, 0.03, angle, 20, 20)),
+              (Runs{{0, 0, 0}, {3, 4, 4}, {6, 8, 8}, {9, 12, 12}, {12, 16, 16}}));
+}
+
 TEST(RotatedRectangle, UprightIsTheRectangle)
 {
     for (const double angle : {0.0, 90.0, 180.0, 270.0, -90.0, 3.6e5}) {
@@ -170,6 +178,8 @@ TEST(RotatedRectangle, UprightIsTheRectangle)
                   runs_of(KivROI::Rectangle(2, 2, 8, 6, 10, 10)))
             << angle;
     }
+    EXPECT_EQ(runs_of(KivROI::RotatedRectangle(5, 20, 4, 40, 0, 10, 50)),
+              runs_of(KivROI::Rectangle(3, 0, 7, 40, 10, 50)));
 }
 
 TEST(RotatedRectangle, OfNoBreadthIsALine)
@@ -220,6 +230,12 @@ TEST(Ellipse, TurnsClockwiseOnTheScreen)
                                                                  "...###.\n"
                                                                  "....##.\n"
                                                                  ".......\n");
+}
+
+TEST(Ellipse, LyingAlmostFlatLeansAllTheSame)
+{
+    constexpr double angle = 7.125016348901798; // atan(1 / 8): from row 1 to row 2 in 8 columns
+    EXPECT_EQ(runs_of(KivROI::Ellipse(4, 1.5, 5, 0.1, angle, 9, 4)), (Runs{{1, 0, 0}, {2, 8, 8}}));
 }
 
 TEST(Ellipse, OfEqualRadiiIsTheCircle)
@@ -301,6 +317,20 @@ TEST(RingSector, SweepsClockwiseOnTheScreen)
                                           ".#...#.\n"
                                           ".#####.\n"
                                           "...#...\n");
+    EXPECT_EQ(picture_of(sector(0, 180)), ".......\n"
+                                          ".......\n"
+                                          ".......\n"
+                                          "##...##\n"
+                                          ".#...#.\n"
+                                          ".#####.\n"
+                                          "...#...\n");
+    EXPECT_EQ(picture_of(sector(-140, 280)), "...#...\n"
+                                             ".#####.\n"
+                                             ".....#.\n"
+                                             ".....##\n"
+                                             ".....#.\n"
+                                             ".#####.\n"
+                                             "...#...\n");
     EXPECT_EQ(runs_of(sector(17, 360)), runs_of(KivROI::Ring(3, 3, 2, 3, 7, 7)));
     EXPECT_EQ(runs_of(sector(720, 90)), runs_of(sector(0, 90)));
 }
@@ -345,6 +375,28 @@ TEST(Polygon, HasItsEdges)
                                                                                                    ".###.\n"
                                                                                                    ".###.\n"
                                                                                                    ".....\n");
+}
+
+TEST(Polygon, ContainsTheColumnsOfItsRuns)
+{
+    const KivROI horseshoe =
+        KivROI::Polygon({{1, 0}, {3, 0}, {3, 2}, {5, 2}, {5, 0}, {7, 0}, {7, 4}, {4, 5}, {1, 4}}, 9, 7);
+    EXPECT_EQ(runs_of(horseshoe),
+              (Runs{{0, 1, 3}, {0, 5, 7}, {1, 1, 3}, {1, 5, 7}, {2, 1, 7}, {3, 1, 7}, {4, 1, 7}, {5, 4, 4}}));
+    std::string contained;
+    for (int y = 0; y < 7; ++y) {
+        for (int x = 0; x < 9; ++x) {
+            contained += horseshoe.Parameters().Contains(x, y) ? '#' : '.';
+        }
+        contained += '\n';
+    }
+    EXPECT_EQ(contained, ".###.###.\n"
+                         ".###.###.\n"
+                         ".#######.\n"
+                         ".#######.\n"
+                         ".#######.\n"
+                         "....#....\n"
+                         ".........\n");
 }
 
 TEST(Polygon, LeavesOutWhatLiesInsideTwice)
