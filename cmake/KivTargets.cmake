@@ -29,13 +29,14 @@ function(kiv_export_only target map)
     set_target_properties(${target} PROPERTIES LINK_DEPENDS ${map})
 endfunction()
 
-# kiv_add_test(<name> <sources...>): a GoogleTest program on the shared library, whose tests CTest knows one by one.
+# kiv_add_test(<name> <sources...>): a GoogleTest program on the shared library, whose tests CTest knows one by one,
+# with the program's name as their label.
 function(kiv_add_test name)
     add_executable(${name} ${ARGN})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE KivDataConvert GTest::gtest_main)
     kiv_warnings(${name})
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600 LABELS ${name})
 endfunction()
 
 # kiv_add_internal_tests(<name> <sources...>): the programs <name>_tests and <name>_contract_only_tests, which are linked
@@ -52,6 +53,7 @@ function(kiv_add_internal_tests name)
             $<TARGET_OBJECTS:${name}_test_objects> $<TARGET_OBJECTS:kiv_convert${variant}_objects>)
         target_link_libraries(${program} PRIVATE KivData KivRLC opencv_imgproc GTest::gtest_main)
         set_target_properties(${program} PROPERTIES LINKER_LANGUAGE CXX)
-        gtest_discover_tests(${program} TEST_SUFFIX "${variant}" DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
+        gtest_discover_tests(${program}
+            TEST_SUFFIX "${variant}" DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600 LABELS ${program})
     endforeach()
 endfunction()
