@@ -108,7 +108,7 @@ PixelChain drawable_pixels(const KivContour& contour, const cv::Mat& mask)
     const auto is_near = [&mask](const Point& point) {
         return std::abs(point.x) <= mask.cols && std::abs(point.y) <= mask.rows;
     };
-    if (std::all_of(points.begin(), points.end(), is_near)) {
+    if (std::all_of(points.begin(), points.end(), is_near)) { // nothing to cut, saturate or leave out
         return nearest_pixels(points);
     }
     Points polygon;
@@ -143,8 +143,8 @@ cv::Mat framed_foreground(const cv::Mat& mask)
 
 KivContourArray kivdata::trace_contours(const cv::Mat& mask)
 {
-    if (mask.channels() != 1) {
-        throw std::invalid_argument("MatToMask: the mask must have one channel");
+    if (mask.dims > 2 || mask.channels() != 1) {
+        throw std::invalid_argument("MatToMask: the mask must have two dimensions and one channel");
     }
     if (mask.empty()) {
         return KivContourArray();

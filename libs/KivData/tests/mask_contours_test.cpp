@@ -254,6 +254,16 @@ TEST(MaskContours, RefusesColourAndKeepsItsOutputs)
     EXPECT_EQ(height, -2);
 }
 
+TEST(MaskContours, RefusesMoreThanTwoDimensions)
+{
+    const int sizes[] = {2, 2, 2};
+    cv::Mat cube(3, sizes, CV_8UC1, cv::Scalar(1));
+    KivContourArray contours;
+    int width = 0;
+    int height = 0;
+    EXPECT_THROW(IKivROIPara::MatToMask(cube, &contours, &width, &height), std::invalid_argument);
+}
+
 TEST(MaskContours, RefusesMasksThatLeaveNoRoomForAFrame)
 {
     uchar pixel = 255;

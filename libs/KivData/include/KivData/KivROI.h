@@ -104,6 +104,8 @@ public:
 
     /// The runs of the mask's non-zero bytes, as KivRLC::FindContours() orders them, and the mask's size. The arrays
     /// are replaced; they must be three different objects. Does not depend on the object.
+    ///
+    /// @throws cv::Exception if the mask has more than two dimensions.
     void MatToMask(cv::Mat& mask, KivVarArray* rows, KivVarArray* colBegins, KivVarArray* colEnds, int* width,
                    int* height);
 
@@ -113,7 +115,8 @@ public:
     /// foreground pixels along it; foreground is 8-connected, background 4-connected. KivContour::IsHole() tells which
     /// it is.
     ///
-    /// @throws std::invalid_argument if the mask has more than one channel, or more than 2^31 - 3 rows or columns.
+    /// @throws std::invalid_argument if the mask has more than two dimensions, more than one channel, or more than
+    /// 2^31 - 3 rows or columns.
     static void MatToMask(cv::Mat& mask, KivContourArray* contours, int* width, int* height);
 
     /// Exchanges two sets of parameters.
