@@ -215,6 +215,35 @@ TEST(MaskContours, TracesASinglePixelAndALine)
     EXPECT_FALSE(line[0].IsHole());
 }
 
+TEST(MaskContours, JoinsWhatTouchesByACornerAndNothingFarther)
+{
+    EXPECT_EQ(traced(mask_of({
+                  "#.",
+                  ".#",
+              })),
+              (KivContourArray{KivContour{{0.0, 0.0}, {1.0, 1.0}}}));
+    EXPECT_EQ(traced(mask_of({
+                  ".#",
+                  "#.",
+              })),
+              (KivContourArray{KivContour{{1.0, 0.0}, {0.0, 1.0}}}));
+    EXPECT_EQ(traced(mask_of({
+                  "#..",
+                  "..#",
+              })),
+              (KivContourArray{KivContour{{2.0, 1.0}}, KivContour{{0.0, 0.0}}}));
+    EXPECT_EQ(traced(mask_of({
+                  "..#",
+                  "#..",
+              })),
+              (KivContourArray{KivContour{{0.0, 1.0}}, KivContour{{2.0, 0.0}}}));
+    EXPECT_EQ(traced(mask_of({
+                  "#...",
+                  "...#",
+              })),
+              (KivContourArray{KivContour{{3.0, 1.0}}, KivContour{{0.0, 0.0}}}));
+}
+
 TEST(MaskContours, TracesAViewWithoutChangingTheImage)
 {
     std::mt19937 random(3);
