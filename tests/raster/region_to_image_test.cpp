@@ -174,6 +174,15 @@ TEST(RegionToImage, ManyRowsArePaintedInWhateverOrderTheirRunsCome)
     }
 }
 
+TEST(RegionToImage, RowsOfManyColumnsArePaintedToTheirEnds)
+{
+    constexpr int width = 100000;
+    cv::Mat expected(3, width, CV_8UC1, cv::Scalar(10));
+    expected.at<uchar>(0, width - 1) = 200;
+    expected.at<uchar>(2, 0) = 200;
+    expect_image(KivRegion(1, 1, {{0, width - 1, width}, {2, -1, 0}}), {.width = width, .height = 3}, expected);
+}
+
 TEST(RegionToImage, RunsOutsideTheImagePaintNothing)
 {
     const cv::Mat background(2, 3, CV_8UC1, cv::Scalar(4));
