@@ -365,6 +365,7 @@ TEST(ContourFilling, TakesPointsAtAnyDistance)
         EXPECT_EQ(filled_picture(KivContour{{1.0, -far}, {far, -far}, {far, far}, {1.0, far}}, 3, 2), ".##\n.##\n")
             << far;
         EXPECT_EQ(filled_picture(KivContour{{-far, 1.0}, {far, 1.0}}, 3, 2), "...\n###\n") << far;
+        EXPECT_EQ(filled_picture(KivContour{{1.0, -far}, {1.0, far}}, 3, 2), ".#.\n.#.\n") << far;
         EXPECT_EQ(filled_picture(KivContour{{far, far}}, 3, 2), "...\n...\n") << far;
         EXPECT_EQ(filled_picture(KivContour{{far, 0.0}, {far, 1.0}}, 3, 2), "...\n...\n") << far;
         EXPECT_EQ(filled_picture(KivContour{{-far, -far}, {far, far}, {-far, far}}, 3, 3), "#..\n##.\n###\n") << far;
