@@ -10,6 +10,9 @@
 #include <stdexcept>
 #include <vector>
 
+#include <sys/mman.h>
+#include <unistd.h>
+
 // Found by GoogleTest, by argument-dependent lookup.
 static void PrintTo(const Run& run, std::ostream* out)
 {
@@ -192,6 +195,24 @@ TEST(RunExtraction, AppendsToWhatIsThereWhenAskedShortly)
     Runs runs{{7, 8, 9}};
     KivRLC::AppendRuns(mask, runs);
     EXPECT_EQ(runs, (Runs{{7, 8, 9}, {0, 0, 1}}));
+}
+
+TEST(RunExtraction, ReadsNothingBehindTheMask)
+{
+    const std::ptrdiff_t page = sysconf(_SC_PAGESIZE);
+    const auto length = static_cast<std::size_t>(page);
+    void* const pages = mmap(nullptr, 2 * length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    ASSERT_NE(pages, MAP_FAILED);
+    uchar* const behind = static_cast<uchar*>(pages) + page;
+    ASSERT_EQ(mprotect(behind, length, PROT_NONE), 0); // reading it ends the program
+    for (const int columns : {1, 63, 64, 65, 128, 130}) {
+        cv::Mat mask(1, columns, CV_8UC1, behind - columns);
+        mask = cv::Scalar(0);
+        EXPECT_EQ(extracted(mask), Runs());
+        mask = cv::Scalar(255);
+        EXPECT_EQ(extracted(mask), (Runs{{0, 0, columns - 1}}));
+    }
+    munmap(pages, 2 * length);
 }
 
 TEST(RunExtraction, LeavesTheMaskAsItIs)
