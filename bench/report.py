@@ -19,7 +19,7 @@ def page(timings, returned, memory):
     judged = judged_targets(timings, memory)
     sections = [(HERE / "speed_method.md").read_text(encoding="utf-8"),
                 "## Targets\n", tables.target_overview(judged),
-                (HERE / "speed_reasons.md").read_text(encoding="utf-8"),
+                (HERE / "speed_reasons.md").read_text(encoding="utf-8").split("\n", 1)[1],  # the page has a licence line
                 "![Ratios of all functions](images/speed.svg)\n",
                 "## Target by target\n\nWhat misses its target is bold.\n"]
     for target, found in judged:

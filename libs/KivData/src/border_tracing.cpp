@@ -16,8 +16,8 @@ constexpr uchar passed_on_the_right = 1; // a border has passed that has backgro
 constexpr int none = -1;
 
 // Directions count counterclockwise from 0, right, to 7.
-constexpr unsigned right = 0;
-constexpr unsigned left = 4;
+constexpr unsigned rightwards = 0;
+constexpr unsigned leftwards = 4;
 struct Step {
     int x;
     int y;
@@ -112,7 +112,7 @@ public:
                 ++direction;
             } while (pixel[neighbours_[direction % 8]] == 0);
             direction %= 8;
-            if (direction != right && direction <= came_from) { // the turn went past the right neighbour
+            if (direction != rightwards && direction <= came_from) { // the turn went past the right neighbour
                 *pixel = passed_on_the_right;
             }
             pixels_.push_back(at + offset_);
@@ -157,12 +157,12 @@ std::vector<KivContour> kivdata::trace_borders(cv::Mat& mask, cv::Point_<int> of
         const Run& run = runs[static_cast<std::size_t>(i)];
         const int first_run = components.first_run_of(i);
         if (first_run == i) {
-            outer_borders.emplace_back(follower.follow(run.colBegin, run.row, left));
+            outer_borders.emplace_back(follower.follow(run.colBegin, run.row, leftwards));
             first_runs.push_back(i);
         }
         if (!follower.is_passed_on_the_right(run.colEnd, run.row)) {
             int& latest = latest_hole[static_cast<std::size_t>(first_run)];
-            hole_borders.push_back({KivContour(follower.follow(run.colEnd, run.row, right)), latest});
+            hole_borders.push_back({KivContour(follower.follow(run.colEnd, run.row, rightwards)), latest});
             latest = static_cast<int>(hole_borders.size()) - 1;
         }
     }
