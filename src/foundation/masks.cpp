@@ -34,15 +34,16 @@ void paint(cv::Mat& mask, RunView runs, int foreground, int background)
     // bench/kiv/raster.cpp measures it.
     const int rows_at_once = std::max(bytes_at_once / mask.cols, 1);
     int cleared = 0; // rows from the top on
+    const auto row_at = [&mask](int row) { return mask.data + static_cast<std::size_t>(row) * mask.step[0]; };
     const auto clear_rows = [&](int count) {
-        std::memset(mask.ptr(cleared), background, static_cast<std::size_t>(count) * mask.step[0]);
+        std::memset(row_at(cleared), background, static_cast<std::size_t>(count) * mask.step[0]);
         cleared += count;
     };
     for_each_visible(runs, {mask.cols, mask.rows}, [&](int row, int first, int last) {
         if (row >= cleared) {
             clear_rows(row - cleared + std::min(rows_at_once, mask.rows - row));
         }
-        std::memset(mask.ptr(row) + first, foreground, length_of(first, last));
+        std::memset(row_at(row) + first, foreground, length_of(first, last));
     });
     clear_rows(mask.rows - cleared);
 }
