@@ -64,7 +64,9 @@ kivdata::SlantedEllipse kivdata::SlantedEllipse::turned(double cx, double cy, do
     const double half_height = std::clamp(std::hypot(radius1 * along.y, radius2 * along.x), smaller, larger);
     double half_width = larger;
     double shift = 0.0;
-    if (half_height > 0.0) {
+    if (half_height == larger) {
+        half_width = smaller; // which the quotient may fall short of
+    } else if (half_height > 0.0) {
         half_width = larger * (smaller / half_height);
     }
     if (half_height > 0.0 && along.x != 0.0 && along.y != 0.0) {

@@ -254,6 +254,28 @@ TEST(Ellipse, HasItsBorder)
     EXPECT_FALSE(ellipse.Parameters().Contains(46, 14));
 }
 
+TEST(Ellipse, UprightHasTheEndsOfItsAxes)
+{
+    for (int radius1 = 1; radius1 <= 200; ++radius1) {
+        for (int radius2 = 1; radius2 <= 200; ++radius2) {
+            for (const int angle : {0, 90, 180, 270}) {
+                const KivROI ellipse = KivROI::Ellipse(200, 200, radius1, radius2, angle, 401, 401);
+                const auto has = [&ellipse](int x, int y) { return ellipse.Parameters().Contains(x, y); };
+                const int across = angle % 180 == 0 ? radius1 : radius2;
+                const int down = angle % 180 == 0 ? radius2 : radius1;
+                ASSERT_TRUE(has(200 - across, 200) && has(200 + across, 200) && has(200, 200 - down) &&
+                            has(200, 200 + down))
+                    << radius1 << ", " << radius2 << " at " << angle;
+                ASSERT_FALSE(has(199 - across, 200) || has(201 + across, 200) || has(200, 199 - down) ||
+                             has(200, 201 + down))
+                    << radius1 << ", " << radius2 << " at " << angle;
+            }
+        }
+    }
+    const Runs runs = runs_of(KivROI::Ellipse(2, 49, 1, 49, 0, 5, 99));
+    EXPECT_EQ(Runs(runs.begin() + 49, runs.begin() + 50), (Runs{{49, 1, 3}}));
+}
+
 TEST(Ellipse, OfOneRadiusIsALine)
 {
     EXPECT_EQ(runs_of(KivROI::Ellipse(3, 2, 2, 0, 0, 7, 5)), (Runs{{2, 1, 5}}));

@@ -88,8 +88,10 @@ struct Circle {
 /// Written as an upright ellipse whose rows are shifted: with h the half height of the turned ellipse, w the half
 /// length of its row through the centre and k the shift per row, |t| <= w and |dy| <= h and (h * t)^2 + (w * dy)^2 <=
 /// (w * h)^2, where t = dx - k * dy. With c and s the cosine and the sine of the angle, h = hypot(radius1 * s, radius2
-/// * c), never outside of the two radii, w = radius1 * radius2 / h and k = (radius1^2 - radius2^2) * c * s / h^2; when
-/// h is 0, w is the larger radius and k is 0. An ellipse with one radius 0 is a straight line, with two a point.
+/// * c), never outside of the two radii. When h is the larger radius, w is the smaller one; otherwise w = larger *
+/// (smaller / h). k = (radius1 / h * c) * (radius1 / h * s) - (radius2 / h * c) * (radius2 / h * s), and 0 when c or s
+/// is 0. When h is 0, w is the larger radius and k is 0. An ellipse with one radius 0 is a straight line, with two a
+/// point.
 struct Ellipse {
     static constexpr int type = 5; ///< ROI type code
 
