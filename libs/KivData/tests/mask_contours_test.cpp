@@ -382,4 +382,16 @@ TEST(ContourFilling, CutsALongWedgeWhereItShould)
     }
 }
 
+TEST(ContourFilling, FollowsLongEdgesFromAboveToWithinAPixel)
+{
+    // Edges from (0, -far) to (50, 30) and to (100, 30): on row 20 they are at 50 and 100, within a thousandth.
+    for (const double far : {1e4, 1e5, 1e6, 3e6}) {
+        const cv::Mat mask = filled(KivContourArray{KivContour{{0.0, -far}, {100.0, 30.0}, {50.0, 30.0}}}, 110, 40);
+        const cv::Mat row = mask.row(20);
+        EXPECT_EQ(cv::countNonZero(row.colRange(51, 100)), 49) << far;
+        EXPECT_EQ(cv::countNonZero(row.colRange(0, 49)), 0) << far;
+        EXPECT_EQ(cv::countNonZero(row.colRange(102, 110)), 0) << far;
+    }
+}
+
 } // namespace
