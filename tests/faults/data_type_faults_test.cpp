@@ -73,6 +73,7 @@ TEST_F(DataTypeFaults, LeaveAnArrayOfVariantsAsItWas)
     const KivVar text(long_text);
     const KivVarArray packed = {1, 2};
     const KivVarArray mixed = {1, long_text.c_str()};
+    const KivVarArray others[] = {{3, 4}, {long_text.c_str(), long_text.c_str()}};
     for (const KivVarArray& start : {packed, mixed}) {
         expect_all_or_nothing(start, [](KivVarArray& array) { array.Append(3); });
         expect_all_or_nothing(start, [&](KivVarArray& array) { array.Append(text); });
@@ -80,6 +81,9 @@ TEST_F(DataTypeFaults, LeaveAnArrayOfVariantsAsItWas)
         expect_all_or_nothing(start, [](KivVarArray& array) { array.AppendRange(-1, 50); });
         expect_all_or_nothing(start, [](KivVarArray& array) { array.AppendCopies(4, 50); });
         expect_all_or_nothing(start, [&](KivVarArray& array) { array = {5, 6, long_text.c_str()}; });
+        for (const KivVarArray& other : others) {
+            expect_all_or_nothing(start, [&](KivVarArray& array) { array = other; });
+        }
     }
     expect_all_or_nothing(packed, [](KivVarArray& array) { array[1] = KivVar(9.5); });
 }
@@ -113,6 +117,7 @@ TEST_F(DataTypeFaults, LeaveContoursAndPointsAsTheyWere)
     expect_all_or_nothing(KivContour{{5, 6}}, [&](KivContour& contour) { contour = other; });
     const KivContourArray others = {other, other};
     expect_all_or_nothing(KivContourArray{other}, [&](KivContourArray& contours) { contours = others; });
+    expect_all_or_nothing(KivContourArray{{{5, 6}}, {}}, [&](KivContourArray& contours) { contours = others; });
     expect_all_or_nothing(KivContourArray{other}, [&](KivContourArray& contours) { contours.Append(other); });
     expect_all_or_nothing(KivPointArray{{5, 6}}, [](KivPointArray& array) { array.Append(KivPoint{7, 8}); });
     expect_all_or_nothing(KivPointArray{{5, 6}}, [](KivPointArray& array) { array.AppendPixels(1, -1, 50); });

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Images of more than 2^31 bytes, where a pixel's place no longer fits into an int.
+#include "huge/memory.h"
+
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <gtest/gtest.h>
@@ -9,9 +11,7 @@
 #include <malloc.h>
 
 #include <cstdint>
-#include <fstream>
 #include <limits>
-#include <string>
 #include <vector>
 
 namespace
@@ -22,27 +22,8 @@ constexpr int height = 32800;
 constexpr auto bytes_of_mask = std::int64_t{width} * height;
 static_assert(bytes_of_mask > std::numeric_limits<std::int32_t>::max());
 
-/// An image, and the copy that some functions make of it; the thread sanitizer keeps several bytes for each.
-#if defined(__SANITIZE_THREAD__)
-constexpr std::int64_t bytes_needed = 2 * bytes_of_mask * 6;
-#else
-constexpr std::int64_t bytes_needed = 2 * bytes_of_mask * 5 / 4;
-#endif
-
-/// As the kernel estimates it; 0 where it does not say.
-std::int64_t bytes_available()
-{
-    std::ifstream facts("/proc/meminfo");
-    std::string name;
-    std::int64_t kibibytes = 0;
-    while (facts >> name >> kibibytes) {
-        if (name == "MemAvailable:") {
-            return kibibytes * 1024;
-        }
-        facts.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
-    }
-    return 0;
-}
+/// An image, and the copy that some functions make of it.
+constexpr std::int64_t bytes_needed = 2 * bytes_of_mask;
 
 /// Runs at the corners, on both sides of byte 2^31, and through a whole row.
 std::vector<Run> runs_far_and_near()
@@ -69,9 +50,8 @@ void keep_freed_memory()
 
 TEST(HugeImage, IsPaintedAndRead)
 {
-    if (bytes_available() < bytes_needed) {
-        GTEST_SKIP() << "needs " << bytes_needed / 1'000'000 << " MB of memory, of which "
-                     << bytes_available() / 1'000'000 << " MB are available";
+    if (!huge::available(bytes_needed)) {
+        GTEST_SKIP() << "needs " << bytes_needed / 1'000'000 << " MB of memory";
     }
     keep_freed_memory();
 

@@ -42,9 +42,10 @@ void KivVarArray::AppendRange(int first, int last)
             ints_[before + i] = first + static_cast<int>(i);
         }
     } else {
-        vars_.reserve(vars_.size() + added);
-        for (std::int64_t value = first; value <= last; ++value) {
-            vars_.emplace_back(static_cast<int>(value));
+        const std::size_t before = vars_.size();
+        vars_.resize(before + added);
+        for (std::size_t i = 0; i < added; ++i) {
+            vars_[before + i] = KivVar(first + static_cast<int>(i));
         }
     }
 }

@@ -63,7 +63,16 @@ public:
     KivContourArray() = default;                                                         ///< An empty array.
     KivContourArray(std::initializer_list<KivContour> contours) : contours_(contours) {} ///< The given contours.
     explicit KivContourArray(std::vector<KivContour> contours) noexcept
-        : contours_(std::move(contours)) {} ///< Taken over.
+        : contours_(std::move(contours)) {}                      ///< Taken over.
+    KivContourArray(const KivContourArray& other) = default;     ///< Equal contours.
+    KivContourArray(KivContourArray&& other) noexcept = default; ///< Leaves `other` empty.
+    ~KivContourArray() = default;
+
+    /// Becomes equal to `other`.
+    KivContourArray& operator=(const KivContourArray& other) { return *this = KivContourArray(other); }
+
+    /// Takes the contours over and leaves `other` empty.
+    KivContourArray& operator=(KivContourArray&& other) noexcept = default;
 
     int Length() const noexcept { return static_cast<int>(contours_.size()); } ///< Number of contours.
 

@@ -5,6 +5,7 @@
 
 #include <KivData/KivDataExport.h>
 
+#include <climits>
 #include <cstddef>
 #include <initializer_list>
 #include <utility>
@@ -56,7 +57,7 @@ public:
 private:
     void append(const KivPoint& point)
     {
-        if (points_.size() < points_.capacity()) {
+        if (points_.size() < points_.capacity() && Length() < INT_MAX) {
             points_.push_back(point);
         } else {
             append_slowly(point);

@@ -6,6 +6,7 @@
 #include <KivData/KivDataExport.h>
 #include <KivData/KivVar.h>
 
+#include <climits>
 #include <cstddef>
 #include <initializer_list>
 #include <vector>
@@ -25,6 +26,15 @@ public:
     KivVarArray() = default;                              ///< An empty array.
     KivVarArray(std::initializer_list<KivVar> values);    ///< The given values.
     explicit KivVarArray(std::vector<int> ints) noexcept; ///< The given ints, taken over without copying.
+    KivVarArray(const KivVarArray& other) = default;      ///< Equal elements.
+    KivVarArray(KivVarArray&& other) noexcept = default;  ///< Leaves `other` empty.
+    ~KivVarArray() = default;
+
+    /// Becomes equal to `other`.
+    KivVarArray& operator=(const KivVarArray& other) { return *this = KivVarArray(other); }
+
+    /// Takes the elements over and leaves `other` empty.
+    KivVarArray& operator=(KivVarArray&& other) noexcept = default;
 
     /// Number of elements.
     int Length() const noexcept { return static_cast<int>(packed_ ? ints_.size() : vars_.size()); }
@@ -48,7 +58,7 @@ public:
     /// Adds a copy of `value` at the end; `value` may be an element of this array.
     void Append(const KivVar& value)
     {
-        if (packed_ && value.ValType() == KivVar::IntKind && ints_.size() < ints_.capacity()) {
+        if (packed_ && value.ValType() == KivVar::IntKind && ints_.size() < ints_.capacity() && Length() < INT_MAX) {
             ints_.push_back(value.I());
         } else {
             append_slowly(value);
@@ -69,7 +79,7 @@ public:
     void Remove(int index); ///< Takes the element at `index` out; later ones move up.
     void Clear() noexcept;  ///< Makes the array empty.
 
-    /// Makes room for `length` ints in all; does nothing where there is room already.
+    /// Makes room for `length` ints in all; does nothing where there is room already or the array is not kept packed.
     void Reserve(std::size_t length)
     {
         if (packed_) {
