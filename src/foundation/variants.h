@@ -34,9 +34,11 @@ public:
     /// Whether an element is of one of the two kinds that an int can be made of.
     bool is_number(int index) const { return packed_ != nullptr || is_number_kind(values_[index].ValType()); }
 
+    /// An index past the end is refused by the array itself.
     int value(int index) const
     {
-        return packed_ != nullptr ? packed_->at(static_cast<std::size_t>(index)) : values_[index].I();
+        const auto at = static_cast<std::size_t>(index);
+        return packed_ != nullptr && at < packed_->size() ? (*packed_)[at] : values_[index].I();
     }
 
 private:

@@ -10,6 +10,7 @@
 #include <numeric>
 #include <random>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -268,6 +269,27 @@ TEST(Radixsort, AnArrayMayBeItsOwnKey)
     KivVarArray all = {120, -5, 12, 5};
     KIVMV::radixsort(all, all, all);
     EXPECT_EQ(all, (KivVarArray{-5, 5, 12, 120}));
+}
+
+TEST(Radixsort, ColumnsThatEndTooSoonAreRefusedByTheArray)
+{
+    const KivVarArray packed{1};
+    KivVarArray unpacked(packed);
+    unpacked[0].I();
+    for (const KivVarArray& too_short : {packed, unpacked}) {
+        KivVarArray rows{3, 1};
+        KivVarArray col_begins(too_short);
+        KivVarArray col_ends{1, 2};
+        try {
+            KIVMV::radixsort(rows, col_begins, col_ends);
+            ADD_FAILURE() << "nothing was refused";
+        } catch (const std::out_of_range& error) {
+            EXPECT_STREQ(error.what(), "KivVarArray: index 1 is outside an array of length 1");
+        }
+        EXPECT_EQ(rows, (KivVarArray{3, 1}));
+        EXPECT_EQ(col_begins, too_short);
+        EXPECT_EQ(col_ends, (KivVarArray{1, 2}));
+    }
 }
 
 TEST(Radixsort, TheArraysStayThreeObjects)
