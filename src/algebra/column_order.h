@@ -5,6 +5,7 @@
 #include "foundation/runs.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 
 namespace kiv
@@ -89,13 +90,8 @@ void for_each_with_reach(RunView a, RunView b, Visit visit)
     }
 }
 
-/// Calls `visit` with each run of A, in order, and all runs of B.
-template <class Visit>
-void for_each_with_all(RunView a, RunView b, Visit visit)
-{
-    for (const Run& run : a) {
-        visit(run, Reach(b, std::numeric_limits<int>::max()));
-    }
-}
+/// The same for rows in any order: where B climbs its runs are found by halving, otherwise, and for a run that begins
+/// past its end, they are all of B.
+void for_each_in_any_order(RunView a, RunView b, const std::function<void(const Run&, Reach)>& visit);
 
 } // namespace kiv

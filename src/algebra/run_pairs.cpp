@@ -90,7 +90,7 @@ void intersect_row(RunView a, RunView b, RunList& out)
     if (climbs(a) && climbs(b)) {
         for_each_with_reach(a, b, intersect);
     } else {
-        for_each_with_all(a, b, intersect);
+        for_each_in_any_order(a, b, intersect);
     }
 }
 
@@ -100,7 +100,7 @@ void cut_row(RunView a, RunView b, RunList& out)
     if (climbs(a) && climbs(b)) {
         for_each_with_reach(a, b, cut);
     } else {
-        for_each_with_all(a, ByColumn(b).runs(), cut);
+        for_each_in_any_order(a, ByColumn(b).runs(), cut);
     }
 }
 

@@ -10,7 +10,7 @@ namespace kiv
 /// Whether a run of A and a run of B, by their columns alone, have something to do with each other: they share a
 /// column, or the ends of one lie within the ends of the other.
 ///
-/// For runs whose begin does not lie past their end the second follows from the first. It is there for the others,
+/// For runs whose begin does not lie past their end the first follows from the second. It is there for the others,
 /// which cover nothing but are combined by their ends all the same.
 bool runs_meet(const Run& a, const Run& b);
 

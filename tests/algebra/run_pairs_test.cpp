@@ -13,6 +13,9 @@
 #include <climits>
 #include <cstddef>
 #include <iostream>
+#include <iterator>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace
@@ -378,22 +381,58 @@ TEST(RunPairs, ARowClimbsWhenNoRunIsInvertedOrBeginsOrEndsBeforeTheOneInFront)
     }
 }
 
+Runs in_order(kiv::Reach reach)
+{
+    Runs runs;
+    for (const auto& run : reach) {
+        runs.push_back(run);
+    }
+    return runs;
+}
+
 TEST(RunPairs, TheReachOfARunIsTheRunsThatShareAColumnWithIt)
 {
     const Runs a = {{1, -5, -1}, {1, -5, 0}, {1, 2, 3}, {1, 3, 3}, {1, 4, 5}, {1, 5, 20}, {1, 10, 20}};
     const Runs b = {{1, 0, 2}, {1, 2, 3}, {1, 6, 7}, {1, 9, 9}};
     std::vector<Runs> reaches;
-    kiv::for_each_with_reach(a, b, [&reaches](const auto&, kiv::Reach reach) {
-        Runs& found = reaches.emplace_back();
-        for (const auto& run : reach) {
-            found.push_back(run);
-        }
-    });
+    kiv::for_each_with_reach(a, b, [&reaches](const auto&, kiv::Reach reach) { reaches.push_back(in_order(reach)); });
     const std::vector<Runs> expected = {
         {}, {{1, 0, 2}}, {{1, 0, 2}, {1, 2, 3}}, {{1, 2, 3}}, {}, {{1, 6, 7}, {1, 9, 9}}, {}};
     ASSERT_EQ(reaches.size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i) {
         EXPECT_TRUE(same(reaches[i], expected[i])) << described(Runs{a[i]});
+    }
+}
+
+TEST(RunPairs, InAnyOrderTheReachIsFoundWhereBClimbs)
+{
+    const Runs b = {{1, 0, 2}, {1, 2, 3}, {1, 3, 3}, {1, 6, 7}, {1, 9, 9}, {1, 12, 15}};
+    const auto by_columns = [](const auto& left, const auto& right) {
+        return std::tie(left.colBegin, left.colEnd) < std::tie(right.colBegin, right.colEnd);
+    };
+    Runs a = {{1, -1, 1}, {1, 2, 2}, {1, 4, 5}, {1, 7, 8}, {1, 7, 12}, {1, 16, 20}};
+    do {
+        std::size_t visits = 0;
+        kiv::for_each_in_any_order(a, b, [&](const auto& of_a, kiv::Reach reach) {
+            EXPECT_EQ(&of_a, &a[visits++]);
+            Runs met;
+            std::copy_if(b.begin(), b.end(), std::back_inserter(met),
+                         [&of_a](const auto& of_b) { return kiv::runs_meet(of_a, of_b); });
+            EXPECT_TRUE(same(in_order(reach), met)) << described(Runs{of_a});
+        });
+        EXPECT_EQ(visits, a.size());
+    } while (std::next_permutation(a.begin(), a.end(), by_columns));
+}
+
+TEST(RunPairs, InAnyOrderTheReachIsAllOfBOtherwise)
+{
+    const Runs climbing = {{1, 0, 2}, {1, 6, 7}};
+    const Runs falling = {{1, 6, 7}, {1, 0, 2}};
+    const Runs well_formed = {{1, 4, 4}};
+    const Runs inverted = {{1, 5, 4}};
+    for (const auto& [a, b] : {std::pair{inverted, climbing}, {inverted, falling}, {well_formed, falling}}) {
+        kiv::for_each_in_any_order(
+            a, b, [&all = b](const auto&, kiv::Reach reach) { EXPECT_TRUE(same(in_order(reach), all)); });
     }
 }
 
