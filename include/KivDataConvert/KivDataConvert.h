@@ -28,7 +28,8 @@
 #define KIVMV_API
 #endif
 
-/// All functions of the library, their result codes, and three data words.
+/// All functions of the library, their result codes, and three data words. KivDataConvert.h has the conventions that
+/// hold for all of them.
 namespace KIVMV
 {
 
@@ -61,7 +62,7 @@ KIVMV_API extern const int str3; ///< 't'
 
 /// The number of decimal digits of the largest value, at least 1; a negative value counts as one digit.
 ///
-/// @param values ints; an empty array gives 1
+/// @param values ints (doubles and texts are converted as KivVar::I() does); an empty array gives 1
 /// @return 1 to 10
 ///
 /// Cost: linear, and the copy of the array.
@@ -69,11 +70,13 @@ KIVMV_API int maxbit(KivVarArray values);
 
 /// Sorts runs by row, in place and stably: runs of one row keep their order. Columns only travel with their row.
 ///
-/// Negative rows sort before row 0. The elements that are sorted are ints afterwards.
+/// Negative rows sort before row 0. The elements that are sorted are ints afterwards (doubles and texts are converted
+/// as KivVar::I() does).
 /// @param rows the keys; any ints
 /// @param colBegins at least as many elements as `rows`; elements past that stay where they are
-/// @param colEnds the same
+/// @param colEnds the same; may be the same object as `colBegins`
 ///
+/// Raises std::out_of_range when there are fewer columns than rows; the arrays are as they were then.
 /// Cost: linear.
 KIVMV_API void radixsort(KivVarArray& rows, KivVarArray& colBegins, KivVarArray& colEnds);
 /// @}
@@ -89,7 +92,8 @@ KIVMV_API void radixsort(KivVarArray& rows, KivVarArray& colBegins, KivVarArray&
 /// @param[out] ys rows of the pixels, parallel to `xs`; another object than `xs`
 /// @retval KIVMV_ERR_PARAM_1 the region is empty; both arrays are empty then
 ///
-/// Raises cv::Exception for a frame of negative height. Cost: linear in the frame's pixels and the entries.
+/// Raises cv::Exception for a frame of negative height. Cost: linear in the frame's pixels, the entries, and the runs;
+/// where runs overlap, also in the pixels that each covers in the frame.
 KIVMV_API int KivRegionToVarArray(KivRegion& region, KivVarArray* xs, KivVarArray* ys);
 
 /// Makes the region of the listed pixels; order and repetitions do not matter.
@@ -138,7 +142,7 @@ KIVMV_API int KivRegionToPointArray(KivRegion& region, KivPointArray* points);
 
 /// Makes the region of an image's non-zero pixels. The image's size becomes the region's frame.
 ///
-/// Of an image of two or four channels the first Width() bytes of each row are looked at.
+/// Of an image of several channels the first Width() bytes of each row are looked at.
 /// @param image an 8-bit image of any channel count but 3
 /// @param[out] region runs are maximal, ordered by row, then by column; replaced also when there are none
 /// @retval KIVMV_ERR_CHANNELS the image has exactly 3 channels
@@ -177,7 +181,8 @@ KIVMV_API int KivBinImageToRegion(KivImage& image, KivRegion* region);
 /// @retval KIVMV_ERR_PARAM_1 the region is empty
 /// @retval KIVMV_ERR_EXCEPTION the new image could not be made, for want of memory for instance
 ///
-/// Cost: linear in the image's pixels and the runs, however far runs reach outside the image.
+/// Cost: linear in the image's pixels and the runs, however far runs reach outside the image; where runs overlap, also
+/// in the pixels that each covers in the image.
 KIVMV_API int KivRegionToImage(KivImage* image, KivRegion& region, int foreground, int background, int width,
                                int height);
 
@@ -187,7 +192,7 @@ KIVMV_API int KivRegionToImage(KivImage* image, KivRegion& region, int foregroun
 /// @param region runs are clipped to the frame
 /// @retval KIVMV_ERR_PARAM_1 the region is empty
 ///
-/// Cost: linear in the frame's pixels and the runs. Raises cv::Exception for a frame of negative height.
+/// Raises cv::Exception for a frame of negative height. Cost: as KivRegionToImage().
 KIVMV_API int KivRegionToBinImage(KivImage* image, KivRegion& region);
 
 /// Makes a matrix share the pixels of an image: nothing is copied or converted, and writing through one is seen through
@@ -207,7 +212,7 @@ KIVMV_API int KivImageToMatrix(KivImage& image, KivMatrix* matrix);
 /// reals that no int can hold; the channel count is kept.
 /// @param[out] image its former pixels are released
 /// @param matrix any element type that OpenCV converts to 8 bits
-/// @retval KIVMV_ERR_PARAM_1 the matrix has no rows
+/// @retval KIVMV_ERR_PARAM_1 the matrix has no rows, or more than two dimensions
 ///
 /// Cost: linear in the elements.
 KIVMV_API int KivMatrixToImage(KivImage* image, KivMatrix& matrix);
@@ -231,7 +236,7 @@ KIVMV_API int KivContourToVarArray(KivContour& contour, KivVarArray* xs, KivVarA
 /// Makes a contour of points with int coordinates.
 ///
 /// The contour is reset before anything else, and is not rolled back: when an element is not a number, the points
-/// before it stay in the contour.
+/// before it stay in the contour; when the lengths are refused, it has no points.
 /// @param xs columns, ints (doubles are converted as KivVar::I() does)
 /// @param ys rows, parallel to `xs`; may be the same object
 /// @param[out] contour the points, in order
@@ -268,10 +273,10 @@ KIVMV_API int KivPointArrayToContour(KivPointArray& points, KivContour* contour)
 /// Traces a region into contours. Runs are clipped to the region's frame.
 ///
 /// @param region the region
-/// @param[out] contours written as IKivROIPara::MatToMask() does
+/// @param[out] contours replaced by what IKivROIPara::MatToMask() traces
 /// @retval KIVMV_ERR_PARAM_1 the region is empty
 ///
-/// Raises cv::Exception for a frame of negative height. Cost: linear in the frame's pixels, the runs and the points.
+/// Raises cv::Exception for a frame of negative height. Cost: as KivRegionToImage(), and linear in the points.
 KIVMV_API int KivRegionToContourArray(KivRegion& region, KivContourArray* contours);
 
 /// Fills contours into a region of the given frame, as IKivROIPara::ToMAT() fills them.
@@ -285,20 +290,22 @@ KIVMV_API int KivRegionToContourArray(KivRegion& region, KivContourArray* contou
 /// @retval KIVMV_ERR_PARAM_3 `height` is below 2
 /// @retval KIVMV_ERR_EXCEPTION filling raised an exception
 ///
-/// Cost: linear in the frame's pixels and the points.
+/// Cost: linear in the frame's pixels and, for each contour, in its points and the rows that its edges pass; where
+/// contours are many, also in the square of their number.
 KIVMV_API int KivContourArrayToRegion(KivContourArray& contours, int width, int height, KivRegion* region);
 
-/// Fills one contour, its border included, into a region.
+/// Fills one contour, its border included, into a region. What it encloses twice is not filled (even-odd rule).
 ///
 /// Coordinates are truncated toward zero. The frame reaches from (0, 0) to just past the largest column and row;
-/// parts at negative coordinates are cut off, those more than 2^20 rows above the frame before drawing, which rounds
-/// where their edges enter. Coordinates that no int can hold are saturated to int, and NaN counts as 0.
+/// parts at negative coordinates are cut off, those more than 2^20 rows above the frame before drawing. An edge that
+/// begins n rows above the frame may be drawn up to n / 65536 pixels off. Coordinates that no int can hold are
+/// saturated to int, and NaN counts as 0. A largest column or row of -1 gives a frame of 0 columns or rows.
 /// @param contour the contour
 /// @param[out] region runs are maximal, ordered by row, then by column
 /// @retval KIVMV_ERR_PARAM_1 the contour has no points
 ///
 /// Raises cv::Exception when the largest truncated column or row is below -1 or the frame is too large to hold.
-/// Cost: linear in the frame's pixels and the points.
+/// Cost: linear in the frame's pixels, the points, and the rows that the edges pass.
 KIVMV_API int KivContourToRegion(KivContour& contour, KivRegion* region);
 
 /// Fills contours into a new binary image of the given size, as IKivROIPara::ToMAT() fills them.
@@ -312,13 +319,13 @@ KIVMV_API int KivContourToRegion(KivContour& contour, KivRegion* region);
 /// @retval KIVMV_ERR_PARAM_3 `height` is below 2
 /// @retval KIVMV_ERR_EXCEPTION filling raised an exception
 ///
-/// Cost: linear in the image's pixels and the points.
+/// Cost: as KivContourArrayToRegion().
 KIVMV_API int KivContourArrayToBinImage(KivImage* image, KivContourArray& contours, int width, int height);
 
 /// Traces a binary image into contours. The image must not be written by another thread meanwhile.
 ///
 /// @param image an 8-bit image of at most one channel
-/// @param[out] contours written as IKivROIPara::MatToMask() does
+/// @param[out] contours replaced by what IKivROIPara::MatToMask() traces
 /// @retval KIVMV_ERR_NO_IMAGE the image's height is below 1
 /// @retval KIVMV_ERR_CHANNELS the image has more than one channel
 /// @retval KIVMV_ERR_BIT_DEPTH the image is not 8-bit
@@ -327,20 +334,21 @@ KIVMV_API int KivContourArrayToBinImage(KivImage* image, KivContourArray& contou
 KIVMV_API int KivBinImageToContourArray(KivImage& image, KivContourArray* contours);
 
 /// Draws a filled contour, its border included, into a copy of a binary image and traces the copy into contours. The
-/// image itself is not changed.
+/// image itself is not changed. What the contour encloses twice is not drawn (even-odd rule).
 ///
 /// Coordinates are rounded to the nearest pixel, ties to even: (2.5, 3.5) is drawn at (2, 4). Coordinates that no int
 /// can hold are saturated to int, and NaN counts as 0. What lies outside the image is cut off, parts more than 2^20
-/// rows above it before drawing, which rounds where their edges enter.
+/// rows above it before drawing. An edge that begins n rows above the image may be drawn up to n / 65536 pixels off.
 /// @param image an image of one channel, 8-bit as a rule; the depth and the height are not checked
 /// @param contour the contour
 /// @param add true: the contour becomes foreground (255); false: it is cut out (0)
-/// @param[out] contours written as IKivROIPara::MatToMask() does
+/// @param[out] contours replaced by what IKivROIPara::MatToMask() traces
 /// @retval KIVMV_ERR_CHANNELS the channel count is not 1
 /// @retval KIVMV_ERR_NO_IMAGE the image's width is below 1
 /// @retval KIVMV_ERR_PARAM_1 the contour has no points
 ///
-/// Cost: linear in the pixels and the points; one copy of the image, made before the checks.
+/// Cost: linear in the pixels, the points, and the rows that the contour's edges pass; one copy of the image, made
+/// before the checks.
 KIVMV_API int KivMergContour(KivImage& image, KivContour& contour, bool add, KivContourArray* contours);
 /// @}
 
@@ -354,7 +362,7 @@ KIVMV_API int KivMergContour(KivImage& image, KivContour& contour, bool add, Kiv
 /// @param[out] out the region, in the frame of the ROI's mask
 /// @retval KIVMV_ERR_PARAM_1 the ROI is of type 10 or 3, or its mask has no columns
 ///
-/// Cost: linear in the mask's pixels and the runs.
+/// Cost: linear in the mask's pixels and the runs; where runs overlap, also in the pixels that each covers.
 KIVMV_API int KivROIToRegion(KivROI& roi, KivRegion* out);
 
 /// Makes an ROI a mask of a region's runs, in the region's frame.
@@ -367,13 +375,13 @@ KIVMV_API int KivROIToRegion(KivROI& roi, KivRegion* out);
 KIVMV_API int KivRegionToROI(KivRegion& region, KivROI* out);
 
 /// Paints an ROI's mask into an image of the mask's frame: 255 where the ROI is, 0 elsewhere. A frame without columns
-/// gives an empty image.
+/// or without rows gives an empty image.
 ///
 /// @param[out] image becomes an 8-bit image of one channel
 /// @param roi the ROI
 /// @retval KIVMV_ERR_PARAM_1 the ROI is of type 3 or 10
 ///
-/// Cost: linear in the mask's pixels and the runs.
+/// Cost: as KivROIToRegion().
 KIVMV_API int KivROIToBinImage(KivImage* image, KivROI& roi);
 
 /// Makes an ROI a mask of a binary image's non-zero pixels, in the image's frame.
@@ -390,10 +398,10 @@ KIVMV_API int KivBinImageToROI(KivImage& image, KivROI* out);
 /// Traces an ROI's mask into contours.
 ///
 /// @param roi the ROI
-/// @param[out] out written as IKivROIPara::GetMask() does
+/// @param[out] out replaced by what IKivROIPara::GetMask() traces
 /// @retval KIVMV_ERR_PARAM_1 the ROI is of type 3 or 10
 ///
-/// Cost: linear in the mask's pixels, the runs and the points.
+/// Cost: as KivROIToRegion(), and linear in the points.
 KIVMV_API int KivROIToContourArray(KivROI& roi, KivContourArray* out);
 /// @}
 
@@ -405,7 +413,8 @@ KIVMV_API int KivROIToContourArray(KivROI& roi, KivContourArray* out);
 
 /// Union: the pixels of `a` or `b`. The frame is as wide as the wider and as high as the higher operand.
 ///
-/// On a row that both have, each run of `a` is united with each run of `b`: p and q runs give p q to 2 p q runs.
+/// On a row that both have, each run of `a` is united with each run of `b`: p and q runs give p q to 2 p q runs. When
+/// `a` is a single run it is kept as it is, and the runs of `b` on its row are lost.
 /// @param a first operand
 /// @param b second operand
 /// @param[out] out rows of `a` ascending, then the rows that only `b` has
@@ -424,7 +433,8 @@ KIVMV_API int KivRegionAdd(KivRegion& a, KivRegion& b, KivRegion* out);
 /// @retval KIVMV_ERR_PARAM_1 both operands are empty; `out` becomes an empty region
 ///
 /// When one operand alone is empty, `out` becomes a copy of the other, not an empty region.
-/// Cost: as KivRegionAdd().
+/// Cost: as KivRegionAdd(). On a row where the first or the last columns of the runs of `b` do not ascend, up to the
+/// product of both numbers of runs.
 KIVMV_API int KivRegionAnd(KivRegion& a, KivRegion& b, KivRegion* out);
 
 /// Difference: the pixels of `a` that are not in `b`, in the frame of `a`.
@@ -436,40 +446,49 @@ KIVMV_API int KivRegionAnd(KivRegion& a, KivRegion& b, KivRegion* out);
 /// @retval KIVMV_ERR_PARAM_1 both operands are empty; `out` becomes an empty region
 ///
 /// When `a` alone is empty, `out` becomes a copy of `b`; when `b` alone is empty, a copy of `a`.
-/// Cost: as KivRegionAdd(), and ordering the runs of `b` by column where a row has them in another order.
+/// Cost: as KivRegionAdd(), and ordering the runs of `b` by column where a row has them in another order. On a row
+/// where runs of one operand overlap, up to the product of both numbers of runs.
 KIVMV_API int KivRegionSub(KivRegion& a, KivRegion& b, KivRegion* out);
 
 /// Complement: the pixels of the region's frame that are not in it.
 ///
 /// The last row that has runs contributes nothing. A gap between two runs of a row is given as the run from the last
-/// pixel of the left one to one pixel past the first pixel of the right one.
+/// pixel of the left one to one pixel past the first pixel of the right one; where runs of a row overlap, as in a
+/// union, such gaps cover pixels of the region. Rows without runs become full rows, also those between runs that lie
+/// outside of the frame.
 /// @param a the region
 /// @param[out] out in the frame of `a`
 /// @retval KIVMV_ERR_PARAM_1 the region is empty; `out` is as it was
 ///
-/// Cost: linear in the runs read and emitted, and sorting where rows or the columns within a row do not ascend.
+/// Cost: linear in the runs read and emitted, of which there is one for each row without runs; and sorting where rows
+/// or the columns within a row do not ascend.
 KIVMV_API int KivRegionNot(KivRegion& a, KivRegion* out);
 /// @}
 
 /// @name Set algebra of regions of interest
-/// The same on the ROIs' masks; the result is a mask. Operands are judged by their type and by whether their masks have
-/// runs, not by a width. `out` may be an operand, and the operands may be one object.
+/// The same on the ROIs' masks, with other rules at the ends of the run lists, which docs/set-algebra.md tells in full;
+/// the result is a mask. Operands are judged by their types first, then by whether their masks have runs, not by a
+/// width. `out` may be an operand, and the operands may be one object.
 /// @{
 
 /// Union: the pixels of `a` or `b`. The mask is as wide as the wider and as high as the higher operand's.
 ///
+/// When all runs of `a` lie on one row they are lost, and so is the last row of `a` when it has several runs, in both
+/// cases with the runs of `b` on that row.
 /// @param a first operand
 /// @param b second operand
 /// @param[out] out rows of `a` ascending, then the rows that only `b` has
 /// @retval KIVMV_ERR_PARAM_1 `a` is of type 10, or both are of type 3; `out` is as it was
 /// @retval KIVMV_ERR_PARAM_2 `b` is of type 10; `out` is as it was
 ///
-/// When one operand is of type 3, or its mask has no runs, `out` becomes a copy of the other (`a` is looked at first).
-/// Cost: as KivRegionAdd().
+/// When one operand is of type 3, `out` becomes a copy of the other; otherwise, when the mask of `a` has no runs, a
+/// copy of `b`; otherwise, when that of `b` has none, a copy of `a`. Cost: as KivRegionAdd().
 KIVMV_API int KivROIAdd(KivROI& a, KivROI& b, KivROI* out);
 
 /// Intersection: the pixels of both `a` and `b`, in the frame of `a`'s mask.
 ///
+/// When `a` is a single run the result has no runs. When the last row of `b` has several runs it contributes nothing,
+/// or, where it is the only row of `b`, its first run alone.
 /// @param a first operand
 /// @param b second operand
 /// @param[out] out rows of `a` ascending
@@ -477,21 +496,22 @@ KIVMV_API int KivROIAdd(KivROI& a, KivROI& b, KivROI* out);
 /// @retval KIVMV_ERR_PARAM_2 `b` is of type 10, and `out` is as it was; or exactly one operand is of type 3, and `out`
 ///         becomes a default-constructed ROI
 ///
-/// When the mask of one operand has no runs, `out` becomes a default-constructed ROI and the result is 0.
-/// Cost: as KivRegionAdd().
+/// When neither is of type 3 and the mask of one has no runs, `out` becomes a default-constructed ROI and the result is
+/// 0. Cost: as KivRegionAnd().
 KIVMV_API int KivROIAnd(KivROI& a, KivROI& b, KivROI* out);
 
 /// Difference: the pixels of `a` that are not in `b`, in the frame of `a`'s mask.
 ///
+/// When `a` is a single run it stays as it is.
 /// @param a what is cut
 /// @param b what is cut out
 /// @param[out] out rows of `a` ascending
 /// @retval KIVMV_ERR_PARAM_1 `a` is of type 10, or both are of type 3; `out` is as it was
 /// @retval KIVMV_ERR_PARAM_2 `b` is of type 10; `out` is as it was
 ///
-/// When `a` is of type 3 or its mask has no runs, `out` becomes a default-constructed ROI; otherwise, when `b` is of
-/// type 3 or its mask has no runs, `out` becomes a copy of `a`. The result is 0 in both cases.
-/// Cost: as KivRegionSub().
+/// When `a` is of type 3, `out` becomes a default-constructed ROI; otherwise, when `b` is, a copy of `a`; otherwise,
+/// when the mask of `a` has no runs, a default-constructed ROI; otherwise, when that of `b` has none, a copy of `a`.
+/// The result is 0 in all these cases. Cost: as KivRegionSub().
 KIVMV_API int KivROISub(KivROI& a, KivROI& b, KivROI* out);
 
 /// Complement: the pixels of the frame of the ROI's mask that are not in it.

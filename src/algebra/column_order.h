@@ -60,12 +60,12 @@ public:
     Reach(RunView from, int last_column) : from_(from), last_column_(last_column) {}
 
     struct Stop {
-        const Run* end_of_row;
+        const Run* row_stop;
         int last_column;
 
         friend bool operator!=(const Run* at, const Stop& stop)
         {
-            return at != stop.end_of_row && begin_of(*at) <= stop.last_column;
+            return at != stop.row_stop && begin_of(*at) <= stop.last_column;
         }
     };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One contour, filled into a mask.
+// Contours, filled into a mask.
 #pragma once
 
 #include "foundation/first_member.h"

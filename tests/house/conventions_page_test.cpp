@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 
 namespace
@@ -25,6 +26,43 @@ TEST(ConventionsPage, ContoursRunAlongTheCentresOfTheOutermostPixels)
     for (const cv::Point2d& point : contours[0].AllPoints()) {
         EXPECT_TRUE(point.x == 2 || point.x == 11 || point.y == 1 || point.y == 4) << point;
     }
+}
+
+TEST(ConventionsPage, RunsMayLieOutsideOfTheFrameAndShapesDoNot)
+{
+    const Runs outside{{1, -2, 1}, {5, 0, 0}};
+    const KivRegion region(4, 3, outside);
+    EXPECT_EQ(region.Runs(), outside);
+    EXPECT_EQ(KivROI::Mask(outside, 4, 3).Parameters().MaskRuns(), outside);
+    EXPECT_EQ(KivROI::Rectangle(-2, 1, 1, 5, 4, 3).Parameters().MaskRuns(), (Runs{{1, 0, 1}, {2, 0, 1}}));
+}
+
+TEST(ConventionsPage, FilledContoursAlsoHaveWhatTheirBorderPasses)
+{
+    const KivContour::Points corners{{0, 0}, {11, 3}, {0, 6}};
+    KivContour contour(corners);
+    KivRegion filled;
+    ASSERT_EQ(KIVMV::KivContourToRegion(contour, &filled), 0);
+    const Runs shape = KivROI::Polygon(corners, 12, 7).Parameters().MaskRuns();
+    ASSERT_GE(filled.Runs().size(), 2U);
+    EXPECT_EQ(filled.Runs()[1].colEnd, 5);
+    EXPECT_EQ(shape[1].colEnd, 3);
+}
+
+TEST(ConventionsPage, WhatIsEnclosedTwiceIsNotFilled)
+{
+    const std::string outline = "####\n"
+                                "#..#\n"
+                                "#..#\n"
+                                "####\n";
+    const KivContour square{{0, 0}, {3, 0}, {3, 3}, {0, 3}};
+    KivContour twice{{0, 0}, {3, 0}, {3, 3}, {0, 3}, {0, 0}, {3, 0}, {3, 3}, {0, 3}};
+    KivRegion region;
+    ASSERT_EQ(KIVMV::KivContourToRegion(twice, &region), 0);
+    EXPECT_EQ(picture_of(region.Runs(), 4, 4), outline);
+    KivContourArray squares{square, square};
+    ASSERT_EQ(KIVMV::KivContourArrayToRegion(squares, 4, 4, &region), 0);
+    EXPECT_EQ(picture_of(region.Runs(), 4, 4), outline);
 }
 
 TEST(ConventionsPage, ARegionWithAFrameAndWithoutRunsIsAllBackground)
@@ -64,6 +102,39 @@ TEST(ConventionsPage, PointsAndOneContourAreTruncatedToARegion)
         ASSERT_EQ(KIVMV::KivContourToRegion(contour, &region), 0);
         EXPECT_EQ(picture_of(region.Runs(), frame, frame), pixel(truncated.x, truncated.y));
     }
+}
+
+TEST(ConventionsPage, DoublesInArraysAreTruncated)
+{
+    for (const auto& [point, truncated, rounded] : fractions) {
+        KivVarArray xs{point.x, 7.9};
+        KivVarArray ys{point.y, 7.9};
+        KivRegion region;
+        ASSERT_EQ(KIVMV::KivVarArrayToRegion(xs, ys, &region), 0);
+        EXPECT_TRUE(same(region, KivRegion(frame, frame, {{truncated.y, truncated.x, truncated.x}, {7, 7, 7}})));
+        KivContour contour;
+        ASSERT_EQ(KIVMV::KivVarArrayToContour(xs, ys, &contour), 0);
+        EXPECT_EQ(contour, (KivContour{cv::Point2d(truncated), {7, 7}}));
+    }
+}
+
+TEST(ConventionsPage, WhatIsNoNumberBecomesZeroOrIsLeftOut)
+{
+    const double nan = std::nan("");
+    KivContour contour{{nan, 2}, {5, nan}};
+    KivVarArray xs;
+    KivVarArray ys;
+    ASSERT_EQ(KIVMV::KivContourToVarArray(contour, &xs, &ys), 0);
+    EXPECT_EQ(xs, (KivVarArray{0, 5}));
+    EXPECT_EQ(ys, (KivVarArray{2, 0}));
+    KivPointArray points{{nan, 2}, {5, nan}};
+    KivRegion region;
+    ASSERT_EQ(KIVMV::KivPointArrayToRegion(points, &region), 0);
+    EXPECT_TRUE(same(region, KivRegion(6, 3, {{0, 5, 5}, {2, 0, 0}})));
+
+    KivContourArray contours{KivContour{{nan, 2}, {5, 1}, {5, nan}}};
+    ASSERT_EQ(KIVMV::KivContourArrayToRegion(contours, 7, 3, &region), 0);
+    EXPECT_TRUE(same(region, KivRegion(7, 3, {{1, 5, 5}})));
 }
 
 TEST(ConventionsPage, ContoursAreRoundedElsewhere)

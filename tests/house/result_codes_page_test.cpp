@@ -42,6 +42,13 @@ TEST(ResultCodesPage, ContoursHoldWhatCameBeforeTheFailure)
     KivVarArray ys{4, 5, 6};
     EXPECT_EQ(KIVMV::KivVarArrayToContour(xs, ys, &contour), 1100008);
     EXPECT_EQ(contour, (KivContour{{1, 4}, {2, 5}}));
+    KivVarArray longer{1, 2, 3, 4};
+    EXPECT_EQ(KIVMV::KivVarArrayToContour(longer, ys, &contour), 1100007);
+    EXPECT_EQ(contour, KivContour());
+    contour = {{7, 7}};
+    KivVarArray none;
+    EXPECT_EQ(KIVMV::KivVarArrayToContour(none, none, &contour), 1100008);
+    EXPECT_EQ(contour, KivContour());
     KivVarArray text_first{4, "five", 6};
     EXPECT_EQ(KIVMV::KivVarArrayToContour(ys, text_first, &contour), 1100009);
     EXPECT_EQ(contour, (KivContour{{4, 4}}));

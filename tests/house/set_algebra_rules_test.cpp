@@ -267,4 +267,36 @@ TEST(SetAlgebraRules, TheAdvisedEndsMakeTheOperationsPlain)
     });
 }
 
+TEST(SetAlgebraRules, ThePlainComplementIsADifference)
+{
+    Runs full;
+    for (int y = 0; y < height + 2; ++y) {
+        full.push_back({y, 0, width - 1});
+    }
+    for (unsigned bits = 1; bits < masks; ++bits) {
+        const Rows mask = mask_of(bits);
+        Rows rest{};
+        for (std::size_t y = 0; y < height; ++y) {
+            rest[y] = ~mask[y] & (row_masks - 1);
+        }
+        EXPECT_EQ(given(KIVMV::KivRegionSub, full, runs_of(mask)), rest) << picture_of(mask);
+        EXPECT_EQ(given(KIVMV::KivROISub, full, runs_of(mask)), rest) << picture_of(mask);
+    }
+}
+
+TEST(SetAlgebraRules, ARowBelowTheFrameGivesTheComplementItsLastRowBack)
+{
+    for (unsigned bits = 1; bits < masks; ++bits) {
+        KivROI roi = KivROI::Mask(runs_of(mask_of(bits)), width, height);
+        KivROI by_roi;
+        ASSERT_EQ(KIVMV::KivROINot(roi, &by_roi), 0);
+        Runs ended = runs_of(mask_of(bits));
+        ended.push_back({height, 0, 0});
+        KivRegion region(width, height, ended);
+        KivRegion out;
+        ASSERT_EQ(KIVMV::KivRegionNot(region, &out), 0);
+        EXPECT_EQ(painted(out.Runs()), painted(by_roi.Parameters().MaskRuns())) << picture_of(mask_of(bits));
+    }
+}
+
 } // namespace
