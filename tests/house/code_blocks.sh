@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 # Fails unless the code in the README and the guide is code of the examples or of the project that the tests of the
 # installation build, which are built and run: every block of C++ and CMake stands there as it is, indentation aside, and so
-# does every line for kivconvert. Of the project's own scripts, which cannot run within a test, it only asks that they exist.
+# does every line for kivconvert. Of the project's own scripts, which cannot run within a test, it only asks
+# that they exist. docs/installing.md, which another test follows word by word, is left out.
 set -eu
 examples=$(find examples tests/install/consumer -type f)
 
@@ -35,4 +36,4 @@ awk '
             bad = 1
         }
         exit bad
-    }' $examples README.md docs/*.md
+    }' $examples README.md $(ls docs/*.md | grep -vx docs/installing.md)

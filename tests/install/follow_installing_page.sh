@@ -1,0 +1,48 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+# Does what docs/installing.md says, word by word, from the project's folder: installs the library from source and as Debian
+# packages, builds and runs the README's program on each, and takes each out again. It changes the system that it runs on.
+set -eu
+source="$PWD"
+
+# blocks LANGUAGE HEADING: the code in this language below this heading.
+blocks() {
+    awk -v opening="\`\`\`$1" -v heading="$2" '
+        /^##/ { here = $0 == heading }
+        /^```/ { code = here && $0 == opening; next }
+        code { print; found = 1 }
+        END { exit !found }' "$source/docs/installing.md"
+}
+
+# follow HEADING: runs the commands below it.
+follow() {
+    echo "== $1"
+    commands=$(blocks sh "$1")
+    sh -eux -c "$commands"
+}
+
+build_program() {
+    program=$(mktemp -d)
+    cp "$source/examples/readme_example.cpp" "$program/my_program.cpp"
+    blocks cmake "## In a program" > "$program/CMakeLists.txt"
+    (cd "$program" && follow "## In a program" > printed)
+    cat "$program/printed"
+    [ "$(grep -cx 'ring: 360 runs, 2 contours' "$program/printed")" = 2 ] # by CMake, and by pkg-config
+    rm -r "$program"
+}
+
+expect_nothing_left() {
+    left=$(find /usr ! -type d -iname '*kiv[dcr]*')
+    [ -z "$left" ] || { echo "left behind: $left" >&2; exit 1; }
+}
+
+follow "## From source"
+build_program
+follow "### Taking it out"
+expect_nothing_left
+
+follow "## Debian packages"
+build_program
+kivconvert --version
+follow "### Taking them out"
+expect_nothing_left

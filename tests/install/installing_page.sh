@@ -1,0 +1,16 @@
+# SPDX-License-Identifier: MIT
+# Follows docs/installing.md on this system, of which nothing is changed: all is written into layers above it, which are gone
+# afterwards.
+. "$(dirname "$0")/common.sh"
+need unshare
+[ "$(id -u)" = 0 ] || { echo "skipped: only root may install"; exit 77; }
+layers="$PWD/installing_page"
+new_folder "$layers"
+unshare --mount sh -eu -c '
+    mount -t tmpfs tmpfs "$1"
+    for folder in /etc /usr /var "$KIV_SOURCE"; do
+        mkdir -p "$1$folder/changes" "$1$folder/work"
+        mount -t overlay overlay "$folder" -o "lowerdir=$folder,upperdir=$1$folder/changes,workdir=$1$folder/work"
+    done
+    cd "$KIV_SOURCE"
+    exec tests/install/follow_installing_page.sh' sh "$layers"
