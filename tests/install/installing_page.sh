@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Follows docs/installing.md on this system, of which nothing is changed: all is written into layers above it, which are gone
-# afterwards.
+# Follows docs/installing.md, and what docs/README.md says of the examples, on this system, of which nothing is changed: all
+# is written into layers above it, which are gone afterwards.
 . "$(dirname "$0")/common.sh"
 need unshare
 [ "$(id -u)" = 0 ] || { echo "skipped: only root may install"; exit 77; }
@@ -13,4 +13,4 @@ unshare --mount sh -eu -c '
         mount -t overlay overlay "$folder" -o "lowerdir=$folder,upperdir=$1$folder/changes,workdir=$1$folder/work"
     done
     cd "$KIV_SOURCE"
-    exec tests/install/follow_installing_page.sh' sh "$layers"
+    exec tests/install/follow_pages.sh --examples' sh "$layers"

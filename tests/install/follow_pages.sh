@@ -1,31 +1,32 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 # Does what docs/installing.md says, word by word, from the project's folder: installs the library from source and as Debian
-# packages, builds and runs the README's program on each, and takes each out again. It changes the system that it runs on.
+# packages, builds and runs the README's program on each, and takes each out again. With --examples, also what docs/README.md
+# says of the examples. It changes the system that it runs on.
 set -eu
 source="$PWD"
 
-# blocks LANGUAGE HEADING: the code in this language below this heading.
+# blocks LANGUAGE PAGE HEADING: the code in this language below this heading.
 blocks() {
-    awk -v opening="\`\`\`$1" -v heading="$2" '
+    awk -v opening="\`\`\`$1" -v heading="$3" '
         /^##/ { here = $0 == heading }
         /^```/ { code = here && $0 == opening; next }
         code { print; found = 1 }
-        END { exit !found }' "$source/docs/installing.md"
+        END { exit !found }' "$source/docs/$2"
 }
 
-# follow HEADING: runs the commands below it.
+# follow PAGE HEADING: runs the commands below it.
 follow() {
-    echo "== $1"
-    commands=$(blocks sh "$1")
+    echo "== $2"
+    commands=$(blocks sh "$1" "$2")
     sh -eux -c "$commands"
 }
 
 build_program() {
     program=$(mktemp -d)
     cp "$source/examples/readme_example.cpp" "$program/my_program.cpp"
-    blocks cmake "## In a program" > "$program/CMakeLists.txt"
-    (cd "$program" && follow "## In a program" > printed)
+    blocks cmake installing.md "## In a program" > "$program/CMakeLists.txt"
+    (cd "$program" && follow installing.md "## In a program" > printed)
     cat "$program/printed"
     [ "$(grep -cx 'ring: 360 runs, 2 contours' "$program/printed")" = 2 ] # by CMake, and by pkg-config
     rm -r "$program"
@@ -36,13 +37,17 @@ expect_nothing_left() {
     [ -z "$left" ] || { echo "left behind: $left" >&2; exit 1; }
 }
 
-follow "## From source"
+follow installing.md "## From source"
 build_program
-follow "### Taking it out"
+follow installing.md "### Taking it out"
 expect_nothing_left
 
-follow "## Debian packages"
+follow installing.md "## Debian packages"
 build_program
 kivconvert --version
-follow "### Taking them out"
+follow installing.md "### Taking them out"
 expect_nothing_left
+
+if [ "${1-}" = --examples ]; then
+    follow README.md "## Examples"
+fi
