@@ -53,7 +53,8 @@ public:
     /// Exchanges two values.
     void swap(KivVar& other) noexcept;
 
-    /// Equal when of one kind and of one value: the int 1 and the double 1.0 differ.
+    /// Equal when of one kind and of one value: the int 1 and the double 1.0 differ. With a number compare I() or D():
+    /// which of them `value == 1` means, the compiler cannot tell.
     friend bool operator==(const KivVar& a, const KivVar& b) noexcept { return a.equals(b); }
     friend bool operator!=(const KivVar& a, const KivVar& b) noexcept { return !a.equals(b); }
 
