@@ -161,7 +161,7 @@ void add_differences(Stage& stage, std::vector<Entry>& entries)
     const std::string seen = "A in green with a ring-shaped gap, and an island in the middle of it.";
     entries.push_back(
         {"KivRegionSub",
-         "The pixels of A that are not in B, in A's frame; the pieces of a row come from left to right.",
+         "The pixels of A that are not in B, in A's frame; the pieces of a run come from left to right.",
          {operands(stage.part, b, "a ring"),
           {"The difference of regions", seen, regions.drawn()},
           {"In the scene: the holes", "Machined parts in grey, their holes tinted amber.", stage.picture("holes")}},
