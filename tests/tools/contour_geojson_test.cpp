@@ -92,6 +92,37 @@ TEST(ContourGeoJson, MayBeAPolygonAFeatureOrACollection)
               KivContourArray({outer, outer, outer, hole}));
 }
 
+/// A file with these polygons, as it is written.
+std::string collection(const std::vector<std::string>& polygons)
+{
+    std::string text = R"({"type":"FeatureCollection","width":30,"height":12,"features":[)";
+    for (std::size_t i = 0; i < polygons.size(); ++i) {
+        text +=
+            fmt::format(R"({}{{"type":"Feature","properties":{{}},"geometry":{{"type":"Polygon","coordinates":{}}}}})",
+                        i == 0 ? "\n" : ",\n", polygons[i]);
+    }
+    return text + "\n]}\n";
+}
+
+TEST(ContourGeoJson, KeepsHolesInTheirPolygons)
+{
+    const std::string hole = "[[3,3],[3,6],[6,6],[6,3],[3,3]]";
+    const std::string holed = "[[[0,0],[10,0],[10,10],[0,10],[0,0]]," + hole + "]";
+    const std::pair<const char*, std::vector<std::string>> files[] = {
+        {"beside another", {holed, "[[[11,0],[20,0],[20,10],[11,10],[11,0]]]"}},
+        {"overlapping another", {holed, "[[[2,2],[9,2],[9,9],[2,9],[2,2]]]"}},
+        {"filled by another", {holed, "[[[3,3],[6,3],[6,6],[3,6],[3,3]]]"}},
+        {"outside of the frame",
+         {"[[[-9,0],[-1,0],[-1,9],[-9,9],[-9,0]],[[-7,2],[-7,6],[-3,6],[-3,2],[-7,2]]]",
+          "[[[-3,0],[-2,1],[-3,1],[-3,0]]]"}},
+        {"without an inside", {"[[[0,0],[10,0],[10,10],[0,10],[0,0]],[[3,3],[3,3],[3,3],[3,3]]]"}},
+    };
+    for (const auto& [holes, polygons] : files) {
+        const std::string text = collection(polygons);
+        EXPECT_EQ(contours_as_geojson(parse_contours_geojson(text, "a.geojson")), text) << holes;
+    }
+}
+
 TEST(ContourGeoJson, MayLackAFrame)
 {
     const std::string nothing = R"("type":"FeatureCollection","features":[])";

@@ -37,6 +37,18 @@ TEST(Outlines, HaveTheHolesOfTheirOwnPiece)
               (std::map<int, std::size_t>{{3, 3}, {12, 1}, {20, 0}}));
 }
 
+TEST(Outlines, HaveTheHolesInTheSmallestOfThem)
+{
+    const KivContour large = {{0.0, 0.0}, {0.0, 10.0}, {10.0, 10.0}, {10.0, 0.0}};
+    const KivContour beside = {{11.0, 1.0}, {11.0, 10.0}, {20.0, 10.0}, {20.0, 1.0}};
+    const KivContour small = {{2.0, 2.0}, {2.0, 8.0}, {8.0, 8.0}, {8.0, 2.0}};
+    const KivContour hole = {{3.0, 3.0}, {6.0, 3.0}, {6.0, 6.0}, {3.0, 6.0}};
+    using Holes = std::map<int, std::size_t>;
+    EXPECT_EQ(holes_by_top_row(kivconvert::outlines_of({30, 12, {hole, large, beside}})), (Holes{{0, 1}, {1, 0}}));
+    EXPECT_EQ(holes_by_top_row(kivconvert::outlines_of({30, 12, {small, large, hole}})), (Holes{{2, 1}, {0, 0}}));
+    EXPECT_EQ(holes_by_top_row(kivconvert::outlines_of({30, 12, {beside, hole}})), (Holes{{1, 0}, {3, 0}}));
+}
+
 TEST(Outlines, OfPixelsAndLinesHaveNoHoles)
 {
     for (const cv::Size size : {cv::Size(1, 1), cv::Size(1, 5), cv::Size(5, 1), cv::Size(3, 3)}) {

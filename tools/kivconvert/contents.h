@@ -6,6 +6,7 @@
 
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace kivconvert
 {
@@ -23,6 +24,9 @@ struct TracedContours {
     int width = 0;
     int height = 0;
     KivContourArray contours;
+
+    /// Where the file tells it: the index of the outer border that each contour belongs to, its own for that one.
+    std::vector<int> outers = {};
 };
 
 using Content = std::variant<KivImage, KivRegion, KivROI, TracedContours, KivPointArray>;

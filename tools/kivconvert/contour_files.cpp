@@ -49,7 +49,7 @@ KivContour contour_at(const Content& content, int index, const std::string& subj
     return traced->contours[index];
 }
 
-void write_contours(const std::string& path, TracedContours& traced, const std::string& picture)
+void write_contours(const std::string& path, const TracedContours& traced, const std::string& picture)
 {
     const std::string extension = extension_of(path);
     const bool svg = extension == ".svg";

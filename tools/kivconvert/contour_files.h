@@ -13,8 +13,8 @@ namespace kivconvert
 
 std::string contours_as_json(const TracedContours& traced);
 
-/// A polygon per outer border, the borders of its holes in it. @throws ResultError
-std::string contours_as_geojson(TracedContours& traced);
+/// A polygon per outer border, the borders of its holes in it.
+std::string contours_as_geojson(const TracedContours& traced);
 
 /// Parses JSON. `file` is named in error messages. @throws InputError for anything that is not the format.
 TracedContours parse_contours_json(std::string_view text, const std::string& file);
@@ -24,7 +24,7 @@ TracedContours parse_contours_geojson(std::string_view text, const std::string& 
 
 /// One path per outer border, the borders of its holes in it.
 /// @param png an encoded picture of the frame's size that is shown below the paths; empty for none
-std::string contours_as_svg(TracedContours& traced, std::string_view png);
+std::string contours_as_svg(const TracedContours& traced, std::string_view png);
 
 /// Reads JSON of either kind. @throws InputError if there are no contours in the file
 TracedContours read_contours(const std::string& path);
@@ -34,7 +34,7 @@ KivContour contour_at(const Content& content, int index, const std::string& subj
 
 /// Writes JSON, GeoJSON or SVG, as the extension says.
 /// @param picture an image file that is shown below the paths of an SVG; empty for none
-/// @throws FileError, ResultError
-void write_contours(const std::string& path, TracedContours& traced, const std::string& picture);
+/// @throws FileError
+void write_contours(const std::string& path, const TracedContours& traced, const std::string& picture);
 
 } // namespace kivconvert

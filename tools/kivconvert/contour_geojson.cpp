@@ -78,13 +78,15 @@ KivContour border_of(const Json& ring, bool hole, const std::string& subject)
     return border;
 }
 
-void read_polygon(const Json& rings, const std::string& subject, KivContourArray& contours)
+void read_polygon(const Json& rings, const std::string& subject, TracedContours& read)
 {
     if (!rings.is_array()) {
         throw InputError(subject, "is not an array of rings");
     }
+    const int outer = read.contours.Length();
     for (std::size_t i = 0; i < rings.size(); ++i) {
-        contours.Append(border_of(rings[i], i > 0, fmt::format("{}[{}]", subject, i)));
+        read.contours.Append(border_of(rings[i], i > 0, fmt::format("{}[{}]", subject, i)));
+        read.outers.push_back(outer);
     }
 }
 
@@ -95,7 +97,7 @@ std::string type_of(const Json& value)
     return member != value.end() && member->is_string() ? member->get<std::string>() : std::string();
 }
 
-void read_geometry(const Json& geometry, const std::string& subject, KivContourArray& contours)
+void read_geometry(const Json& geometry, const std::string& subject, TracedContours& read)
 {
     const std::string type = type_of(geometry);
     if (type != "Polygon" && type != "MultiPolygon") {
@@ -104,23 +106,23 @@ void read_geometry(const Json& geometry, const std::string& subject, KivContourA
     const Json& coordinates = read_array(geometry, "coordinates", subject);
     const std::string name = subject + ": \"coordinates\"";
     if (type == "Polygon") {
-        read_polygon(coordinates, name, contours);
+        read_polygon(coordinates, name, read);
         return;
     }
     for (std::size_t i = 0; i < coordinates.size(); ++i) {
-        read_polygon(coordinates[i], fmt::format("{}[{}]", name, i), contours);
+        read_polygon(coordinates[i], fmt::format("{}[{}]", name, i), read);
     }
 }
 
-void read_feature(const Json& value, const std::string& subject, KivContourArray& contours)
+void read_feature(const Json& value, const std::string& subject, TracedContours& read)
 {
     if (type_of(value) != "Feature") {
-        read_geometry(value, subject, contours);
+        read_geometry(value, subject, read);
         return;
     }
     const auto geometry = value.find("geometry");
     if (geometry != value.end() && !geometry->is_null()) { // a feature may be nowhere
-        read_geometry(*geometry, subject, contours);
+        read_geometry(*geometry, subject, read);
     }
 }
 
@@ -132,7 +134,7 @@ int read_optional_size(const Json& document, const char* name, const std::string
 
 } // namespace
 
-std::string contours_as_geojson(TracedContours& traced)
+std::string contours_as_geojson(const TracedContours& traced)
 {
     std::string text = fmt::format("{{\"type\":\"FeatureCollection\",\"width\":{},\"height\":{},\"features\":[",
                                    traced.width, traced.height);
@@ -149,12 +151,12 @@ TracedContours read_polygons(const Json& document, const std::string& file)
 {
     TracedContours read{read_optional_size(document, "width", file), read_optional_size(document, "height", file), {}};
     if (type_of(document) != "FeatureCollection") {
-        read_feature(document, file, read.contours);
+        read_feature(document, file, read);
         return read;
     }
     const Json& features = read_array(document, "features", file);
     for (std::size_t i = 0; i < features.size(); ++i) {
-        read_feature(features[i], fmt::format("{}: \"features\"[{}]", file, i), read.contours);
+        read_feature(features[i], fmt::format("{}: \"features\"[{}]", file, i), read);
     }
     return read;
 }

@@ -40,7 +40,7 @@ std::string picture_element(std::string_view png, int width, int height)
 
 } // namespace
 
-std::string contours_as_svg(TracedContours& traced, std::string_view png)
+std::string contours_as_svg(const TracedContours& traced, std::string_view png)
 {
     std::string text = fmt::format("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0}\" height=\"{1}\" "
                                    "viewBox=\"-0.5 -0.5 {0} {1}\">\n",

@@ -1,69 +1,75 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/outlines.h"
 
-#include "kivconvert/result_codes.h"
-
-#include <KivDataConvert/KivDataConvert.h>
-
 #include <algorithm>
+#include <numeric>
 #include <opencv2/imgproc.hpp>
-#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace kivconvert
 {
 namespace
 {
 
-/// Every pixel's piece of foreground. Filling what was traced gives back the mask.
-cv::Mat1i pieces_of(TracedContours& traced)
+std::vector<cv::Point> pixels_of(const KivContour& border)
 {
-    KivImage mask;
-    expect_success(KIVMV::KivContourArrayToBinImage(&mask, traced.contours, traced.width, traced.height), "outlines");
-    cv::Mat1i pieces;
-    cv::connectedComponents(mask.Mat(), pieces, 8, CV_32S);
-    return pieces;
+    return {border.AllPoints().begin(), border.AllPoints().end()};
 }
 
-/// A border runs along pixels of the piece that it belongs to. Outside of the frame there is none, 0.
-int piece_below(const KivContour& border, const cv::Mat1i& pieces)
+/// For every pixel of the frame, the index of the smallest outer border around it, or -1: they are painted over the
+/// larger ones.
+cv::Mat1i smallest_around(const TracedContours& traced)
 {
-    const cv::Point pixel(border.AllPoints().front());
-    return cv::Rect(cv::Point(), pieces.size()).contains(pixel) ? pieces(pixel) : 0;
+    std::vector<std::pair<double, int>> by_area;
+    for (int i = 0; i < traced.contours.Length(); ++i) {
+        if (!traced.contours[i].IsHole()) {
+            by_area.emplace_back(cv::contourArea(pixels_of(traced.contours[i])), i);
+        }
+    }
+    std::sort(by_area.rbegin(), by_area.rend());
+    cv::Mat1i smallest(traced.height, traced.width, -1);
+    for (const auto& [area, outer] : by_area) {
+        cv::fillPoly(smallest, std::vector{pixels_of(traced.contours[outer])}, outer);
+    }
+    return smallest;
 }
 
-void add_holes(std::vector<Outline>& outlines, TracedContours& traced)
+/// The border of a hole runs along pixels of the foreground that it is a hole in, and belongs to the border of that.
+std::vector<int> outers_around(const TracedContours& traced)
 {
-    const cv::Mat1i pieces = pieces_of(traced);
-    std::unordered_map<int, std::size_t> owners;
-    for (std::size_t i = 0; i < outlines.size(); ++i) {
-        owners[piece_below(*outlines[i].outer, pieces)] = i;
+    std::vector<int> outers(static_cast<std::size_t>(traced.contours.Length()));
+    std::iota(outers.begin(), outers.end(), 0);
+    const auto is_hole = [&](int i) { return traced.contours[i].IsHole(); };
+    if (std::none_of(outers.begin(), outers.end(), is_hole)) {
+        return outers;
     }
-    for (const KivContour& contour : traced.contours) {
-        if (!contour.IsHole()) {
-            continue;
-        }
-        const auto owner = owners.find(piece_below(contour, pieces));
-        if (owner != owners.end()) {
-            outlines[owner->second].holes.push_back(&contour);
-        } else {
-            outlines.push_back({&contour, {}});
+    const cv::Mat1i smallest = smallest_around(traced);
+    for (int& outer : outers) {
+        const cv::Point pixel(traced.contours[outer].AllPoints().front());
+        if (is_hole(outer) && cv::Rect(cv::Point(), smallest.size()).contains(pixel) && smallest(pixel) >= 0) {
+            outer = smallest(pixel);
         }
     }
+    return outers;
 }
 
 } // namespace
 
-std::vector<Outline> outlines_of(TracedContours& traced)
+std::vector<Outline> outlines_of(const TracedContours& traced)
 {
-    std::vector<Outline> outlines;
-    for (const KivContour& contour : traced.contours) {
-        if (!contour.IsHole()) {
-            outlines.push_back({&contour, {}});
+    const std::vector<int> outers = traced.outers.empty() ? outers_around(traced) : traced.outers;
+    std::vector<Outline> outlines(outers.size());
+    for (std::size_t i = 0; i < outers.size(); ++i) {
+        const KivContour& contour = traced.contours[static_cast<int>(i)];
+        Outline& outline = outlines[static_cast<std::size_t>(outers[i])];
+        if (outers[i] == static_cast<int>(i)) {
+            outline.outer = &contour;
+        } else {
+            outline.holes.push_back(&contour);
         }
     }
-    if (static_cast<int>(outlines.size()) < traced.contours.Length()) {
-        add_holes(outlines, traced);
-    }
+    std::erase_if(outlines, [](const Outline& outline) { return outline.outer == nullptr; });
     return outlines;
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Traced contours, sorted by the piece of foreground that they belong to.
+// Contours, sorted by the piece of foreground that they belong to.
 #pragma once
 
 #include "kivconvert/contour_files.h"
@@ -15,8 +15,9 @@ struct Outline {
     std::vector<const KivContour*> holes;
 };
 
-/// The outlines in the order of their outer borders. They point into `traced`. A border of a hole that lies in none of
-/// them, as tracing never gives it, becomes an outline of its own. @throws ResultError
-std::vector<Outline> outlines_of(TracedContours& traced);
+/// The outlines in the order of their outer borders. They point into `traced`. Where that does not tell which hole is
+/// in which outer border, it is the smallest one around it. A border of a hole that lies in none of them, as tracing
+/// never gives it, becomes an outline of its own.
+std::vector<Outline> outlines_of(const TracedContours& traced);
 
 } // namespace kivconvert
