@@ -79,7 +79,27 @@ done
 expect 2 info number.csv
 grep -qx 'kivconvert: number.csv:4: colBegin is not an integer' err.txt || fail "wrong complaint: $(cat err.txt)"
 expect_refused 1 complement nothing.csv
-expect_refused 1 region deep.pgm
+for arguments in 'complement nothing.csv' 'union nothing.csv nothing.csv'; do
+    # shellcheck disable=SC2086 # several words
+    expect_refused 1 $arguments
+    grep -q '[:f ]nothing\.csv.*: KIVMV_ERR_' err.txt || fail "$arguments: says $(cat err.txt)"
+done
+expect 1 image nothing.csv --width 5 --height 5 -o out.png
+grep -q '^kivconvert: nothing\.csv: KIVMV_ERR_' err.txt || fail "says $(cat err.txt)"
+
+# Images that are not 8-bit are refused by the library, with a threshold, too: 16-bit ones, and a TIFF of 32-bit ints.
+{
+    printf 'II*\0\10\0\0\0\12\0\0\1\3\0\1\0\0\0\1\0\0\0\1\1\3\0\1\0\0\0\1\0\0\0\2\1\3\0\1\0\0\0\40\0\0\0'
+    printf '\3\1\3\0\1\0\0\0\1\0\0\0\6\1\3\0\1\0\0\0\1\0\0\0\21\1\4\0\1\0\0\0\206\0\0\0\25\1\3\0\1\0\0\0\1\0\0\0'
+    printf '\26\1\3\0\1\0\0\0\1\0\0\0\27\1\4\0\1\0\0\0\4\0\0\0\123\1\3\0\1\0\0\0\2\0\0\0\0\0\0\0\7\0\0\0'
+} >deep.tif
+expect 0 matrix deep.tif -o deep.csv
+[ "$(cat deep.csv)" = 7 ] || fail "the TIFF holds $(cat deep.csv)"
+for deep in deep.pgm deep.tif; do
+    expect_refused 1 region $deep
+    expect_refused 1 region $deep --threshold 1
+    grep -qx "kivconvert: $deep: KIVMV_ERR_BIT_DEPTH .*" err.txt || fail "$deep: says $(cat err.txt)"
+done
 
 expect 2 image b.csv -o huge.png --width 2000000000 --height 2000000000
 expect 2 image b.csv -o lossy.jpg

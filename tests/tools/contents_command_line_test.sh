@@ -83,6 +83,12 @@ same out.csv loose.csv
 expect 0 points loose.csv --once -o out.csv
 [ "$(tail -n +2 out.csv | tr '\n' ' ')" = '4,0 5,0 6,0 0,2 1,2 5,2 6,2 ' ] || fail "wrong pixels: $(cat out.csv)"
 
+# What is listed once is counted once, and in the frame alone.
+printf '# width=5 height=5\nrow,colBegin,colEnd\n1,-2147483648,2147483647\n' >long.csv
+expect 2 points long.csv -o out.csv
+expect 0 points long.csv --once -o out.csv
+[ "$(tail -n +2 out.csv | tr '\n' ' ')" = '0,1 1,1 2,1 3,1 4,1 ' ] || fail "wrong pixels: $(cat out.csv)"
+
 # Matrices.
 printf -- '-1,0.5,1.5\n255,256,1e6\n' >matrix.csv
 expect 0 matrix matrix.csv -o out.pgm
@@ -128,6 +134,10 @@ printf 'x,y\n1048576,1048576\n' >far.csv
 complains 2 far.csv ': a frame of 1048577 x 1048577 is too large; 1048576 columns, 1048576 rows and 1073741824 pixels are the most'
 printf 'x,y\n' >none.csv
 complains 1 none.csv ': KIVMV_ERR_LENGTH (1100007): two parallel arrays are empty or of different lengths'
+printf '{"width":6,"height":1,"contours":[{"points":[[0,0],[5,0]]}]}' >flat.json
+complains 1 flat.json ': KIVMV_ERR_PARAM_3 (1100010): the third input that is not an image is invalid; a frame of 6 x 1 is too small to fill contours in; 2 x 2 is the least'
+printf 'x,y\n1,0\n2,0\n' >flat.csv
+complains 1 flat.csv ': KIVMV_ERR_PARAM_1 (1100008): the first input that is not an image is empty or invalid; points in row 0 or column 0 alone, or before them, make no region'
 printf '{}' >nothing.json
 complains 2 nothing.json ': holds neither "runs" nor "counts" nor "contours" nor a "type" of GeoJSON'
 expect 2 matrix semicolon.csv -o out.csv

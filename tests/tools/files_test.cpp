@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/files.h"
+#include "kivconvert/interruptions.h"
 #include "tools/scratch_folder.h"
 
+#include <fmt/format.h>
+
 #include <barrier>
+#include <csignal>
 #include <filesystem>
 #include <string>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace
@@ -36,7 +41,8 @@ TEST_F(Files, ThatCannotBeReadAreNamed)
     EXPECT_EQ(complaint_of([&] { read_file(path("none")); }),
               path("none") + ": cannot be opened: No such file or directory");
     EXPECT_EQ(complaint_of([&] { read_file(put("empty", "")); }), path("empty") + ": is empty");
-    EXPECT_EQ(complaint_of([&] { read_file(path("")); }), path("") + ": is a directory");
+    EXPECT_EQ(complaint_of([&] { read_file(path("")); }), path("") + ": cannot be read: Is a directory");
+    EXPECT_EQ(complaint_of([] { read_file("/proc/self/mem"); }), "/proc/self/mem: cannot be read: Input/output error");
 }
 
 TEST_F(Files, AreNotWrittenWhereThereIsNoFolder)
@@ -86,13 +92,68 @@ TEST_F(Files, AreNeverSeenHalfWritten)
     EXPECT_EQ(files(), 1);
 }
 
+TEST_F(Files, MayHaveTheLongestName)
+{
+    const std::string name(255, 'a');
+    write_file(path(name), "text");
+    EXPECT_EQ(get(name), "text");
+}
+
 TEST_F(Files, LeaveNothingBehindWhenTheyCannotBeRenamed)
 {
-    // The name is free, but too long for what is written beside it.
-    const std::string name(250, 'a');
+    const std::string name(256, 'a'); // one letter more than a name may have
     EXPECT_EQ(complaint_of([&] { write_file(path(name), "text"); }),
               path(name) + ": cannot be written: File name too long");
     EXPECT_EQ(files(), 0);
+}
+
+TEST_F(Files, LeaveAloneWhatWasLeftBehind)
+{
+    constexpr int leftovers = 4000; // of a process that had the same number
+    for (int i = 1; i <= leftovers; ++i) {
+        put(fmt::format(".kivconvert-{}-{}", getpid(), i), "left");
+    }
+    write_file(path("a"), "text");
+    EXPECT_EQ(get("a"), "text");
+    EXPECT_EQ(get(fmt::format(".kivconvert-{}-{}", getpid(), leftovers)), "left");
+    EXPECT_EQ(files(), leftovers + 1);
+}
+
+TEST_F(Files, DoNotTakeThePlaceOfLinksToNothing)
+{
+    std::filesystem::create_symlink(path("none"), path("link"));
+    EXPECT_EQ(complaint_of([&] { write_file(path("link"), "new"); }),
+              path("link") + ": is there already and not a regular file");
+    EXPECT_TRUE(std::filesystem::is_symlink(path("link")));
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(Files, KeepTheirPermissionsWhenTheyAreReplaced)
+{
+    for (const auto mode : {std::filesystem::perms(0600), std::filesystem::perms(0444)}) {
+        std::filesystem::permissions(put("a", "old"), mode);
+        write_file(path("a"), "new");
+        EXPECT_EQ(get("a"), "new");
+        EXPECT_EQ(std::filesystem::status(path("a")).permissions(), mode);
+        std::filesystem::remove(path("a"));
+    }
+}
+
+TEST_F(Files, AreNotLeftHalfWrittenByAnInterruption)
+{
+    const auto write_until_interrupted = [&] {
+        kivconvert::watch_for_interruptions();
+        const std::string text(1'000'000, 'a');
+        std::thread([] { kill(getpid(), SIGTERM); }).detach();
+        while (true) {
+            write_file(path("a"), text);
+        }
+    };
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_EXIT(write_until_interrupted(), testing::KilledBySignal(SIGTERM), "");
+        std::filesystem::remove(path("a"));
+        EXPECT_EQ(files(), 0);
+    }
 }
 
 TEST(Endings, AreToldInAnyCase)

@@ -40,6 +40,36 @@ printf '%s\n' 'kivconvert: in/3.png: is not an image of a known format, or a dam
 same err.txt expected.txt
 [ "$(ls -A points | tr '\n' ' ')" = '1.csv 2.csv 4.csv 5.csv 6.csv 7.csv 8.csv 9.csv ' ] || fail "points: $(ls -A points)"
 
+# What is no file is reported as well, and is not waited for; files may be reached by links.
+mkdir odd
+ln -s ../in/1.png odd/1.png
+ln -s 2.png odd/2.png
+ln -s none.png odd/3.png
+mkfifo odd/4.csv
+"$kivconvert" region odd -o even >out.txt 2>err.txt
+[ $? = 2 ] || fail 'the status does not tell what is no file'
+printf 'kivconvert: %s\n' 'odd/2.png: is not a regular file' 'odd/3.png: is not a regular file' \
+    'odd/4.csv: is not a regular file' '3 of 4 files could not be converted' >expected.txt
+same err.txt expected.txt
+same even/1.csv 1.csv
+
+# In place, again and again: a.png becomes a.coco.json, which becomes itself.
+mkdir place
+cp 1.coco.json place
+cp in/2.png place
+for i in 1 2; do
+    expect 0 region place -o place --to .coco.json
+    rm -f place/2.png
+    [ "$(ls place | tr '\n' ' ')" = '1.coco.json 2.coco.json ' ] || fail "in place: $(ls place)"
+done
+
+# An ending that is no output's is refused at once.
+for command in region image contours points matrix; do
+    expect 2 $command in -o never --to txt
+    grep -q '^kivconvert: never/\*\.txt: is not named like ' err.txt || fail "says $(cat err.txt)"
+    [ ! -e never ] || fail "kivconvert $command makes a folder for nothing"
+done
+
 mkdir void
 cp in/1.png in/1.pgm
 expect_refused 2 region void

@@ -93,6 +93,21 @@ TEST_F(FilledFolder, MayNotHaveTwoFilesForOneOutput)
     EXPECT_FALSE(std::filesystem::exists(path("out")));
 }
 
+TEST_F(FilledFolder, IsNotConvertedIntoItsOwnInputs)
+{
+    put("in/7.x.csv", "text");
+    const std::string folder = path("within/../in"); // another name of the same
+    std::filesystem::create_directories(path("within"));
+    EXPECT_EQ(complaint_of([&] { convert_folder(path("in"), folder, ".x.csv", copy); }),
+              folder + "/7.x.csv: would be made of " + path("in/7.txt") + ", but is an input itself");
+    EXPECT_EQ(get("in/7.x.csv"), "text");
+    std::filesystem::remove(path("in/7.x.csv"));
+    std::filesystem::rename(path("in/8.txt"), path("in/8.csv"));
+    convert_folder(path("in"), folder, ".csv", copy); // 8.csv takes its own place
+    EXPECT_EQ(get("in/8.csv"), "text 8");
+    EXPECT_EQ(get("in/7.csv"), "text 7");
+}
+
 TEST_F(FilledFolder, NeedsAFolderForTheOutputs)
 {
     put("out", "a file");

@@ -68,7 +68,8 @@ TEST_F(ImageFiles, HoldRegions)
     KivRegion region(4, 3, {{0, 1, 2}, {2, 0, 3}});
     kivconvert::write_region(path("a.png"), region);
     EXPECT_EQ(kivconvert::read_region(path("a.png")), region);
-    kivconvert::write_painted(path("b.png"), region, {.foreground = 9, .background = 0, .width = 2, .height = 1});
+    kivconvert::write_painted(path("b.png"), region, {.foreground = 9, .background = 0, .width = 2, .height = 1},
+                              "runs");
     EXPECT_EQ(kivconvert::read_grey_image(path("b.png")), KivImage((cv::Mat_<uchar>(1, 2) << 0, 9)));
 }
 
@@ -77,7 +78,7 @@ TEST_F(ImageFiles, HaveBoundedSizes)
     KivRegion region(1, 1, {{0, 0, 0}});
     const auto paint = [&](int width, int height) {
         return complaint_of(
-            [&] { kivconvert::write_painted(path("a.png"), region, {.width = width, .height = height}); });
+            [&] { kivconvert::write_painted(path("a.png"), region, {.width = width, .height = height}, "runs"); });
     };
     EXPECT_EQ(paint(2147483647, 2147483647),
               path("a.png") + ": a frame of 2147483647 x 2147483647 is too large; 1048576 columns, 1048576 rows and "

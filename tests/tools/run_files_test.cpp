@@ -36,6 +36,14 @@ TEST_F(RunFiles, AreInTheFormatOfTheLongestEnding)
     EXPECT_EQ(kivconvert::read_region(path("a.coco-counts.json")), region);
 }
 
+TEST(RunFileNames, LoseTheirWholeEndings)
+{
+    for (const char* file : {"x.y/a.b.coco.json", "a.b.COCO-counts.json", "a.b.json", "a.b.csv", "a.b.png"}) {
+        EXPECT_EQ(kivconvert::name_without_ending(file), "a.b") << file;
+    }
+    EXPECT_EQ(kivconvert::name_without_ending("a"), "a");
+}
+
 TEST_F(RunFiles, NeedTheirExtension)
 {
     for (const char* name : {"a.png", "a", "csv", "a.csv.bak"}) {

@@ -5,13 +5,18 @@
 #include "kivconvert/files.h"
 #include "kivconvert/image_files.h"
 
+#include <algorithm>
 #include <fmt/format.h>
+#include <iterator>
+#include <string_view>
 #include <utility>
 
 namespace kivconvert
 {
 namespace
 {
+
+constexpr std::string_view endings[] = {".json", ".geojson", ".svg"};
 
 std::string picture_below(const std::string& path, const TracedContours& traced)
 {
@@ -49,20 +54,24 @@ KivContour contour_at(const Content& content, int index, const std::string& subj
     return traced->contours[index];
 }
 
-void write_contours(const std::string& path, const TracedContours& traced, const std::string& picture)
+void expect_contour_output(const std::string& path)
 {
-    const std::string extension = extension_of(path);
-    const bool svg = extension == ".svg";
-    const bool geojson = extension == ".geojson";
-    if (!svg && !geojson && extension != ".json") {
+    if (std::find(std::begin(endings), std::end(endings), extension_of(path)) == std::end(endings)) {
         throw FileError(path, "is not named like an output of contours; those end in .json, .geojson or .svg");
     }
+}
+
+void write_contours(const std::string& path, const TracedContours& traced, const std::string& picture)
+{
+    expect_contour_output(path);
+    const std::string extension = extension_of(path);
+    const bool svg = extension == ".svg";
     if (!svg && !picture.empty()) {
         throw FileError(path, "cannot hold a picture; only .svg can");
     }
-    write_file(path, svg       ? contours_as_svg(traced, picture_below(picture, traced))
-                     : geojson ? contours_as_geojson(traced)
-                               : contours_as_json(traced));
+    write_file(path, svg                       ? contours_as_svg(traced, picture_below(picture, traced))
+                     : extension == ".geojson" ? contours_as_geojson(traced)
+                                               : contours_as_json(traced));
 }
 
 } // namespace kivconvert

@@ -32,6 +32,9 @@ TracedContours read_contours(const std::string& path);
 /// One of the contours, counted from 0. @throws InputError if there is none
 KivContour contour_at(const Content& content, int index, const std::string& subject);
 
+/// @throws FileError unless the extension is one that contours are written to
+void expect_contour_output(const std::string& path);
+
 /// Writes JSON, GeoJSON or SVG, as the extension says.
 /// @param picture an image file that is shown below the paths of an SVG; empty for none
 /// @throws FileError

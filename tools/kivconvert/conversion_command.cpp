@@ -2,6 +2,7 @@
 #include "kivconvert/conversion_command.h"
 
 #include "kivconvert/errors.h"
+#include "kivconvert/failure.h"
 #include "kivconvert/folders.h"
 
 #include <fmt/format.h>
@@ -36,14 +37,19 @@ void add_conversion(CLI::App& command, const ConversionTexts& texts,
         .add_option("--to", files->ending,
                     fmt::format("ending of the files in the output folder, {} by default", texts.ending))
         ->type_name("ENDING");
-    command.callback([files, convert = std::move(convert), usual = std::string(texts.ending)] {
+    const auto convert_named = [convert = std::move(convert)](const std::string& input, const std::string& output) {
+        naming(input, [&] { convert(input, output); });
+    };
+    command.callback([files, convert_named, texts] {
         if (is_folder(files->input)) {
-            const std::string ending = files->ending.empty() ? usual : with_dot(files->ending);
-            convert_folder(files->input, files->output, ending, convert);
+            const std::string ending = files->ending.empty() ? texts.ending : with_dot(files->ending);
+            texts.expect_output(fmt::format("{}/*{}", files->output, ending));
+            convert_folder(files->input, files->output, ending, convert_named);
         } else if (!files->ending.empty()) {
             throw InputError("--to", "is for folders; the name of a single output tells its format");
         } else {
-            convert(files->input, files->output);
+            texts.expect_output(files->output);
+            convert_named(files->input, files->output);
         }
     });
 }

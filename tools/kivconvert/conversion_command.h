@@ -14,6 +14,9 @@ struct ConversionTexts {
     const char* input;  ///< what may be converted
     const char* output; ///< what it becomes
     const char* ending; ///< of the files in the output folder
+
+    /// Throws InputError unless the output is named like one.
+    void (*expect_output)(const std::string& path);
 };
 
 /// Adds the operand IN and the options --output and --to. `convert` gets the files, one pair after the other; of a

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fmt/format.h>
 #include <type_traits>
 
 namespace kivconvert
@@ -35,6 +36,24 @@ PixelArrays pixel_arrays_of(const KivPointArray& points)
         arrays.ys.Append(static_cast<int>(point.y));
     }
     return arrays;
+}
+
+/// Why contours cannot be filled, if it is the frame.
+std::string complaint_about_frame(const TracedContours& traced)
+{
+    return traced.width >= 2 && traced.height >= 2
+               ? std::string()
+               : fmt::format("a frame of {} x {} is too small to fill contours in; 2 x 2 is the least", traced.width,
+                             traced.height);
+}
+
+/// Why points make no region, if it is where they lie.
+std::string complaint_about_points(const KivPointArray& points)
+{
+    const Frame frame = extent_of(points);
+    return points.Length() == 0 || (frame.width > 1 && frame.height > 1)
+               ? ""
+               : "points in row 0 or column 0 alone, or before them, make no region";
 }
 
 } // namespace
@@ -68,19 +87,21 @@ KivRegion region_of(TracedContours& traced, const std::string& subject)
     }
     KivRegion region;
     const int code = KIVMV::KivContourArrayToRegion(traced.contours, traced.width, traced.height, &region);
-    expect_success(code, subject);
+    expect_success(code, subject, complaint_about_frame(traced));
     return region;
 }
 
 KivRegion region_of(KivPointArray& points, const std::string& subject)
 {
     KivRegion region;
+    int code = KIVMV::KIVMV_OK;
     if (are_whole(points)) {
         PixelArrays pixels = pixel_arrays_of(points);
-        expect_success(KIVMV::KivVarArrayToRegion(pixels.xs, pixels.ys, &region), subject);
+        code = KIVMV::KivVarArrayToRegion(pixels.xs, pixels.ys, &region);
     } else {
-        expect_success(KIVMV::KivPointArrayToRegion(points, &region), subject);
+        code = KIVMV::KivPointArrayToRegion(points, &region);
     }
+    expect_success(code, subject, complaint_about_points(points));
     return region;
 }
 
@@ -111,7 +132,7 @@ KivImage mask_of(TracedContours& traced, const std::string& subject)
         return mask;
     }
     const int code = KIVMV::KivContourArrayToBinImage(&mask, traced.contours, traced.width, traced.height);
-    expect_success(code, subject);
+    expect_success(code, subject, complaint_about_frame(traced));
     return mask;
 }
 

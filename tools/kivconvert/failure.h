@@ -2,7 +2,7 @@
 // What a failure means to the caller of the program: a line of text and an exit status.
 #pragma once
 
-#include <cstdio>
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -28,6 +28,9 @@ struct FilesFailed : std::runtime_error {
 
 /// The meaning of the exception that is being handled.
 Failure current_failure();
+
+/// Does the work. What goes wrong in it and has no name, like a lack of memory, gets that of the subject.
+void naming(const std::string& subject, const std::function<void()>& work);
 
 /// Says what is wrong in one line, also when a file name or a message has several.
 void report(const Failure& failure);

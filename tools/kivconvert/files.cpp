@@ -2,8 +2,10 @@
 #include "kivconvert/files.h"
 
 #include "kivconvert/errors.h"
+#include "kivconvert/interruptions.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cctype>
 #include <cerrno>
@@ -11,8 +13,8 @@
 #include <cstring>
 #include <filesystem>
 #include <fmt/format.h>
-#include <fstream>
-#include <sstream>
+#include <memory>
+#include <optional>
 #include <unistd.h>
 #include <utility>
 
@@ -27,13 +29,23 @@ namespace
 class PartFile
 {
 public:
-    explicit PartFile(const fs::path& target) : path_(unused_name(target)), file_(std::fopen(path_.c_str(), "wbx")) {}
+    explicit PartFile(const fs::path& target)
+    {
+        const auto lock = hold_interruptions();
+        do {
+            path_ = next_name(target);
+            file_ = std::fopen(path_.c_str(), "wbx");
+        } while (file_ == nullptr && errno == EEXIST);
+        if (file_ != nullptr) {
+            removal_.emplace([path = path_] { std::remove(path.c_str()); });
+        }
+    }
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
     ~PartFile()
     {
         close();
-        if (created_) {
+        if (removal_) {
             std::remove(path_.c_str());
         }
     }
@@ -43,18 +55,26 @@ public:
         return file_ != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size() && close();
     }
 
-    bool rename_to(const fs::path& target)
+    /// Takes the target's place, and its permissions.
+    bool replace(const fs::path& target)
     {
-        created_ = std::rename(path_.c_str(), target.c_str()) != 0;
-        return !created_;
+        std::error_code none;
+        if (const fs::file_status old = fs::status(target, none); fs::exists(old)) {
+            fs::permissions(path_, old.permissions(), none);
+        }
+        if (std::rename(path_.c_str(), target.c_str()) != 0) {
+            return false;
+        }
+        removal_.reset();
+        return true;
     }
 
 private:
-    /// No other process and no other thread of this one uses it.
-    static std::string unused_name(const fs::path& target)
+    /// Short, whatever the target's name, and hidden, so that it is no input if it should stay behind.
+    static std::string next_name(const fs::path& target)
     {
         static std::atomic<unsigned> parts{0};
-        return fmt::format("{}.part{}-{}", target.string(), getpid(), ++parts);
+        return target.parent_path() / fmt::format(".kivconvert-{}-{}", getpid(), ++parts);
     }
 
     bool close()
@@ -64,15 +84,15 @@ private:
     }
 
     std::string path_;
-    std::FILE* file_;
-    bool created_ = file_ != nullptr;
+    std::FILE* file_ = nullptr;
+    std::optional<UndoneByInterruption> removal_;
 };
 
 /// Where a new file takes the place of what is at `path`: behind a symbolic link, the link stays.
 fs::path replaceable(const std::string& path)
 {
     std::error_code none;
-    if (!fs::exists(path, none)) {
+    if (!fs::exists(fs::symlink_status(path, none))) {
         return path;
     }
     if (!fs::is_regular_file(path, none)) {
@@ -108,30 +128,29 @@ bool is_named_like(const std::string& path, std::string_view ending)
 
 std::string read_file(const std::string& path)
 {
-    std::error_code none;
-    if (fs::is_directory(path, none)) {
-        throw FileError(path, "is a directory");
-    }
-    std::ifstream file(path, std::ios::binary);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
     if (!file) {
         throw FileError(path, "cannot be opened: " + reason());
     }
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    if (file.bad()) {
+    std::string bytes;
+    std::array<char, 1 << 16> block;
+    while (const std::size_t count = std::fread(block.data(), 1, block.size(), file.get())) {
+        bytes.append(block.data(), count);
+    }
+    if (std::ferror(file.get()) != 0) {
         throw FileError(path, "cannot be read: " + reason());
     }
-    if (bytes.tellp() <= 0) {
+    if (bytes.empty()) {
         throw FileError(path, "is empty");
     }
-    return std::move(bytes).str();
+    return bytes;
 }
 
 void write_file(const std::string& path, std::string_view bytes)
 {
     const fs::path target = replaceable(path);
     PartFile part(target);
-    if (!part.write(bytes) || !part.rename_to(target)) {
+    if (!part.write(bytes) || !part.replace(target)) {
         throw FileError(path, "cannot be written: " + reason());
     }
 }

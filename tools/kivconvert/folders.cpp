@@ -4,12 +4,15 @@
 #include "kivconvert/errors.h"
 #include "kivconvert/failure.h"
 #include "kivconvert/progress.h"
+#include "kivconvert/run_files.h"
 
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
 #include <fmt/format.h>
+#include <map>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -29,8 +32,9 @@ std::vector<fs::path> files_of(const fs::path& folder)
 {
     std::vector<fs::path> files;
     std::error_code error;
+    std::error_code none;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
-        if (entry.is_regular_file() && entry.path().filename().native().front() != '.') {
+        if (!entry.is_directory(none) && entry.path().filename().native().front() != '.') {
             files.push_back(entry.path());
         }
     }
@@ -54,13 +58,31 @@ void expect_distinct_outputs(std::vector<Task> tasks)
     }
 }
 
+/// Another one of the inputs may be replaced before it has been read, or while it is being read.
+void expect_no_other_input_replaced(const std::vector<Task>& tasks)
+{
+    std::error_code none;
+    std::map<fs::path, const Task*> readers;
+    for (const Task& task : tasks) {
+        readers.emplace(fs::weakly_canonical(task.input, none), &task);
+    }
+    for (const Task& task : tasks) {
+        const auto reader = readers.find(fs::weakly_canonical(task.output, none));
+        if (reader != readers.end() && reader->second != &task) {
+            throw FileError(task.output,
+                            fmt::format("would be made of {}, but is an input itself", task.input.string()));
+        }
+    }
+}
+
 std::vector<Task> tasks_for(const fs::path& input, const fs::path& output, const std::string& ending)
 {
     std::vector<Task> tasks;
     for (const fs::path& file : files_of(input)) {
-        tasks.push_back({file, output / (file.stem().string() + ending)});
+        tasks.push_back({file, output / (name_without_ending(file) + ending)});
     }
     expect_distinct_outputs(tasks);
+    expect_no_other_input_replaced(tasks);
     return tasks;
 }
 
@@ -83,10 +105,22 @@ void on_all_processors(std::size_t count, const std::function<void(std::size_t)>
     };
     std::vector<std::jthread> helpers;
     const std::size_t workers = std::min<std::size_t>(count, std::thread::hardware_concurrency());
-    while (helpers.size() + 1 < workers) {
-        helpers.emplace_back(worker);
+    try {
+        while (helpers.size() + 1 < workers) {
+            helpers.emplace_back(worker);
+        }
+    } catch (const std::system_error&) { // no more threads can be had: those that there are do the work
     }
     worker();
+}
+
+/// Pipes would keep the program waiting for ever, and links may lead nowhere.
+void expect_regular_file(const fs::path& path)
+{
+    std::error_code none;
+    if (!fs::is_regular_file(path, none)) {
+        throw FileError(path, "is not a regular file");
+    }
 }
 
 using Failures = std::vector<std::optional<Failure>>;
@@ -98,6 +132,7 @@ Failures run_all(const std::vector<Task>& tasks,
     Progress progress(tasks.size());
     on_all_processors(tasks.size(), [&](std::size_t i) {
         try {
+            expect_regular_file(tasks[i].input);
             convert(tasks[i].input, tasks[i].output);
         } catch (...) {
             failures[i] = current_failure();

@@ -27,7 +27,6 @@ bool is_mask(const Painting& painting, const Frame& frame)
 /// What has a frame of its own is painted into that, if no other size is asked for.
 void paint(const std::string& input, const std::string& output, const Painting& painting)
 {
-    expect_lossless_image(output);
     Content content = read_content(input);
     place(content, {painting.width, painting.height});
     expect_placed(content, input);
@@ -35,7 +34,7 @@ void paint(const std::string& input, const std::string& output, const Painting& 
         write_image(output, mask_of(content, input));
     } else {
         KivRegion region = region_of(content, input);
-        write_painted(output, region, painting);
+        write_painted(output, region, painting, input);
     }
 }
 
@@ -47,7 +46,7 @@ void add_image_command(CLI::App& app)
     CLI::App* const command = app.add_subcommand("image", "Paints runs, contours, points or a shape into an image");
     command->footer(example_with_shapes("image --roi ring:320,240,60,120 --width 640 --height 480 -o ring.png"));
     add_conversion(
-        *command, {any_content, any_image, ".png"},
+        *command, {any_content, any_image, ".png", expect_lossless_image},
         [painting](const std::string& input, const std::string& output) { paint(input, output, *painting); });
 
     const auto add_number = [&](const char* name, int& value, int least, int most, const char* description) {

@@ -6,17 +6,35 @@
 #include "kivconvert/commands.h"
 #include "kivconvert/errors.h"
 #include "kivconvert/failure.h"
+#include "kivconvert/interruptions.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <opencv2/core.hpp>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
 namespace
 {
+
+/// A file that is opened while a standard stream is closed would get that one's number, and what is meant for the
+/// stream.
+void occupy_closed_streams()
+{
+    int number = 0;
+    do {
+        number = open("/dev/null", O_RDONLY); // what is written to it fails, as it would have
+    } while (number >= 0 && number <= STDERR_FILENO);
+    close(number);
+}
 
 /// OpenCV describes its exceptions on standard error as well, in some versions.
 void silence_opencv()
@@ -65,20 +83,34 @@ void run(std::vector<std::string> arguments, CLI::App& app)
     kivconvert::add_info_command(app);
     expect_known_subcommand(app, arguments);
     std::reverse(arguments.begin(), arguments.end()); // the order in which CLI11 takes them
-    app.parse(std::move(arguments));
+    try {
+        app.parse(std::move(arguments));
+    } catch (const CLI::Success& help) {
+        app.exit(help);
+    }
+}
+
+/// What has been printed may still be waiting to be written.
+void expect_printed()
+{
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        throw kivconvert::FileError("standard output", fmt::format("cannot be written: {}", std::strerror(errno)));
+    }
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
+    occupy_closed_streams();
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow cannot be written, which is reported
+    kivconvert::watch_for_interruptions();
     silence_opencv();
     CLI::App app{"Converts shapes between images, runs, contours and points, and combines them."};
     try {
         run(arguments_of(argc, argv), app);
+        expect_printed();
         return 0;
-    } catch (const CLI::Success& help) {
-        return app.exit(help);
     } catch (const CLI::ParseError& error) {
         kivconvert::report({kivconvert::exit_status::wrong_input, error.what()});
         return kivconvert::exit_status::wrong_input;

@@ -15,11 +15,13 @@ void add_matrix_command(CLI::App& app)
     CLI::App* const command =
         app.add_subcommand("matrix", "Lists an image's values, or rounds and clamps a matrix to an 8-bit image");
     command->footer(example("matrix heights.csv -o heights.png"));
-    add_conversion(*command, {"matrix, .csv, or image of any bit depth", "matrix, .csv, or 8-bit image", ".csv"},
-                   [](const std::string& input, const std::string& output) {
-                       KivMatrix matrix = read_matrix(input);
-                       write_matrix(output, matrix);
-                   });
+    add_conversion(
+        *command,
+        {"matrix, .csv, or image of any bit depth", "matrix, .csv, or 8-bit image", ".csv", expect_matrix_output},
+        [](const std::string& input, const std::string& output) {
+            KivMatrix matrix = read_matrix(input);
+            write_matrix(output, matrix);
+        });
 }
 
 } // namespace kivconvert

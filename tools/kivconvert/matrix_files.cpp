@@ -85,13 +85,20 @@ KivMatrix read_matrix(const std::string& path)
     return matrix;
 }
 
+void expect_matrix_output(const std::string& path)
+{
+    if (!is_csv(path)) {
+        expect_lossless_image(path);
+    }
+}
+
 void write_matrix(const std::string& path, KivMatrix& matrix)
 {
+    expect_matrix_output(path);
     if (is_csv(path)) {
         write_file(path, matrix_as_csv(matrix));
         return;
     }
-    expect_lossless_image(path);
     KivImage image;
     expect_success(KIVMV::KivMatrixToImage(&image, matrix), path);
     write_image(path, image);

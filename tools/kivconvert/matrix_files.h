@@ -19,6 +19,9 @@ std::string matrix_as_csv(const KivMatrix& matrix);
 /// Reads CSV, or the values of an image in its own bit depth. @throws FileError, ResultError
 KivMatrix read_matrix(const std::string& path);
 
+/// @throws FileError unless the file is named .csv or like an image that keeps every pixel
+void expect_matrix_output(const std::string& path);
+
 /// Writes CSV, or an image, for which values are rounded and clamped to 0 to 255. @throws FileError, ResultError
 void write_matrix(const std::string& path, KivMatrix& matrix);
 

@@ -21,13 +21,6 @@ namespace
 
 constexpr std::string_view column_names = "x,y";
 
-void expect_point_file(const std::string& path)
-{
-    if (extension_of(path) != ".csv") {
-        throw FileError(path, "is not named like a list of points; those end in .csv");
-    }
-}
-
 double read_coordinate(CsvScanner& scanner, std::string_view name)
 {
     return scanner.read_number(name, -farthest_coordinate, farthest_coordinate);
@@ -79,14 +72,21 @@ KivPointArray parse_points_csv(std::string_view text, const std::string& file)
     return KivPointArray(std::move(points));
 }
 
-void expect_listable(const KivRegion& region, const std::string& subject)
+void expect_listable(const std::vector<Run>& runs, const std::string& subject)
 {
     long long points = 0;
-    for (const Run& run : region.Runs()) {
+    for (const Run& run : runs) {
         points += std::max(0LL, static_cast<long long>(run.colEnd) - run.colBegin + 1);
         if (points > max_listed_points) {
             throw FileError(subject, fmt::format("has more than {} pixels, too many to list", max_listed_points));
         }
+    }
+}
+
+void expect_point_file(const std::string& path)
+{
+    if (extension_of(path) != ".csv") {
+        throw FileError(path, "is not named like a list of points; those end in .csv");
     }
 }
 
@@ -99,7 +99,7 @@ void write_point_file(const std::string& path, const std::string& csv)
 void write_points(const std::string& path, KivRegion& region, const std::string& subject)
 {
     expect_point_file(path);
-    expect_listable(region, subject);
+    expect_listable(region.Runs(), subject);
     KivPointArray points;
     expect_success(KIVMV::KivRegionToPointArray(region, &points), subject);
     write_file(path, points_as_csv(points));

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kivconvert
 {
@@ -28,8 +29,11 @@ bool looks_like_points(std::string_view text);
 /// `file` is named in error messages. @throws FileError for anything that is not the format.
 KivPointArray parse_points_csv(std::string_view text, const std::string& file);
 
-/// @throws FileError if the region has more pixels than are listed; `subject` is where it is from
-void expect_listable(const KivRegion& region, const std::string& subject);
+/// @throws FileError if the runs have more pixels than are listed; `subject` is where they are from
+void expect_listable(const std::vector<Run>& runs, const std::string& subject);
+
+/// @throws FileError if the file is not named .csv
+void expect_point_file(const std::string& path);
 
 /// @throws FileError if the file is not named .csv, or cannot be written
 void write_point_file(const std::string& path, const std::string& csv);

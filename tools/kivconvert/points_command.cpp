@@ -9,6 +9,7 @@
 #include "kivconvert/operands.h"
 #include "kivconvert/point_files.h"
 #include "kivconvert/result_codes.h"
+#include "kivconvert/visible_runs.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
@@ -59,7 +60,7 @@ void list_points(const std::string& input, const std::string& output, const Opti
     Content content = read_operand(input, options.frame);
     KivRegion region = region_of(content, input);
     if (options.once) {
-        expect_listable(region, input);
+        expect_listable(visible_runs(region), input);
         write_point_file(output, pixels_once(region, input));
     } else {
         write_points(output, region, input);
@@ -74,7 +75,7 @@ void add_points_command(CLI::App& app)
     CLI::App* const command = app.add_subcommand("points", "Lists the pixels, run by run, or a contour's points");
     command->footer(example_with_shapes("points parts.csv -o pixels.csv"));
     add_conversion(
-        *command, {any_content, "points, .csv", ".csv"},
+        *command, {any_content, "points, .csv", ".csv", expect_point_file},
         [options](const std::string& input, const std::string& output) { list_points(input, output, *options); });
     CLI::Option* const once =
         command->add_flag("--once", options->once, "each pixel of the frame once, row by row from left to right");

@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 #include <unistd.h>
+#include <utility>
 
 namespace kivconvert
 {
@@ -20,16 +21,29 @@ std::FILE* open_terminal()
 
 } // namespace
 
-Progress::Progress(std::size_t total) : total_(total), terminal_(open_terminal())
+Progress::Progress(std::size_t total)
+    : total_(total), terminal_(open_terminal()), clearing_([this] {
+          mutex_.lock(); // for good: nothing draws after this
+          clear();
+      })
 {
     draw();
 }
 
 Progress::~Progress()
 {
+    const auto lock = hold_interruptions();
+    clear();
+    if (terminal_ != nullptr) {
+        std::fclose(std::exchange(terminal_, nullptr));
+    }
+}
+
+void Progress::clear()
+{
     if (terminal_ != nullptr) {
         std::fputs(clear_line, terminal_);
-        std::fclose(terminal_);
+        std::fflush(terminal_);
     }
 }
 

@@ -2,6 +2,8 @@
 // How far the work is, for those who watch it on a terminal.
 #pragma once
 
+#include "kivconvert/interruptions.h"
+
 #include <cstddef>
 #include <cstdio>
 #include <mutex>
@@ -23,11 +25,13 @@ public:
 
 private:
     void draw();
+    void clear();
 
     std::size_t total_;
     std::size_t done_ = 0;
     std::mutex mutex_;
     std::FILE* terminal_; // null: nobody watches
+    UndoneByInterruption clearing_;
 };
 
 } // namespace kivconvert

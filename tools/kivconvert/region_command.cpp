@@ -31,14 +31,17 @@ struct Options {
     Frame frame;
 };
 
-/// The pixels of at least the given value, in the image's own bit depth.
+/// The pixels of at least the given value. The library refuses images that are not 8-bit, as it does without a
+/// threshold.
 KivRegion thresholded(Content& content, int least, const std::string& subject)
 {
     auto* const image = std::get_if<KivImage>(&content);
     if (image == nullptr) {
         throw InputError("--threshold", "is for images; nothing else has grey values");
     }
-    cv::threshold(image->Mat(), image->Mat(), least - 1.0, 255.0, cv::THRESH_BINARY);
+    if (image->Mat().depth() == CV_8U) {
+        cv::threshold(image->Mat(), image->Mat(), least - 1.0, 255.0, cv::THRESH_BINARY);
+    }
     KivRegion region;
     expect_success(KIVMV::KivBinImageToRegion(*image, &region), subject);
     return region;
@@ -84,7 +87,7 @@ void add_region_command(CLI::App& app)
     const auto options = std::make_shared<Options>();
     CLI::App* const command = app.add_subcommand("region", "Writes the runs of an image's foreground, or of a shape");
     command->footer(example_with_shapes("region parts.png --threshold 128 -o parts.csv"));
-    add_conversion(*command, {any_content, any_run_file, ".csv"},
+    add_conversion(*command, {any_content, any_run_file, ".csv", expect_run_file},
                    [options](const std::string& input, const std::string& output) {
                        KivRegion region = region_for(input, *options);
                        write_runs(output, options->sorted ? sorted_by_row(region) : region);

@@ -17,7 +17,7 @@ KivRegion read_region(const std::string& path)
     return region_of(content, path);
 }
 
-void write_painted(const std::string& path, KivRegion& region, const Painting& painting)
+void write_painted(const std::string& path, KivRegion& region, const Painting& painting, const std::string& subject)
 {
     expect_lossless_image(path);
     const int width = painting.width > 0 ? painting.width : region.Width();
@@ -25,7 +25,7 @@ void write_painted(const std::string& path, KivRegion& region, const Painting& p
     expect_possible_frame(path, width, height);
     KivImage image;
     expect_success(KIVMV::KivRegionToImage(&image, region, painting.foreground, painting.background, width, height),
-                   path);
+                   subject);
     write_image(path, image);
 }
 

@@ -20,8 +20,10 @@ struct Painting {
     int height = 0;       ///< 0: that of the region's frame
 };
 
-/// Paints a region and writes the image. @throws FileError, ResultError
-void write_painted(const std::string& path, KivRegion& region, const Painting& painting);
+/// Paints a region and writes the image.
+/// @param subject where the region is from, for error messages
+/// @throws FileError, ResultError
+void write_painted(const std::string& path, KivRegion& region, const Painting& painting, const std::string& subject);
 
 /// Writes a run file or a mask image, as the name says. @throws FileError, ResultError
 void write_region(const std::string& path, KivRegion& region);

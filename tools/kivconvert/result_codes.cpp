@@ -42,10 +42,11 @@ std::string describe_result(int code)
                                            : fmt::format("{} ({}): {}", found->name, code, found->meaning);
 }
 
-void expect_success(int code, const std::string& subject)
+void expect_success(int code, const std::string& subject, const std::string& reason)
 {
     if (code != KIVMV::KIVMV_OK) {
-        throw ResultError(subject + ": " + describe_result(code));
+        throw ResultError(
+            fmt::format("{}: {}{}{}", subject, describe_result(code), reason.empty() ? "" : "; ", reason));
     }
 }
 

@@ -16,7 +16,8 @@ struct ResultError : std::runtime_error {
 /// For example "KIVMV_ERR_BIT_DEPTH (2001014): the input image is not 8-bit".
 std::string describe_result(int code);
 
-/// @throws ResultError unless `code` is success; its message begins with `subject`, the file or operation concerned.
-void expect_success(int code, const std::string& subject);
+/// @throws ResultError unless `code` is success; its message begins with `subject`, the file or operation concerned,
+/// and ends with the reason if one is known.
+void expect_success(int code, const std::string& subject, const std::string& reason = {});
 
 } // namespace kivconvert

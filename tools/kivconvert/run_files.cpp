@@ -7,6 +7,8 @@
 #include "kivconvert/image_files.h"
 
 #include <algorithm>
+#include <cstring>
+#include <filesystem>
 #include <iterator>
 
 namespace kivconvert
@@ -34,6 +36,15 @@ const RunFormat* find_format(const std::string& path)
     return found == std::end(run_formats) ? nullptr : found;
 }
 
+const RunFormat& format_of(const std::string& path)
+{
+    const RunFormat* const format = find_format(path);
+    if (format == nullptr) {
+        throw FileError(path, "is not named like a run file; those end in .csv or .json");
+    }
+    return *format;
+}
+
 } // namespace
 
 bool is_run_file(const std::string& path)
@@ -41,14 +52,24 @@ bool is_run_file(const std::string& path)
     return find_format(path) != nullptr;
 }
 
+std::string name_without_ending(const std::string& path)
+{
+    const std::filesystem::path name = std::filesystem::path(path).filename();
+    const RunFormat* const format = find_format(path);
+    return format == nullptr ? name.stem().string()
+                             : name.string().substr(0, name.string().size() - std::strlen(format->ending));
+}
+
+void expect_run_file(const std::string& path)
+{
+    format_of(path);
+}
+
 void write_runs(const std::string& path, const KivRegion& region)
 {
-    const RunFormat* const format = find_format(path);
-    if (format == nullptr) {
-        throw FileError(path, "is not named like a run file; those end in .csv or .json");
-    }
+    const RunFormat& format = format_of(path);
     expect_possible_frame(path, region.Width(), region.Height());
-    write_file(path, format->format(region));
+    write_file(path, format.format(region));
 }
 
 } // namespace kivconvert

@@ -33,6 +33,12 @@ std::string runs_as_coco_counts(const KivRegion& region);
 /// Whether the file is named like one that runs are written to, in capitals or not.
 bool is_run_file(const std::string& path);
 
+/// The file's name without its ending, which has two dots where that of a run format has.
+std::string name_without_ending(const std::string& path);
+
+/// @throws FileError unless is_run_file()
+void expect_run_file(const std::string& path);
+
 /// Writes a run file, its format told by the file's name. @throws FileError
 void write_runs(const std::string& path, const KivRegion& region);
 

@@ -9,6 +9,7 @@
 
 #include <KivDataConvert/KivDataConvert.h>
 
+#include <fmt/format.h>
 #include <memory>
 #include <string>
 
@@ -51,6 +52,12 @@ CLI::App* add_command(CLI::App& app, const std::string& name, const std::string&
     return command;
 }
 
+/// The operation in words: which operand is refused, the library's result code tells.
+std::string subject_of(const char* name, const Arguments& arguments)
+{
+    return fmt::format("{} of {} and {}", name, arguments.a, arguments.b);
+}
+
 bool is_roi(const Content& content)
 {
     return std::holds_alternative<KivROI>(content);
@@ -68,8 +75,9 @@ KivRegion combined_as_roi(const Combination& combination, Operands& operands, co
     KivROI a = roi_of(operands.a, arguments.a);
     KivROI b = roi_of(operands.b, arguments.b);
     KivROI result;
-    expect_success(combination.combine_shapes(a, b, &result), combination.name);
-    return region_in(frame_of(operands.a), result, combination.name);
+    const std::string subject = subject_of(combination.name, arguments);
+    expect_success(combination.combine_shapes(a, b, &result), subject);
+    return region_in(frame_of(operands.a), result, subject);
 }
 
 KivRegion combined_as_regions(const Combination& combination, Operands& operands, const Arguments& arguments)
@@ -77,7 +85,7 @@ KivRegion combined_as_regions(const Combination& combination, Operands& operands
     KivRegion a = region_of(operands.a, arguments.a);
     KivRegion b = region_of(operands.b, arguments.b);
     KivRegion result;
-    expect_success(combination.combine_regions(a, b, &result), combination.name);
+    expect_success(combination.combine_regions(a, b, &result), subject_of(combination.name, arguments));
     return result;
 }
 
@@ -102,12 +110,12 @@ KivRegion complement_of(const Arguments& arguments)
     if (arguments.as_roi || is_roi(content)) {
         KivROI roi = roi_of(content, arguments.a);
         KivROI result;
-        expect_success(KIVMV::KivROINot(roi, &result), "complement");
-        return region_in(frame_of(content), result, "complement");
+        expect_success(KIVMV::KivROINot(roi, &result), arguments.a);
+        return region_in(frame_of(content), result, arguments.a);
     }
     KivRegion region = region_of(content, arguments.a);
     KivRegion complement;
-    expect_success(KIVMV::KivRegionNot(region, &complement), "complement");
+    expect_success(KIVMV::KivRegionNot(region, &complement), arguments.a);
     return complement;
 }
 

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "kivconvert/interruptions.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <iostream>
+#include <unistd.h>
+
+namespace
+{
+
+using kivconvert::UndoneByInterruption;
+
+/// Ends by the signal, or never.
+[[noreturn]] void be_interrupted(int signal)
+{
+    kivconvert::watch_for_interruptions();
+    const UndoneByInterruption first([] { std::cerr << "first "; });
+    {
+        const UndoneByInterruption over([] { std::cerr << "over "; });
+    }
+    const UndoneByInterruption second([] { std::cerr << "second "; });
+    kill(getpid(), signal);
+    while (true) {
+        pause();
+    }
+}
+
+TEST(Interruptions, UndoWhatIsNotOver)
+{
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        EXPECT_EXIT(be_interrupted(signal), testing::KilledBySignal(signal), "^first second $");
+    }
+}
+
+TEST(Interruptions, StayIgnored)
+{
+    const auto ignore = [] {
+        std::signal(SIGHUP, SIG_IGN);
+        kivconvert::watch_for_interruptions();
+        kill(getpid(), SIGHUP);
+        kill(getpid(), SIGTERM);
+        while (true) {
+            pause();
+        }
+    };
+    EXPECT_EXIT(ignore(), testing::KilledBySignal(SIGTERM), "");
+}
+
+} // namespace
