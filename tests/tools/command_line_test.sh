@@ -72,13 +72,28 @@ printf '# width=0 height=0\nrow,colBegin,colEnd\n' >nothing.csv
 printf 'no image' >text.png
 head -c 40 a.png >cut.png
 printf 'P5\n1 1\n65535\n\001\001' >deep.pgm
-for file in none.csv empty.csv number.csv column.csv range.csv type.json cut.json huge.csv text.png cut.png .; do
+printf 'row,colBegin,colEnd\n0,1,1\n' >frameless.csv
+for file in frameless.csv none.csv empty.csv number.csv column.csv range.csv type.json cut.json huge.csv text.png cut.png .; do
     expect 2 info "$file"
     expect_refused 2 complement "$file"
 done
 expect 2 info number.csv
 grep -qx 'kivconvert: number.csv:4: colBegin is not an integer' err.txt || fail "wrong complaint: $(cat err.txt)"
+expect 2 info frameless.csv
+grep -qx 'kivconvert: frameless.csv: holds neither runs, which begin with "# width=", nor points, which begin with "x,y"' err.txt ||
+    fail "wrong complaint: $(cat err.txt)"
 expect_refused 1 complement nothing.csv
+
+# Some programs begin a text with a byte order mark.
+expect 0 region b.csv -o b.json
+for file in b.csv b.json; do
+    { printf '\357\273\277' && cat $file; } >marked-$file
+    expect 0 region marked-$file -o out.csv
+    same out.csv b.csv
+    rm out.csv
+done
+{ printf '\357\273\277' && echo 1,2,3; } >marked.csv
+expect 0 matrix marked.csv -o marked.png
 for arguments in 'complement nothing.csv' 'union nothing.csv nothing.csv'; do
     # shellcheck disable=SC2086 # several words
     expect_refused 1 $arguments
@@ -110,7 +125,21 @@ expect 2 image b.csv -o out.png --foreground -1
 expect 2 union a.csv -o out.csv
 expect 2 regoin a.png -o out.csv
 grep -q '^kivconvert: regoin: is no subcommand; there are region, image, ' err.txt || fail "says $(cat err.txt)"
-expect 2
+
+# What is wrong is named before what is missing.
+says() {
+    expect 2 "$@"
+    grep -qxF "kivconvert: $message" err.txt || fail "kivconvert $*: says $(cat err.txt)"
+}
+message='--bogus: is no option of kivconvert; see --help' says --bogus
+message='--treshold: is no option of region; see --help' says region a.png --treshold 5 -o out.csv
+message='--cut-out: is no option of edit; see --help' says edit a.png a.json --cut-out=1
+message='A subcommand is required; see --help' says
+message='--contour: Value -1 not in range 0 to 2147483647; see --help' says region a.png --contour -1 -o out.csv
+message='--width: Value 1048577 not in range 1 to 1048576; see --help' says image a.csv --width 1048577 -o out.png
+cp a.csv ./--a.csv
+expect 0 info -- --a.csv
+expect 0 edit a.png a.json --help
 expect 0 --help
 expect 0 --version
 

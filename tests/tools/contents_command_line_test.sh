@@ -71,6 +71,8 @@ done
 expect 2 points contours.json --rounded -o out.csv
 expect 2 points contours.json --contour 0 --once -o out.csv
 expect 2 region contours.json --contour 0 --threshold 1 -o out.csv
+expect 2 region contours.json --contour 0 --width 5 --height 5 -o out.csv
+expect 2 points contours.json --contour 0 --width 5 --height 5 -o out.csv
 expect 2 region ring.csv --threshold 1 -o out.csv
 
 # Runs in any order are sorted by row alone.

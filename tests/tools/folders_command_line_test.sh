@@ -26,6 +26,10 @@ done
 if command -v script >/dev/null; then
     script -qec "$kivconvert contours in -o contours" /dev/null >terminal.txt
     grep -q '\[#####*\] 9 of 9' terminal.txt || fail "no bar: $(cat -v terminal.txt)"
+    script -qec "stty cols 30; $kivconvert contours in -o contours" /dev/null >terminal.txt
+    grep -q '\[#*\] 9 of 9' terminal.txt || fail "no narrow bar: $(cat -v terminal.txt)"
+    longest=$(tr '\r' '\n' <terminal.txt | sed 's/\x1b\[K//' | wc -L)
+    [ "$longest" -le 30 ] || fail "a bar of $longest columns on a terminal of 30"
     [ "$(ls contours | wc -l)" = 9 ] || fail "contours: $(ls contours)"
 fi
 
@@ -34,7 +38,7 @@ printf 'no image' >in/3.png
 printf 'P5\n1 1\n65535\n\001\001' >in/deep.pgm
 "$kivconvert" points in -o points >out.txt 2>err.txt
 [ $? = 2 ] || fail 'the worst status does not count'
-printf '%s\n' 'kivconvert: in/3.png: is not an image of a known format, or a damaged one' \
+printf '%s\n' 'kivconvert: in/3.png: is not an image of a known format, or a damaged or too large one' \
     'kivconvert: in/deep.pgm: KIVMV_ERR_BIT_DEPTH (2001014): the input image is not 8-bit' \
     'kivconvert: 2 of 10 files could not be converted' >expected.txt
 same err.txt expected.txt

@@ -5,8 +5,10 @@
 #include "tools/scratch_folder.h"
 
 #include <opencv2/core.hpp>
+#include <opencv2/imgcodecs.hpp>
 
 #include <string>
+#include <vector>
 
 namespace
 {
@@ -44,6 +46,15 @@ TEST_F(ImageFiles, AreReadAsGreyWhenTheyAreColoured)
     EXPECT_EQ(image, KivImage((cv::Mat_<uchar>(1, 2) << 255, 0)));
 }
 
+TEST_F(ImageFiles, AreReadAsGreyWhenTheyAreColouredFloats)
+{
+    std::vector<uchar> bytes;
+    ASSERT_TRUE(cv::imencode(".hdr", cv::Mat(2, 3, CV_32FC3, cv::Scalar::all(0.5)), bytes));
+    const KivImage image = kivconvert::read_grey_image(put("a.hdr", std::string(bytes.begin(), bytes.end())));
+    EXPECT_EQ(image.Mat().type(), CV_32FC1);
+    EXPECT_LT(cv::norm(image.Mat(), cv::Mat1f(2, 3, 0.5F), cv::NORM_INF), 1e-6);
+}
+
 TEST_F(ImageFiles, KeepTheirBitDepth)
 {
     const std::string pixels("\x01\x00\x00\x07", 4);
@@ -57,9 +68,15 @@ TEST_F(ImageFiles, ThatAreNoneOrDamagedAreNamed)
     kivconvert::write_image(path("whole.png"), small_image());
     put("text.png", "not an image");
     put("cut.png", get("whole.png").substr(0, 30));
-    for (const char* name : {"text.png", "cut.png"}) {
+    std::vector<uchar> jpeg;
+    ASSERT_TRUE(cv::imencode(".jpg", cv::Mat(64, 64, CV_8UC1, cv::Scalar(99)), jpeg));
+    const std::string bytes(jpeg.begin(), jpeg.end());
+    put("whole.jpg", bytes);
+    EXPECT_EQ(kivconvert::read_grey_image(path("whole.jpg")).Width(), 64);
+    put("cut.jpg", bytes.substr(0, bytes.size() - 2));
+    for (const char* name : {"text.png", "cut.png", "cut.jpg"}) {
         EXPECT_EQ(complaint_of([&] { kivconvert::read_grey_image(path(name)); }),
-                  path(name) + ": is not an image of a known format, or a damaged one");
+                  path(name) + ": is not an image of a known format, or a damaged or too large one");
     }
 }
 

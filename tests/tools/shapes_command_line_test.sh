@@ -36,6 +36,8 @@ for operation in union intersection difference; do
     same files.csv second.csv
     expect 0 "$operation" a.csv --roi circle:40,24,10 -o option.csv
     same files.csv option.csv
+    expect 0 "$operation" a.csv --roi=circle:40,24,10 -o option.csv
+    same files.csv option.csv
     expect 0 "$operation" --roi rectangle:0,0,40,47 b.csv -o option.csv
     same files.csv option.csv
     expect 0 "$operation" roi:rectangle:0,0,40,47 roi:circle:40,24,10 $frame -o shapes.png

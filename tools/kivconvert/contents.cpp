@@ -47,17 +47,20 @@ Content parse_csv(std::string_view text, const std::string& file)
     if (looks_like_points(text)) {
         return parse_points_csv(text, file);
     }
-    return parse_runs_csv(text, file);
+    if (looks_like_runs(text)) {
+        return parse_runs_csv(text, file);
+    }
+    throw FileError(file, "holds neither runs, which begin with \"# width=\", nor points, which begin with \"x,y\"");
 }
 
 Content read_file_content(const std::string& path)
 {
     const std::string extension = extension_of(path);
     if (extension == ".csv") {
-        return parse_csv(read_file(path), path);
+        return parse_csv(read_text(path), path);
     }
     if (extension == ".json" || extension == ".geojson") {
-        return parse_json(read_file(path), path);
+        return parse_json(read_text(path), path);
     }
     return read_grey_image(path);
 }

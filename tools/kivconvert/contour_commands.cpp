@@ -28,7 +28,7 @@ void add_trace_command(CLI::App& app)
     };
     const auto options = std::make_shared<Options>();
     CLI::App* const command = app.add_subcommand("contours", "Traces the outer borders and the borders of holes");
-    command->footer(example_with_shapes("contours parts.png -o parts.svg --image parts.png"));
+    command->footer(example_with_shapes("contours mask.png -o mask.svg --image photo.png"));
     add_conversion(*command, {any_content, "contours, .json, .geojson or .svg", ".json", expect_contour_output},
                    [options](const std::string& input, const std::string& output) {
                        Content content = read_operand(input, options->frame);

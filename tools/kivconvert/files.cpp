@@ -146,6 +146,13 @@ std::string read_file(const std::string& path)
     return bytes;
 }
 
+std::string read_text(const std::string& path)
+{
+    constexpr std::string_view mark = "\xef\xbb\xbf";
+    std::string text = read_file(path);
+    return text.starts_with(mark) ? text.substr(mark.size()) : text;
+}
+
 void write_file(const std::string& path, std::string_view bytes)
 {
     const fs::path target = replaceable(path);

@@ -17,6 +17,9 @@ bool is_named_like(const std::string& path, std::string_view ending);
 /// @throws FileError if the file cannot be read or is empty.
 std::string read_file(const std::string& path);
 
+/// The same without the byte order mark that some programs begin a text with.
+std::string read_text(const std::string& path);
+
 /// Writes beside the target and renames when all is written: a failure leaves whatever was at `path` as it was.
 ///
 /// @throws FileError if the file cannot be written, or if something other than a regular file is at `path`.

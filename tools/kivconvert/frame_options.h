@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: MIT
-// --width and --height: the frame of what has none of its own.
+// --width and --height, the frame of what has none of its own; and --contour, for which there is none.
 #pragma once
 
 #include "kivconvert/contents.h"
 
 #include <CLI/CLI.hpp>
 
+#include <optional>
+
 namespace kivconvert
 {
 
 /// Adds the two options, which must come together.
 void add_frame_options(CLI::App& command, Frame& frame);
+
+/// Adds --contour, one contour of a file alone, to a command that has the frame options: it excludes them.
+CLI::Option* add_contour_option(CLI::App& command, std::optional<int>& index, const char* description);
 
 } // namespace kivconvert

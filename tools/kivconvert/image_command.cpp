@@ -6,7 +6,6 @@
 #include "kivconvert/image_files.h"
 #include "kivconvert/region_files.h"
 
-#include <limits>
 #include <memory>
 #include <string>
 
@@ -52,11 +51,10 @@ void add_image_command(CLI::App& app)
     const auto add_number = [&](const char* name, int& value, int least, int most, const char* description) {
         command->add_option(name, value, description)->type_name("N")->check(CLI::Range(least, most));
     };
-    const int most = std::numeric_limits<int>::max();
     add_number("--foreground", painting->foreground, 0, 255, "grey value of the shape, 255 by default");
     add_number("--background", painting->background, 0, 255, "grey value of the rest, 0 by default");
-    add_number("--width", painting->width, 1, most, "columns, those of a file's frame by default");
-    add_number("--height", painting->height, 1, most, "rows, those of a file's frame by default");
+    add_number("--width", painting->width, 1, max_frame_side, "columns, those of a file's frame by default");
+    add_number("--height", painting->height, 1, max_frame_side, "rows, those of a file's frame by default");
 }
 
 } // namespace kivconvert

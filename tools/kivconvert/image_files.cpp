@@ -10,6 +10,7 @@
 #include <iterator>
 #include <mutex>
 #include <opencv2/imgcodecs.hpp>
+#include <opencv2/imgproc.hpp>
 #include <string_view>
 #include <unistd.h>
 #include <vector>
@@ -65,11 +66,22 @@ cv::Mat decode(const std::string& bytes, int mode)
     }
 }
 
+/// Whether a JPEG lacks its end, which the decoder would make up. Within the data of a picture there are neither of the
+/// two markers.
+bool is_cut_off(std::string_view bytes)
+{
+    constexpr std::string_view begin_of_file = "\xff\xd8";
+    constexpr std::string_view begin_of_data = "\xff\xda";
+    constexpr std::string_view end_of_file = "\xff\xd9";
+    return bytes.starts_with(begin_of_file) && bytes.find(end_of_file, bytes.rfind(begin_of_data)) == bytes.npos;
+}
+
 cv::Mat read_image(const std::string& path, int mode)
 {
-    cv::Mat pixels = decode(read_file(path), mode);
+    const std::string bytes = read_file(path);
+    cv::Mat pixels = is_cut_off(bytes) ? cv::Mat() : decode(bytes, mode);
     if (pixels.empty()) {
-        throw FileError(path, "is not an image of a known format, or a damaged one");
+        throw FileError(path, "is not an image of a known format, or a damaged or too large one");
     }
     return pixels;
 }
@@ -89,18 +101,20 @@ std::vector<uchar> encode(const std::string& extension, const cv::Mat& pixels)
 
 void expect_possible_frame(const std::string& path, int width, int height)
 {
-    constexpr int max_side = 1 << 20;
     constexpr long long max_pixels = 1LL << 30;
-    if (width > max_side || height > max_side || static_cast<long long>(width) * height > max_pixels) {
+    if (width > max_frame_side || height > max_frame_side || static_cast<long long>(width) * height > max_pixels) {
         throw FileError(path,
                         fmt::format("a frame of {} x {} is too large; {} columns, {} rows and {} pixels are the most",
-                                    width, height, max_side, max_side, max_pixels));
+                                    width, height, max_frame_side, max_frame_side, max_pixels));
     }
 }
 
 KivImage read_grey_image(const std::string& path)
 {
     cv::Mat pixels = read_image(path, cv::IMREAD_GRAYSCALE | cv::IMREAD_ANYDEPTH);
+    if (pixels.channels() == 3) { // some decoders do not make grey of colour themselves
+        cv::cvtColor(pixels, pixels, cv::COLOR_BGR2GRAY);
+    }
     return KivImage(pixels);
 }
 

@@ -10,7 +10,8 @@ namespace kivconvert
 {
 
 /// Images, and the frames of run files, may have 2^20 columns, 2^20 rows and 2^30 pixels: what OpenCV reads.
-///
+inline constexpr int max_frame_side = 1 << 20;
+
 /// @throws FileError if a frame is larger; `path` is the file concerned.
 void expect_possible_frame(const std::string& path, int width, int height);
 

@@ -42,30 +42,52 @@ void silence_opencv()
     cv::redirectError([](int, const char*, const char*, const char*, int, void*) { return 0; });
 }
 
-/// The arguments, with "--roi SHAPE" written as the operand that it is: "roi:SHAPE".
+/// The arguments, with "--roi SHAPE" and "--roi=SHAPE" written as the operand that it is: "roi:SHAPE".
 std::vector<std::string> arguments_of(int argc, char** argv)
 {
+    constexpr std::string_view option = "--roi";
     std::vector<std::string> arguments;
     for (int i = 1; i < argc; ++i) {
-        const bool is_shape_option = std::string_view(argv[i]) == "--roi" && i + 1 < argc;
-        arguments.push_back(is_shape_option ? fmt::format("roi:{}", argv[++i]) : argv[i]);
+        const std::string_view argument = argv[i];
+        if (argument == option && i + 1 < argc) {
+            arguments.push_back(fmt::format("roi:{}", argv[++i]));
+        } else if (argument.starts_with("--roi=")) {
+            arguments.push_back(fmt::format("roi:{}", argument.substr(option.size() + 1)));
+        } else {
+            arguments.emplace_back(argument);
+        }
     }
     return arguments;
 }
 
-/// CLI11 would say that a subcommand is missing.
-void expect_known_subcommand(const CLI::App& app, const std::vector<std::string>& arguments)
+/// What the options of the command line belong to: the subcommand, or the program.
+CLI::App* command_of(CLI::App& app, const std::vector<std::string>& arguments)
 {
-    if (arguments.empty() || arguments[0].rfind('-', 0) == 0) {
-        return;
+    if (arguments.empty() || arguments[0].starts_with('-')) {
+        return &app;
     }
     std::vector<std::string> names;
-    for (const CLI::App* subcommand : app.get_subcommands({})) {
+    for (CLI::App* const subcommand : app.get_subcommands({})) {
+        if (subcommand->get_name() == arguments[0]) {
+            return subcommand;
+        }
         names.push_back(subcommand->get_name());
     }
-    if (std::find(names.begin(), names.end(), arguments[0]) == names.end()) {
-        throw kivconvert::InputError(arguments[0],
-                                     fmt::format("is no subcommand; there are {}", fmt::join(names, ", ")));
+    throw kivconvert::InputError(arguments[0], fmt::format("is no subcommand; there are {}", fmt::join(names, ", ")));
+}
+
+/// CLI11 would say what is missing, and not what is wrong.
+void expect_known_words(CLI::App& app, const std::vector<std::string>& arguments)
+{
+    CLI::App* const command = command_of(app, arguments);
+    for (const std::string& argument : arguments) {
+        if (argument == "--") { // all others are operands
+            return;
+        }
+        const std::string name = argument.substr(0, argument.find('='));
+        if (name.starts_with("--") && command->get_option_no_throw(name) == nullptr) {
+            throw kivconvert::InputError(name, fmt::format("is no option of {}; see --help", command->get_name()));
+        }
     }
 }
 
@@ -81,7 +103,7 @@ void run(std::vector<std::string> arguments, CLI::App& app)
     kivconvert::add_matrix_command(app);
     kivconvert::add_set_commands(app);
     kivconvert::add_info_command(app);
-    expect_known_subcommand(app, arguments);
+    expect_known_words(app, arguments);
     std::reverse(arguments.begin(), arguments.end()); // the order in which CLI11 takes them
     try {
         app.parse(std::move(arguments));
@@ -112,7 +134,7 @@ int main(int argc, char** argv)
         expect_printed();
         return 0;
     } catch (const CLI::ParseError& error) {
-        kivconvert::report({kivconvert::exit_status::wrong_input, error.what()});
+        kivconvert::report({kivconvert::exit_status::wrong_input, fmt::format("{}; see --help", error.what())});
         return kivconvert::exit_status::wrong_input;
     } catch (...) {
         const kivconvert::Failure failure = kivconvert::current_failure();

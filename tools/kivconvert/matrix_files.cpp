@@ -75,7 +75,7 @@ std::string matrix_as_csv(const KivMatrix& matrix)
 KivMatrix read_matrix(const std::string& path)
 {
     if (is_csv(path)) {
-        KivMatrix matrix = parse_matrix_csv(read_file(path), path);
+        KivMatrix matrix = parse_matrix_csv(read_text(path), path);
         expect_possible_frame(path, matrix.Mat().cols, matrix.Mat().rows);
         return matrix;
     }

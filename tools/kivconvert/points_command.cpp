@@ -79,12 +79,12 @@ void add_points_command(CLI::App& app)
         [options](const std::string& input, const std::string& output) { list_points(input, output, *options); });
     CLI::Option* const once =
         command->add_flag("--once", options->once, "each pixel of the frame once, row by row from left to right");
+    add_frame_options(*command, options->frame);
     CLI::Option* const contour =
-        command->add_option("--contour", options->contour, "the points of the contour N itself, counted from 0");
-    contour->type_name("N")->check(CLI::NonNegativeNumber)->excludes(once);
+        add_contour_option(*command, options->contour, "the points of the contour N itself, counted from 0");
+    contour->excludes(once);
     command->add_flag("--rounded", options->rounded, "the contour's points rounded to pixels, halves to the even one")
         ->needs(contour);
-    add_frame_options(*command, options->frame);
 }
 
 } // namespace kivconvert

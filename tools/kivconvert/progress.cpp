@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/progress.h"
 
+#include <algorithm>
 #include <fmt/format.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 #include <utility>
 
@@ -10,7 +12,6 @@ namespace kivconvert
 namespace
 {
 
-constexpr std::size_t bar_length = 40;
 constexpr const char* clear_line = "\r\033[K";
 
 /// A descriptor of its own: standard error leads nowhere while images are being read.
@@ -19,10 +20,22 @@ std::FILE* open_terminal()
     return isatty(STDERR_FILENO) == 1 ? fdopen(dup(STDERR_FILENO), "w") : nullptr;
 }
 
+/// So that the line stays one: where it wraps, each step would leave it behind.
+std::size_t bar_length_for(std::size_t total)
+{
+    constexpr std::size_t longest = 40;
+    winsize size = {};
+    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
+        return longest;
+    }
+    const std::size_t rest = fmt::formatted_size("[] {0} of {0}", total);
+    return std::min(longest, size.ws_col - std::min<std::size_t>(size.ws_col, rest));
+}
+
 } // namespace
 
 Progress::Progress(std::size_t total)
-    : total_(total), terminal_(open_terminal()), clearing_([this] {
+    : total_(total), terminal_(open_terminal()), bar_length_(bar_length_for(total)), clearing_([this] {
           mutex_.lock(); // for good: nothing draws after this
           clear();
       })
@@ -57,8 +70,8 @@ void Progress::advance()
 void Progress::draw()
 {
     if (terminal_ != nullptr) {
-        const std::size_t filled = bar_length * done_ / total_;
-        fmt::print(terminal_, "{}[{:#<{}}{:.<{}}] {} of {}", clear_line, "", filled, "", bar_length - filled, done_,
+        const std::size_t filled = bar_length_ * done_ / total_;
+        fmt::print(terminal_, "{}[{:#<{}}{:.<{}}] {} of {}", clear_line, "", filled, "", bar_length_ - filled, done_,
                    total_);
         std::fflush(terminal_);
     }

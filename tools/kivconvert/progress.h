@@ -30,7 +30,8 @@ private:
     std::size_t total_;
     std::size_t done_ = 0;
     std::mutex mutex_;
-    std::FILE* terminal_; // null: nobody watches
+    std::FILE* terminal_;    // null: nobody watches
+    std::size_t bar_length_; // as the terminal has room
     UndoneByInterruption clearing_;
 };
 

@@ -95,12 +95,10 @@ void add_region_command(CLI::App& app)
     CLI::Option* const threshold =
         command->add_option("--threshold", options->least, "foreground is what is at least N, not all non-zero pixels");
     threshold->type_name("N")->check(CLI::Range(0, 255));
-    command->add_option("--contour", options->contour, "what the contour N alone encloses, counted from 0")
-        ->type_name("N")
-        ->check(CLI::NonNegativeNumber)
-        ->excludes(threshold);
     command->add_flag("--sort", options->sorted, "order the runs by row; runs of a row keep their order");
     add_frame_options(*command, options->frame);
+    add_contour_option(*command, options->contour, "what the contour N alone encloses, counted from 0")
+        ->excludes(threshold);
 }
 
 } // namespace kivconvert

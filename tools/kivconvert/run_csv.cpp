@@ -13,6 +13,7 @@ namespace kivconvert
 namespace
 {
 
+constexpr std::string_view first_word = "# width=";
 constexpr std::string_view column_names = "row,colBegin,colEnd";
 
 int read_size(CsvScanner& scanner, std::string_view name)
@@ -26,7 +27,7 @@ int read_size(CsvScanner& scanner, std::string_view name)
 
 std::pair<int, int> read_frame(CsvScanner& scanner)
 {
-    scanner.expect("# width=");
+    scanner.expect(first_word);
     const int width = read_size(scanner, "width");
     scanner.expect(" height=");
     const int height = read_size(scanner, "height");
@@ -50,6 +51,11 @@ Run read_run(CsvScanner& scanner)
 }
 
 } // namespace
+
+bool looks_like_runs(std::string_view text)
+{
+    return text.starts_with(first_word);
+}
 
 KivRegion parse_runs_csv(std::string_view text, const std::string& file)
 {

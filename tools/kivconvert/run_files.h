@@ -11,6 +11,9 @@
 namespace kivconvert
 {
 
+/// Whether a text begins as runs_as_csv() begins it.
+bool looks_like_runs(std::string_view text);
+
 /// Parses CSV. `file` is named in error messages. @throws FileError for anything that is not the format.
 KivRegion parse_runs_csv(std::string_view text, const std::string& file);
 
