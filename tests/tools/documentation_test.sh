@@ -73,6 +73,34 @@ for function in $functions; do
     grep -q "\`$function\`" "$readme" || fail "the README does not tell how $function is reached"
 done
 
+# Blocks of the README: its commands can be run one after the other, and the files that it shows are read.
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder" || exit 1
+PATH=$(dirname "$kivconvert"):$PATH
+# block LANGUAGE NUMBER: one of the blocks of code of a language.
+block() {
+    awk -v fence="\`\`\`$1" -v number="$2" '
+        /^```/ { within = !within; wanted = within && $0 == fence && ++count == number; next }
+        wanted' "$readme"
+}
+mkdir masks
+for file in parts.png masks/1.png; do
+    "$kivconvert" image roi:ring:640,480,170,450 --width 1280 --height 960 -o "$file" || fail "cannot make $file"
+done
+block sh 1 | grep -q '^kivconvert ' || fail 'the README shows no commands'
+while read -r command; do
+    $command </dev/null || fail "$command"
+done < <(block sh 1)
+block '' 1 >1.csv
+for number in 1 2 3 4; do
+    block json "$number" >"$number.json"
+done
+for file in 1.csv 1.json 2.json 3.json 4.json; do
+    "$kivconvert" info "$file" >/dev/null || fail "$(cat "$file")"
+done
+[ -z "$(block json 5)$(block '' 2)$(block sh 2)" ] || fail 'the README shows more than is tested'
+
 if command -v mandoc >/dev/null; then
     complaints=$(mandoc -Tlint -W warning "$page") || fail "the manual page: $complaints"
 fi

@@ -122,7 +122,8 @@ KivRegion complement_of(const Arguments& arguments)
 void add_complement(CLI::App& app)
 {
     const auto arguments = std::make_shared<Arguments>();
-    CLI::App* const command = add_command(app, "complement", "The pixels of A's frame that are not in A", *arguments);
+    CLI::App* const command = add_command(
+        app, "complement", "The pixels of A's frame that are not in A, but for its last row of runs", *arguments);
     command->footer(example_with_shapes("complement parts.csv -o rest.csv"));
     command->callback([arguments] {
         KivRegion result = complement_of(*arguments);
