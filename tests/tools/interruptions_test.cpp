@@ -12,7 +12,15 @@ namespace
 
 using kivconvert::UndoneByInterruption;
 
-/// Ends by the signal, or never.
+/// Waits for the end, but not for ever.
+[[noreturn]] void wait_for_end()
+{
+    alarm(20);
+    while (true) {
+        pause();
+    }
+}
+
 [[noreturn]] void be_interrupted(int signal)
 {
     kivconvert::watch_for_interruptions();
@@ -22,9 +30,7 @@ using kivconvert::UndoneByInterruption;
     }
     const UndoneByInterruption second([] { std::cerr << "second "; });
     kill(getpid(), signal);
-    while (true) {
-        pause();
-    }
+    wait_for_end();
 }
 
 TEST(Interruptions, UndoWhatIsNotOver)
@@ -40,10 +46,9 @@ TEST(Interruptions, StayIgnored)
         std::signal(SIGHUP, SIG_IGN);
         kivconvert::watch_for_interruptions();
         kill(getpid(), SIGHUP);
+        usleep(100'000); // long enough to end by it
         kill(getpid(), SIGTERM);
-        while (true) {
-            pause();
-        }
+        wait_for_end();
     };
     EXPECT_EXIT(ignore(), testing::KilledBySignal(SIGTERM), "");
 }

@@ -34,10 +34,11 @@ public:
         const auto lock = hold_interruptions();
         do {
             path_ = next_name(target);
+            removal_.emplace([path = path_] { std::remove(path.c_str()); });
             file_ = std::fopen(path_.c_str(), "wbx");
         } while (file_ == nullptr && errno == EEXIST);
-        if (file_ != nullptr) {
-            removal_.emplace([path = path_] { std::remove(path.c_str()); });
+        if (file_ == nullptr) {
+            removal_.reset();
         }
     }
     PartFile(const PartFile&) = delete;
