@@ -74,7 +74,13 @@ TEST_F(ImageFiles, ThatAreNoneOrDamagedAreNamed)
     put("whole.jpg", bytes);
     EXPECT_EQ(kivconvert::read_grey_image(path("whole.jpg")).Width(), 64);
     put("cut.jpg", bytes.substr(0, bytes.size() - 2));
-    for (const char* name : {"text.png", "cut.png", "cut.jpg"}) {
+
+    const std::string preview("\xff\xff\xe1\0\6\xff\xd8\xff\xd9", 9); // in a segment that a fill byte precedes
+    put("previewed.jpg", bytes.substr(0, 2) + preview + bytes.substr(2) + "\xff\xda behind");
+    EXPECT_EQ(kivconvert::read_grey_image(path("previewed.jpg")).Width(), 64);
+    put("previewed_cut.jpg", bytes.substr(0, 2) + preview + bytes.substr(2, bytes.size() - 4));
+    put("begun.jpg", bytes.substr(0, 2) + preview);
+    for (const char* name : {"text.png", "cut.png", "cut.jpg", "previewed_cut.jpg", "begun.jpg"}) {
         EXPECT_EQ(complaint_of([&] { kivconvert::read_grey_image(path(name)); }),
                   path(name) + ": is not an image of a known format, or a damaged or too large one");
     }

@@ -66,14 +66,21 @@ cv::Mat decode(const std::string& bytes, int mode)
     }
 }
 
-/// Whether a JPEG lacks its end, which the decoder would make up. Within the data of a picture there are neither of the
-/// two markers.
+/// Whether a JPEG lacks its end, which the decoder would make up.
 bool is_cut_off(std::string_view bytes)
 {
-    constexpr std::string_view begin_of_file = "\xff\xd8";
-    constexpr std::string_view begin_of_data = "\xff\xda";
-    constexpr std::string_view end_of_file = "\xff\xd9";
-    return bytes.starts_with(begin_of_file) && bytes.find(end_of_file, bytes.rfind(begin_of_data)) == bytes.npos;
+    constexpr unsigned marker = 0xff;
+    constexpr unsigned begin_of_data = 0xda;
+    const auto byte = [bytes](std::size_t at) -> unsigned { return static_cast<unsigned char>(bytes[at]); };
+    if (!bytes.starts_with("\xff\xd8")) {
+        return false;
+    }
+    // Past the segments, as a preview in one of them has an end of its own; in the data there are no such two bytes.
+    std::size_t at = 2;
+    while (at + 3 < bytes.size() && byte(at) == marker && byte(at + 1) != begin_of_data) {
+        at += byte(at + 1) == marker ? 1 : 2 + 256 * byte(at + 2) + byte(at + 3);
+    }
+    return bytes.find("\xff\xd9", at) == bytes.npos;
 }
 
 cv::Mat read_image(const std::string& path, int mode)
