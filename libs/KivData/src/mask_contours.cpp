@@ -29,8 +29,8 @@ constexpr int filled = -1;
 constexpr int eight_connected = 8;
 
 // cv::drawContours follows an edge row by row from its top on, also above of the mask, and is wrong by up to 1/65536 of
-// a pixel more with each row. So far out, that is less than half a pixel and takes no time.
-constexpr double drawable_margin = 1 << 14;
+// a pixel more with each row: from so far out by a pixel, after a fraction of a millisecond.
+constexpr double drawable_margin = 1 << 16;
 
 /// The side of a half plane at which a coordinate of its points is at most, or at least, a limit.
 struct Side {

@@ -95,7 +95,7 @@ public:
     ///
     /// A point outside of all or inside of two contours is not filled (even-odd rule); the borders themselves are.
     /// Points are rounded to the nearest pixel, ties to even, and saturated to the range of int. Points of which a
-    /// coordinate is NaN and contours without points are left out. What lies more than 2^14 pixels outside of the mask
+    /// coordinate is NaN and contours without points are left out. What lies more than 2^16 pixels outside of the mask
     /// is cut off before it is drawn; an edge that leads there is drawn to the pixel nearest to the cut. Filling what
     /// MatToMask() traced gives the traced mask back.
     ///
