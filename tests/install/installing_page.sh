@@ -6,6 +6,9 @@ need unshare
 [ "$(id -u)" = 0 ] || { echo "skipped: only root may install"; exit 77; }
 layers="$PWD/installing_page"
 new_folder "$layers"
+unshare --mount sh -eu -c 'mount -t tmpfs tmpfs "$1"; mkdir "$1/a" "$1/b"
+    mount -t overlay overlay /etc -o "lowerdir=/etc,upperdir=$1/a,workdir=$1/b"' sh "$layers" ||
+    { echo "skipped: no file systems can be mounted here"; exit 77; }
 unshare --mount sh -eu -c '
     mount -t tmpfs tmpfs "$1"
     for folder in /etc /usr /var "$KIV_SOURCE"; do
