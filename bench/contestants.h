@@ -15,13 +15,17 @@ void enter_kiv_rois(Workload& work);
 void enter_kiv_contour_arrays(Workload& work);
 void enter_kiv_set_operations(Workload& work); // but unions
 void enter_kiv_unions(Workload& work);
+void enter_kiv_run_shapes(Workload& work);
+void enter_kiv_run_sets(Workload& work);
 
 // Peers and floors, which take part in any of these.
 void enter_opencv(Workload& work);
 void enter_opencv_set_operations(Workload& work);
 void enter_opencv_contour_arrays(Workload& work);
 void enter_opencv_unions(Workload& work);
+void enter_opencv_run_shapes(Workload& work);
 void enter_opencv_runs(Workload& work);
+void enter_opencv_runs_morphology(Workload& work);
 void enter_pixman(Workload& work);
 void enter_pixman_set_operations(Workload& work);
 void enter_pixman_unions(Workload& work);

@@ -26,6 +26,7 @@ void enter_conversions(Workload& work)
 void enter_set_operations(Workload& work)
 {
     enter_kiv_set_operations(work);
+    enter_kiv_run_sets(work);
     enter_floors_of_set_operations(work);
     enter_opencv_set_operations(work);
 #ifdef KIV_BENCH_PIXMAN
@@ -49,6 +50,15 @@ void enter_unions(Workload& work)
 #endif
 }
 
+void enter_run_shapes(Workload& work)
+{
+    enter_kiv_run_shapes(work);
+    enter_opencv_run_shapes(work);
+#ifdef KIV_BENCH_OPENCV_RUNS
+    enter_opencv_runs_morphology(work);
+#endif
+}
+
 /// The library alone, and the floors, which show how much of the growth is the machine's.
 void enter_growth()
 {
@@ -58,6 +68,7 @@ void enter_growth()
         enter_kiv_rois(*work);
         enter_kiv_set_operations(*work);
         enter_kiv_unions(*work);
+        enter_kiv_run_shapes(*work);
         enter_floors(*work);
         enter_floors_of_set_operations(*work);
         enter_floors_of_unions(*work);
@@ -80,6 +91,7 @@ void bench::enter_everybody()
     for (Workload* work : workloads()) {
         enter_conversions(*work);
         enter_set_operations(*work);
+        enter_run_shapes(*work);
     }
     for (Workload* work : lighter_workloads()) {
         enter_unions(*work);

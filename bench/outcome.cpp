@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "outcome.h"
 
+#include <KivRLC/KivRunTransforms.h>
+
+#include <opencv2/imgproc.hpp>
+
 #include <algorithm>
+#include <array>
 
 namespace bench
 {
@@ -17,6 +22,16 @@ cv::Mat coordinates(const std::vector<Point>& points)
         list.at<cv::Vec2d>(i) = {static_cast<double>(point.x), static_cast<double>(point.y)};
     }
     return list;
+}
+
+/// Area, left, top, width and height of a component.
+using Extent = std::array<int, 5>;
+
+/// Components may come in any order.
+Outcome outcome_of(std::vector<Extent> extents)
+{
+    std::sort(extents.begin(), extents.end());
+    return {cv::Mat(static_cast<int>(extents.size()), 5, CV_32S, extents.data()).clone()};
 }
 
 } // namespace
@@ -41,6 +56,35 @@ Outcome outcome_of(const KivROI& roi)
     const IKivROIPara& parameters = roi.Parameters();
     const std::vector<Run> runs = parameters.MaskRuns();
     return {painted(runs, {parameters.Width(), parameters.Height()}), static_cast<double>(runs.size())};
+}
+
+Outcome outcome_of(const InFrame& in_frame)
+{
+    const KivRunSet within = KivRuns::Crop(in_frame.set, {0, in_frame.frame.height - 1, 0, in_frame.frame.width - 1});
+    return {painted({within.Runs().begin(), within.Runs().end()}, in_frame.frame),
+            static_cast<double>(in_frame.set.Runs().size())};
+}
+
+Outcome outcome_of(const ComponentStats& components)
+{
+    std::vector<Extent> extents;
+    for (int i = 1; i < components.stats.rows; ++i) {
+        const auto stat = [&](int which) { return components.stats.at<int>(i, which); };
+        extents.push_back({stat(cv::CC_STAT_AREA), stat(cv::CC_STAT_LEFT), stat(cv::CC_STAT_TOP),
+                           stat(cv::CC_STAT_WIDTH), stat(cv::CC_STAT_HEIGHT)});
+    }
+    return outcome_of(std::move(extents));
+}
+
+Outcome outcome_of(const std::vector<KivRuns::ComponentSummary>& components)
+{
+    std::vector<Extent> extents;
+    for (const KivRuns::ComponentSummary& component : components) {
+        const KivRunBox& box = component.box;
+        extents.push_back({static_cast<int>(component.area), box.colBegin, box.rowBegin, box.colEnd - box.colBegin + 1,
+                           box.rowEnd - box.rowBegin + 1});
+    }
+    return outcome_of(std::move(extents));
 }
 
 Outcome outcome_of(const KivImage& image)

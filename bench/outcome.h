@@ -5,6 +5,8 @@
 #include "shape.h"
 
 #include <KivData/KivData.h>
+#include <KivRLC/KivRunComponents.h>
+#include <KivRLC/KivRunSet.h>
 
 #include <opencv2/core.hpp>
 
@@ -18,11 +20,27 @@ struct Outcome {
     double runs = 0.0; // the runs it is made of, where it is made of runs
 };
 
+/// A set of which what lies in a mask's frame can be compared.
+struct InFrame {
+    KivRunSet set;
+    cv::Size frame;
+};
+
+/// The components of a mask, as OpenCV describes them; the background is the first one.
+struct ComponentStats {
+    cv::Mat labels;
+    cv::Mat stats;
+    cv::Mat centroids;
+};
+
 /// A mask with the runs painted by a plain loop.
 cv::Mat painted(const std::vector<Run>& runs, cv::Size frame);
 
 Outcome outcome_of(const KivRegion& region);
 Outcome outcome_of(const KivROI& roi);
+Outcome outcome_of(const InFrame& in_frame);
+Outcome outcome_of(const ComponentStats& components);
+Outcome outcome_of(const std::vector<KivRuns::ComponentSummary>& components);
 Outcome outcome_of(const KivImage& image);
 Outcome outcome_of(const KivMatrix& matrix);
 Outcome outcome_of(const cv::Mat& matrix);

@@ -85,6 +85,7 @@ RunArrays arrays_of(const std::vector<Run>& runs)
 Shape::Shape(cv::Mat foreground)
     : mask(std::move(foreground)),
       runs([this] { return runs_in(mask); }),
+      run_set([this] { return KivRunSet(runs()); }),
       image([this] { return KivImage(mask); }),
       matrix([this] {
           KivMatrix reals;

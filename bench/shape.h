@@ -5,6 +5,7 @@
 #include "lazy.h"
 
 #include <KivData/KivData.h>
+#include <KivRLC/KivRunSet.h>
 
 #include <opencv2/core.hpp>
 
@@ -37,6 +38,7 @@ public:
 
     cv::Mat mask; // 0 and 255
     Lazy<std::vector<Run>> runs;
+    Lazy<KivRunSet> run_set;
     Lazy<KivImage> image;
     Lazy<KivMatrix> matrix;
     Lazy<KivRegion> region;

@@ -8,24 +8,33 @@ set(kiv_templates ${CMAKE_CURRENT_LIST_DIR})
 file(RELATIVE_PATH kiv_programs_to_libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
 list(APPEND CMAKE_INSTALL_RPATH $ORIGIN $ORIGIN/${kiv_programs_to_libraries})
 
-# kiv_install(<target> COMPONENT <name> DESCRIPTION <sentence> [PACKAGES <package>...]): the library as component
-# <name>, and what it takes to build with it as <name>_dev. PACKAGES are the other libraries of the family that its
-# headers include, each with its major version, such as "KivRLC 1".
+# kiv_install(<target> COMPONENT <name> DESCRIPTION <sentence> OPENCV <module>... [PACKAGES <package>...]): the library as
+# component <name>, and what it takes to build with it as <name>_dev. OPENCV are the modules that it uses. PACKAGES are the
+# other libraries of the family that its headers include, each with its major version, such as "KivRLC 1".
 function(kiv_install target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "COMPONENT;DESCRIPTION" "PACKAGES")
+    if(NOT KIV_INSTALL)
+        return()
+    endif()
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "COMPONENT;DESCRIPTION" "OPENCV;PACKAGES")
     set(dev ${arg_COMPONENT}_dev)
     install(TARGETS ${target} EXPORT ${target}Targets
-        LIBRARY COMPONENT ${arg_COMPONENT} NAMELINK_COMPONENT ${dev})
+        LIBRARY COMPONENT ${arg_COMPONENT} NAMELINK_COMPONENT ${dev}
+        ARCHIVE COMPONENT ${dev})
     install(DIRECTORY include/ TYPE INCLUDE COMPONENT ${dev})
-    kiv_install_cmake_package(${target} ${dev} "${arg_PACKAGES}")
+    kiv_install_cmake_package(${target} ${dev} "${arg_OPENCV}" "${arg_PACKAGES}")
     kiv_install_pkg_config(${target} ${dev} "${arg_PACKAGES}" "${arg_DESCRIPTION}")
 endfunction()
 
-function(kiv_install_cmake_package target component packages)
+function(kiv_install_cmake_package target component opencv packages)
     set(folder ${CMAKE_INSTALL_LIBDIR}/cmake/${target})
+    # Headers need OpenCV's core; only who links a static library needs what it uses besides.
+    set(KIV_OPENCV_MODULES core)
+    if(NOT BUILD_SHARED_LIBS)
+        string(REPLACE ";" " " KIV_OPENCV_MODULES "${opencv}")
+    endif()
     set(KIV_FIND_PACKAGES "")
     foreach(package ${packages})
-        string(APPEND KIV_FIND_PACKAGES "find_dependency(${package} CONFIG)\n")
+        string(APPEND KIV_FIND_PACKAGES "find_dependency(${package} CONFIG HINTS \${CMAKE_CURRENT_LIST_DIR}/..)\n")
     endforeach()
     configure_file(${kiv_templates}/PackageConfig.cmake.in ${target}Config.cmake @ONLY)
     get_target_property(version ${target} VERSION)
@@ -48,7 +57,21 @@ function(kiv_install_pkg_config target component packages description)
     string(REPLACE ";" ", " KIV_REQUIRES "${KIV_REQUIRES}")
     # pkg-config knows OpenCV 3 by another name than OpenCV 4.
     string(REGEX REPLACE "^3$" "" KIV_OPENCV_MAJOR ${OpenCV_VERSION_MAJOR})
+    kiv_folder_of_opencv(opencv_folder)
+    set(KIV_OPENCV_LIBRARY -lopencv_core)
+    if(NOT opencv_folder IN_LIST CMAKE_CXX_IMPLICIT_LINK_DIRECTORIES)
+        set(KIV_OPENCV_LIBRARY "-L${opencv_folder} -lopencv_core")
+    endif()
     configure_file(${kiv_templates}/pkg-config.pc.in ${target}.pc @ONLY)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${target}.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT ${component})
+endfunction()
+
+# The folder of OpenCV's libraries, which the linker may not search by itself.
+function(kiv_folder_of_opencv result)
+    get_target_property(configurations opencv_core IMPORTED_CONFIGURATIONS)
+    list(GET configurations 0 configuration)
+    get_target_property(library opencv_core IMPORTED_LOCATION_${configuration})
+    get_filename_component(folder "${library}" DIRECTORY)
+    set(${result} "${folder}" PARENT_SCOPE)
 endfunction()

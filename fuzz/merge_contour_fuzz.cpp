@@ -4,6 +4,7 @@
 #include "target.h"
 
 #include "support/coordinates.h"
+#include "support/drawing.h"
 #include "support/rasters.h"
 
 #include <KivDataConvert/KivDataConvert.h>
@@ -32,9 +33,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
         return 0;
     }
     EXPECT_EQ(code, KIVMV::KIVMV_OK);
-    KivContourArray drawn = {contour};
     cv::Mat expected = pixels.clone();
-    expected.setTo(add ? 255 : 0, IKivROIPara::ToMAT(drawn, pixels.cols, pixels.rows));
+    expected.setTo(add ? 255 : 0, support::drawn(points, pixels.cols, pixels.rows));
     KivImage painted(expected);
     KivContourArray contours;
     EXPECT_EQ(KIVMV::KivBinImageToContourArray(painted, &contours), KIVMV::KIVMV_OK);

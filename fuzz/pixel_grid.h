@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sets of pixels as small masks, set one by one.
+// Sets of pixels as small masks, filled pixel by pixel.
 #pragma once
 
 #include <KivRLC/KivRLC.h>
@@ -50,7 +50,7 @@ struct PixelSet {
         }
     }
 
-    /// Lists that lie wholly in row 0 or in column 0, or before them, are refused.
+    /// Lists that lie wholly in row 0 or in column 0, or before them, are rejected.
     bool is_refused() const { return last_column < 1 || last_row < 1; }
 
     /// Up to the largest column and row.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Runs are sorted as std::stable_sort sorts them, whatever bytes of the rows differ.
+// Runs are sorted as std::stable_sort sorts them, no matter which bytes of the rows differ.
 #include "inputs.h"
 #include "target.h"
 

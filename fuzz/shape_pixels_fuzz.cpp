@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The runs of a shape are those of the pixels that it contains, asked one by one, and of some shapes those that their
-// formula gives.
+// The runs of a shape cover exactly the pixels that Contains() reports, and for some shapes those that satisfy their
+// formula.
 #include "inputs.h"
 #include "target.h"
 

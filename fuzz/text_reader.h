@@ -14,7 +14,7 @@
 namespace fuzz
 {
 
-/// The text is refused by an InputError and by nothing else, or is a value that is written and read back as it is.
+/// The text is rejected by an InputError, or is a value that stays the same when it is written and read.
 template <class Value>
 void check_text_reader(FuzzedBytes bytes, Value (*parse)(std::string_view, const std::string&),
                        std::string (*format)(const Value&))

@@ -125,3 +125,24 @@ void bench::enter_opencv_unions(Workload& work)
 {
     enter_binary("Add", work, [](const cv::Mat& a, const cv::Mat& b, cv::Mat& out) { cv::bitwise_or(a, b, out); });
 }
+
+void bench::enter_opencv_run_shapes(Workload& work)
+{
+    const cv::Mat& mask = work.a.mask;
+    enter("KivRuns::SummarizeComponents", work, "peer:opencv", [&mask] {
+        ComponentStats components;
+        cv::connectedComponentsWithStats(mask, components.labels, components.stats, components.centroids);
+        return components;
+    });
+    const cv::Mat square = cv::Mat::ones(15, 15, CV_8UC1);
+    enter("KivRuns::Dilate", work, "peer:opencv", [&mask, square] {
+        cv::Mat out;
+        cv::dilate(mask, out, square);
+        return out;
+    });
+    enter("KivRuns::Erode", work, "peer:opencv", [&mask, square] {
+        cv::Mat out;
+        cv::erode(mask, out, square, cv::Point(-1, -1), 1, cv::BORDER_CONSTANT, cv::Scalar(0));
+        return out;
+    });
+}

@@ -71,3 +71,19 @@ void bench::enter_opencv_runs(Workload& work)
         enter(function, work, "peer:opencv_rl", [&a] { return runs_of(mask_of(a.points().Points())); });
     }
 }
+
+void bench::enter_opencv_runs_morphology(Workload& work)
+{
+    auto runs = std::make_shared<Lazy<RunImage>>([&a = work.a] { return runs_of(a.mask); });
+    const cv::Mat square = rl::getStructuringElement(cv::MORPH_RECT, cv::Size(15, 15));
+    enter("KivRuns::Dilate", work, "peer:opencv_rl", [runs, square] {
+        RunImage out{cv::Mat(), (*runs)().frame};
+        rl::dilate((*runs)().runs, out.runs, square);
+        return out;
+    });
+    enter("KivRuns::Erode", work, "peer:opencv_rl", [runs, square] {
+        RunImage out{cv::Mat(), (*runs)().frame};
+        rl::erode((*runs)().runs, out.runs, square, false);
+        return out;
+    });
+}

@@ -7,7 +7,9 @@
 
 #include <memory>
 #include <stdexcept>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace bench
 {
@@ -103,18 +105,26 @@ LazyRegion lazy_region(Shape& shape)
     return std::make_shared<Lazy<std::unique_ptr<PixmanRegion>>>([&shape] { return region_of(shape); });
 }
 
+/// Enters an operation under the names of several functions.
 template <class Function>
-void enter_binary(const std::string& name, Workload& work, Function operation)
+void enter_binary(const std::vector<std::string>& names, Workload& work, Function operation)
 {
     const LazyRegion a = lazy_region(work.a);
     const LazyRegion b = lazy_region(work.b);
-    for (const char* kind : {"KivRegion", "KivROI"}) {
-        enter(kind + name, work, "peer:pixman", [&work, a, b, operation] {
+    for (const std::string& name : names) {
+        enter(name, work, "peer:pixman", [&work, a, b, operation] {
             auto out = std::make_unique<PixmanRegion>(work.a.mask.size());
             succeed(operation(out->get(), (*a)()->get(), (*b)()->get()));
             return out;
         });
     }
+}
+
+/// What is left of the frame.
+pixman_bool_t inverse(pixman_region32_t* out, const pixman_region32_t* a, cv::Size size)
+{
+    pixman_box32_t frame{0, 0, size.width, size.height};
+    return pixman_region32_inverse(out, a, &frame);
 }
 
 } // namespace
@@ -152,15 +162,15 @@ void bench::enter_pixman(Workload& work)
 
 void bench::enter_pixman_set_operations(Workload& work)
 {
-    enter_binary("And", work, pixman_region32_intersect);
-    enter_binary("Sub", work, pixman_region32_subtract);
-    enter_binary("Not", work, [&work](pixman_region32_t* out, const pixman_region32_t* a, const pixman_region32_t*) {
-        pixman_box32_t frame{0, 0, work.a.mask.cols, work.a.mask.rows};
-        return pixman_region32_inverse(out, a, &frame);
-    });
+    const auto inverse_in_frame = [&work](pixman_region32_t* out, const pixman_region32_t* a,
+                                          const pixman_region32_t*) { return inverse(out, a, work.a.mask.size()); };
+    enter_binary({"KivRegionAnd", "KivROIAnd", "KivRunSetIntersection"}, work, pixman_region32_intersect);
+    enter_binary({"KivRegionSub", "KivROISub", "KivRunSetDifference"}, work, pixman_region32_subtract);
+    enter_binary({"KivRegionNot", "KivROINot", "KivRunSetComplement"}, work, inverse_in_frame);
+    enter_binary({"KivRunSetUnion"}, work, pixman_region32_union);
 }
 
 void bench::enter_pixman_unions(Workload& work)
 {
-    enter_binary("Add", work, pixman_region32_union);
+    enter_binary({"KivRegionAdd", "KivROIAdd"}, work, pixman_region32_union);
 }

@@ -7,6 +7,8 @@
 #include <roaring/roaring.h>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace bench
 {
@@ -52,13 +54,14 @@ Bitmap bitmap_of(Shape& shape)
     return bitmap;
 }
 
+/// Enters an operation under the names of several functions.
 template <class Function>
-void enter_binary(const std::string& name, Workload& work, Function operation)
+void enter_binary(const std::vector<std::string>& names, Workload& work, Function operation)
 {
     const auto a = std::make_shared<Lazy<Bitmap>>([&work] { return bitmap_of(work.a); });
     const auto b = std::make_shared<Lazy<Bitmap>>([&work] { return bitmap_of(work.b); });
-    for (const char* kind : {"KivRegion", "KivROI"}) {
-        enter(kind + name, work, "peer:roaring", [&work, a, b, operation] {
+    for (const std::string& name : names) {
+        enter(name, work, "peer:roaring", [&work, a, b, operation] {
             return PlacesIn{Bitmap(operation((*a)().get(), (*b)().get())), work.a.mask.size()};
         });
     }
@@ -69,14 +72,17 @@ void enter_binary(const std::string& name, Workload& work, Function operation)
 
 void bench::enter_roaring_set_operations(Workload& work)
 {
-    enter_binary("And", work, roaring_bitmap_and);
-    enter_binary("Sub", work, roaring_bitmap_andnot);
-    enter_binary("Not", work, [&work](const roaring_bitmap_t* a, const roaring_bitmap_t*) {
-        return roaring_bitmap_flip(a, 0, work.a.mask.total());
-    });
+    enter_binary({"KivRegionAnd", "KivROIAnd", "KivRunSetIntersection"}, work, roaring_bitmap_and);
+    enter_binary({"KivRegionSub", "KivROISub", "KivRunSetDifference"}, work, roaring_bitmap_andnot);
+    enter_binary({"KivRegionNot", "KivROINot", "KivRunSetComplement"}, work,
+                 [&work](const roaring_bitmap_t* a, const roaring_bitmap_t*) {
+                     return roaring_bitmap_flip(a, 0, work.a.mask.total());
+                 });
+    enter_binary({"KivRunSetUnion"}, work, roaring_bitmap_or);
+    enter_binary({"KivRunSetSymmetricDifference"}, work, roaring_bitmap_xor);
 }
 
 void bench::enter_roaring_unions(Workload& work)
 {
-    enter_binary("Add", work, roaring_bitmap_or);
+    enter_binary({"KivRegionAdd", "KivROIAdd"}, work, roaring_bitmap_or);
 }

@@ -2,18 +2,18 @@
 /// @file
 /// Conversions between the machine-vision data types, and set algebra on regions and regions of interest.
 ///
-/// Conventions, which hold for every function unless it says otherwise:
+/// These conventions hold for every function unless it says otherwise:
 /// - Coordinates are 0-based pixels, x is the column and y the row; (x, y) in whole numbers is the centre of a pixel.
 /// - Run ends are inclusive. A frame is a width and a height in pixels.
 /// - A mask is an 8-bit single-channel image; every non-zero byte is foreground.
-/// - A region is empty when its width is below 1; its height and its runs are not consulted for that.
+/// - A region is empty when its width is below 1; its height and its runs do not matter.
 /// - Every function returns a result code, 0 (KIVMV_OK) on success. Conditions are listed in the order in which they
 ///   are checked; the first that holds decides. On a failure the output is as it was, unless the function says that it
 ///   is cleared first.
-/// - Pointers must not be null. Inputs are passed by reference and are not changed.
-/// - The library throws nothing of its own. Exceptions of the data types and of OpenCV (std::bad_alloc,
-///   cv::Exception) pass to the caller, where nothing else is said; everything local is released, and the output is as
-///   it was, unless writing it had begun. A frame too large to hold raises cv::Exception or std::bad_alloc in every
+/// - Pointers must not be null. Inputs are passed by reference and are never modified.
+/// - The library throws no exceptions itself. Those of the data types and of OpenCV (std::bad_alloc, cv::Exception)
+///   pass to the caller unless a function says otherwise. Nothing leaks, and the output is as it was, unless writing it
+///   had begun. A frame too large to hold raises cv::Exception or std::bad_alloc in every
 ///   function that makes a mask of it.
 /// - No state is kept between calls. Calls on distinct objects may run at the same time; two calls that share an
 ///   object which one of them writes must not.
@@ -21,6 +21,7 @@
 #pragma once
 
 #include <KivData/KivData.h>
+#include <KivDataConvert/KivResult.h>
 
 #if defined(__GNUC__)
 #define KIVMV_API __attribute__((visibility("default")))
@@ -32,22 +33,6 @@
 /// hold for all of them.
 namespace KIVMV
 {
-
-/// @name Result codes
-/// Codes about an input that is not an image follow its position among those inputs.
-/// @{
-inline constexpr int KIVMV_OK = 0;                  ///< success
-inline constexpr int KIVMV_ERR_NO_IMAGE = 1100001;  ///< the input image holds no pixels
-inline constexpr int KIVMV_ERR_CHANNELS = 1100005;  ///< the input image has a channel count that is not taken
-inline constexpr int KIVMV_ERR_LENGTH = 1100007;    ///< two parallel arrays are empty or of different lengths
-inline constexpr int KIVMV_ERR_PARAM_1 = 1100008;   ///< the first input that is not an image is empty or invalid
-inline constexpr int KIVMV_ERR_PARAM_2 = 1100009;   ///< the second input that is not an image is invalid
-inline constexpr int KIVMV_ERR_PARAM_3 = 1100010;   ///< the third input that is not an image is invalid
-inline constexpr int KIVMV_ERR_PARAM_4 = 1100011;   ///< the fourth input that is not an image is invalid
-inline constexpr int KIVMV_ERR_PARAM_5 = 1100012;   ///< the fifth input that is not an image is invalid
-inline constexpr int KIVMV_ERR_EXCEPTION = 1100049; ///< an exception was caught while the output was being built
-inline constexpr int KIVMV_ERR_BIT_DEPTH = 2001014; ///< the input image is not 8-bit
-/// @}
 
 /// @name Data words
 /// Four bytes each: a character code, then zeros. The library does not read them.
@@ -65,7 +50,7 @@ KIVMV_API extern const int str3; ///< 't'
 /// @param values ints (doubles and texts are converted as KivVar::I() does); an empty array gives 1
 /// @return 1 to 10
 ///
-/// Cost: linear, and the copy of the array.
+/// Cost: linear in the values, plus the copy of the array.
 KIVMV_API int maxbit(KivVarArray values);
 
 /// Sorts runs by row, in place and stably: runs of one row keep their order. Columns only travel with their row.
@@ -105,7 +90,7 @@ KIVMV_API int KivRegionToVarArray(KivRegion& region, KivVarArray* xs, KivVarArra
 /// @param[out] region the region
 /// @retval KIVMV_ERR_LENGTH `xs` is empty, or the arrays differ in length
 /// @retval KIVMV_ERR_PARAM_1 an element of `xs` is not a number; or, when all elements are numbers, the largest row or
-///         the largest column is below 1: lists that lie wholly in row 0 or in column 0 are refused
+///         the largest column is below 1: lists that lie wholly in row 0 or in column 0 are rejected
 /// @retval KIVMV_ERR_PARAM_2 an element of `ys` is not a number; the first element that is not decides, x before y
 ///
 /// Cost: linear in the list and in the frame's pixels.
@@ -115,11 +100,11 @@ KIVMV_API int KivVarArrayToRegion(KivVarArray& xs, KivVarArray& ys, KivRegion* r
 ///
 /// Coordinates are truncated toward zero: (3.9, 2.99) is pixel (3, 2) and (-0.5, 4) is pixel (0, 4). The frame reaches
 /// from (0, 0) to just past the largest column and row. Points whose truncated coordinates are negative are left out.
-/// Coordinates that no int can hold are saturated to int, and NaN counts as 0.
+/// Coordinates outside the range of int saturate, and NaN counts as 0.
 /// @param points the points
 /// @param[out] region the region
 /// @retval KIVMV_ERR_PARAM_1 there are no points, or the largest truncated row or column is below 1: points that lie
-///         wholly in row 0 or in column 0 are refused
+///         wholly in row 0 or in column 0 are rejected
 ///
 /// Cost: linear in the points and in the frame's pixels. Raises cv::Exception or std::bad_alloc when the frame is too
 /// large to hold.
@@ -142,8 +127,8 @@ KIVMV_API int KivRegionToPointArray(KivRegion& region, KivPointArray* points);
 
 /// Makes the region of an image's non-zero pixels. The image's size becomes the region's frame.
 ///
-/// Of an image of several channels the first Width() bytes of each row are looked at.
-/// @param image an 8-bit image of any channel count but 3
+/// If the image has several channels, the first Width() bytes of each row are read.
+/// @param image an 8-bit image of any channel count except 3
 /// @param[out] region runs are maximal, ordered by row, then by column; replaced also when there are none
 /// @retval KIVMV_ERR_CHANNELS the image has exactly 3 channels
 /// @retval KIVMV_ERR_NO_IMAGE the image holds no pixels (ImageData() is null)
@@ -167,7 +152,7 @@ KIVMV_API int KivBinImageToRegion(KivImage& image, KivRegion* region);
 
 /// Paints a region into a new image of the given size and grey values.
 ///
-/// The region's own frame does not matter: runs are clipped to the new image, and what they leave is background.
+/// The frame of the region does not matter: runs are clipped to the new image. All other pixels are background.
 /// @param[out] image becomes an 8-bit image of one channel with pixels of its own
 /// @param region the region
 /// @param foreground grey value of the region's pixels, 0 to 255 inclusive
@@ -179,7 +164,7 @@ KIVMV_API int KivBinImageToRegion(KivImage& image, KivRegion* region);
 /// @retval KIVMV_ERR_PARAM_4 `width` is below 1
 /// @retval KIVMV_ERR_PARAM_5 `height` is below 1
 /// @retval KIVMV_ERR_PARAM_1 the region is empty
-/// @retval KIVMV_ERR_EXCEPTION the new image could not be made, for want of memory for instance
+/// @retval KIVMV_ERR_EXCEPTION the new image could not be made, for lack of memory for instance
 ///
 /// Cost: linear in the image's pixels and the runs, however far runs reach outside the image; where runs overlap, also
 /// in the pixels that each covers in the image.
@@ -208,8 +193,8 @@ KIVMV_API int KivImageToMatrix(KivImage& image, KivMatrix* matrix);
 
 /// Makes an image an 8-bit copy of a matrix, which shares nothing with it.
 ///
-/// Values are rounded and clamped to 0 to 255, not rescaled, by cv::Mat::convertTo(), which leaves open what becomes of
-/// reals that no int can hold; the channel count is kept.
+/// Values are rounded to the nearest, ties to even, and clamped to 0 to 255, not rescaled. NaN gives 0, and so does a
+/// real too large for an int, infinity included. The channel count is kept.
 /// @param[out] image its former pixels are released
 /// @param matrix any element type that OpenCV converts to 8 bits
 /// @retval KIVMV_ERR_PARAM_1 the matrix has no rows, or more than two dimensions
@@ -236,7 +221,7 @@ KIVMV_API int KivContourToVarArray(KivContour& contour, KivVarArray* xs, KivVarA
 /// Makes a contour of points with int coordinates.
 ///
 /// The contour is reset before anything else, and is not rolled back: when an element is not a number, the points
-/// before it stay in the contour; when the lengths are refused, it has no points.
+/// before it stay in the contour; when the lengths are rejected, it has no points.
 /// @param xs columns, ints (doubles are converted as KivVar::I() does)
 /// @param ys rows, parallel to `xs`; may be the same object
 /// @param[out] contour the points, in order
@@ -298,8 +283,8 @@ KIVMV_API int KivContourArrayToRegion(KivContourArray& contours, int width, int 
 ///
 /// Coordinates are truncated toward zero. The frame reaches from (0, 0) to just past the largest column and row;
 /// parts at negative coordinates are cut off, those more than 2^20 rows above the frame before drawing. An edge that
-/// begins n rows above the frame may be drawn up to n / 65536 pixels off. Coordinates that no int can hold are
-/// saturated to int, and NaN counts as 0. A largest column or row of -1 gives a frame of 0 columns or rows.
+/// begins n rows above the frame may be drawn up to n / 65536 pixels off. Coordinates outside the range of int
+/// saturate, and NaN counts as 0. A largest column or row of -1 gives a frame of 0 columns or rows.
 /// @param contour the contour
 /// @param[out] region runs are maximal, ordered by row, then by column
 /// @retval KIVMV_ERR_PARAM_1 the contour has no points
@@ -336,8 +321,8 @@ KIVMV_API int KivBinImageToContourArray(KivImage& image, KivContourArray* contou
 /// Draws a filled contour, its border included, into a copy of a binary image and traces the copy into contours. The
 /// image itself is not changed. What the contour encloses twice is not drawn (even-odd rule).
 ///
-/// Coordinates are rounded to the nearest pixel, ties to even: (2.5, 3.5) is drawn at (2, 4). Coordinates that no int
-/// can hold are saturated to int, and NaN counts as 0. What lies outside the image is cut off, parts more than 2^20
+/// Coordinates are rounded to the nearest pixel, ties to even: (2.5, 3.5) is drawn at (2, 4). Coordinates outside the
+/// range of int saturate, and NaN counts as 0. What lies outside the image is cut off, parts more than 2^20
 /// rows above it before drawing. An edge that begins n rows above the image may be drawn up to n / 65536 pixels off.
 /// @param image an image of one channel, 8-bit as a rule; the depth and the height are not checked
 /// @param contour the contour
@@ -368,7 +353,7 @@ KIVMV_API int KivROIToRegion(KivROI& roi, KivRegion* out);
 /// Makes an ROI a mask of a region's runs, in the region's frame.
 ///
 /// @param region the region
-/// @param[out] out the ROI, of whatever type before
+/// @param[out] out the ROI, of any type before the call
 /// @retval KIVMV_ERR_PARAM_1 the region is empty
 ///
 /// Cost: linear in the runs.
@@ -387,7 +372,7 @@ KIVMV_API int KivROIToBinImage(KivImage* image, KivROI& roi);
 /// Makes an ROI a mask of a binary image's non-zero pixels, in the image's frame.
 ///
 /// @param image an 8-bit image of at most one channel
-/// @param[out] out the ROI, of whatever type before
+/// @param[out] out the ROI, of any type before the call
 /// @retval KIVMV_ERR_NO_IMAGE the image's height is below 1
 /// @retval KIVMV_ERR_CHANNELS the image has more than one channel
 /// @retval KIVMV_ERR_BIT_DEPTH the image is not 8-bit
@@ -406,9 +391,9 @@ KIVMV_API int KivROIToContourArray(KivROI& roi, KivContourArray* out);
 /// @}
 
 /// @name Set algebra of regions
-/// The operands' runs are combined row by row. Results are neither joined nor sorted by column, and rows at the ends of
-/// the operands' lists follow rules of their own, which docs/set-algebra.md tells in full. `out` may be an operand, and
-/// the operands may be one object.
+/// The operands' runs are combined row by row. Results are neither joined nor sorted by column. Rows at the ends of the
+/// operands' lists follow special rules, which docs/set-algebra.md describes; KivRunSet has none. `out` may be an
+/// operand, and the operands may be one object.
 /// @{
 
 /// Union: the pixels of `a` or `b`. The frame is as wide as the wider and as high as the higher operand.
@@ -466,8 +451,8 @@ KIVMV_API int KivRegionNot(KivRegion& a, KivRegion* out);
 /// @}
 
 /// @name Set algebra of regions of interest
-/// The same on the ROIs' masks, with other rules at the ends of the run lists, which docs/set-algebra.md tells in full;
-/// the result is a mask. Operands are judged by their types first, then by whether their masks have runs, not by a
+/// The same on the ROIs' masks, with other rules at the ends of the run lists, which docs/set-algebra.md describes; the
+/// result is a mask. Operands are judged by their types first, then by whether their masks have runs, not by a
 /// width. `out` may be an operand, and the operands may be one object.
 /// @{
 

@@ -68,7 +68,7 @@ class Finder:
     def parse(self, source, arguments):
         """Adds what a source file and the headers it includes hold."""
         unit = self.index.parse(source, args=[*arguments, "-include-pch", self.others])
-        # Clang 14 stumbles over a type of its own when it reads what it has parsed before.
+        # Clang 14 fails on one of its own types when it reads what it has parsed before.
         errors = [str(note) for note in unit.diagnostics if note.severity >= 3 and "__va_list_tag" not in note.spelling]
         if errors:
             raise TranslationUnitLoadError("\n".join(errors))

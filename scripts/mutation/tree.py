@@ -13,10 +13,10 @@ from pathlib import Path
 from . import sites
 from .rewriting import Rewriting, make_mutants, with_mutant
 
-FOLDERS = (r"src/", r"libs/[^/]+/(src|include)/", r"include/")
-# Left out to save time: threads, huge images, documents, and what compiles the library's sources once more, for calls
-# that fail and without bulk operations.
-LEFT_OUT = re.compile(r"tests/(threads|huge|house|faults/call|.*contract_only)")
+FOLDERS = (r"src/", r"bundled/", r"libs/[^/]+/(src|include)/", r"include/")
+# Left out because they take long: threads, huge images, documents, and what compiles the library's sources once more, for calls
+# that fail and by the contract alone.
+LEFT_OUT = re.compile(r"tests/(threads|huge|repository|faults/call|.*_contract_tests)")
 
 
 def run_or_exit(command, **options):
@@ -101,8 +101,10 @@ class Tree:
     def commands(self):
         """(file, compiler arguments) of the libraries' sources, as they are in the project itself."""
         for entry in self.compile_commands():
+            if not Path(entry["file"]).is_relative_to(self.copy):
+                continue  # sources that are taken as one, each of which is compiled by itself, too
             path = str(Path(entry["file"]).relative_to(self.copy))
-            if self.is_mutated(path) and "contract_only" not in entry["command"]:
+            if self.is_mutated(path) and "data_types_contract" not in entry["command"]:
                 words = shlex.split(entry["command"].replace(str(self.copy), str(self.root)))
                 yield str(self.root / path), [word for word in words if re.match(r"-[DI]|-std|-isystem", word) or
                                               previous(words, word) == "-isystem"]

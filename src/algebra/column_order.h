@@ -1,45 +1,31 @@
 // SPDX-License-Identifier: MIT
-// The runs of one row in the order of their first columns, and those of them that a run of another row can meet.
+// The order of columns within a row. Where columns ascend, runs that cannot meet need not be compared.
 #pragma once
 
 #include "foundation/runs.h"
 
 #include <algorithm>
-#include <functional>
 #include <limits>
 
 namespace kiv
 {
 
-/// The runs of a row, ordered by first column; runs with the same first column keep their order. Copies them only when
-/// they come in another order.
-class ByColumn
+/// The runs of a row ordered by first column; a copy only if they come in another order. Runs with the same first
+/// column keep their order.
+inline ViewOrCopy<Run> by_first_column(RunView row)
 {
-public:
-    explicit ByColumn(RunView row) : runs_(row)
-    {
-        if (!std::is_sorted(row.begin(), row.end(), begins_before)) {
-            sort();
-        }
+    const auto begins_before = [](const Run& left, const Run& right) { return begin_of(left) < begin_of(right); };
+    if (std::is_sorted(row.begin(), row.end(), begins_before)) {
+        return row;
     }
-
-    RunView runs() const { return runs_; }
-
-    ByColumn(const ByColumn&) = delete;
-    ByColumn& operator=(const ByColumn&) = delete;
-
-private:
-    static bool begins_before(const Run& left, const Run& right) { return begin_of(left) < begin_of(right); }
-
-    void sort();
-
-    RunList copy_;
-    RunView runs_;
-};
+    RunList sorted(row.begin(), row.end());
+    std::stable_sort(sorted.begin(), sorted.end(), begins_before);
+    return sorted;
+}
 
 /// Whether no run of a row begins past its end, nor begins or ends before the run in front of it does. Runs may
 /// overlap.
-inline bool climbs(RunView row)
+inline bool columns_ascend(RunView row)
 {
     int last_begin = std::numeric_limits<int>::min();
     int last_end = std::numeric_limits<int>::min();
@@ -53,45 +39,45 @@ inline bool climbs(RunView row)
     return true;
 }
 
-/// The runs of a row from one of them on, up to the last that begins at or left of a column.
-class Reach
+/// Finds the runs of row B that can meet a run of row A: from the first that does not end before the run of A, up to
+/// the last that does not begin behind it. Where the columns of B do not ascend, and for a run of A that begins past
+/// its end, these are all runs of B.
+class Neighbors
 {
 public:
-    Reach(RunView from, int last_column) : from_(from), last_column_(last_column) {}
+    Neighbors(RunView a, RunView b)
+        : b_(b), b_ascends_(columns_ascend(b)), both_ascend_(b_ascends_ && columns_ascend(a))
+    {
+    }
 
-    struct Stop {
-        const Run* row_stop;
-        int last_column;
-
-        friend bool operator!=(const Run* at, const Stop& stop)
-        {
-            return at != stop.row_stop && begin_of(*at) <= stop.last_column;
+    /// The runs of B from the first that can meet `run`. The runs of A must be passed in order.
+    RunView from_first_of(const Run& run)
+    {
+        if (!are_narrowed(run)) {
+            return b_;
         }
-    };
+        if (both_ascend_) {
+            while (!b_.empty() && end_of(b_.front()) < begin_of(run)) {
+                b_ = b_.subspan(1);
+            }
+            return b_;
+        }
+        const auto ends_before = [](const Run& of_b, int column) { return end_of(of_b) < column; };
+        return {std::lower_bound(b_.begin(), b_.end(), begin_of(run), ends_before), b_.end()};
+    }
 
-    const Run* begin() const { return from_.data(); }
-    Stop end() const { return {from_.data() + from_.size(), last_column_}; }
+    /// Whether this run of B, and therefore every one behind it, cannot meet `run`.
+    bool is_past_last_of(const Run& run, const Run& of_b) const
+    {
+        return are_narrowed(run) && begin_of(of_b) > end_of(run);
+    }
 
 private:
-    RunView from_;
-    int last_column_;
+    bool are_narrowed(const Run& run) const { return b_ascends_ && begin_of(run) <= end_of(run); }
+
+    RunView b_;
+    bool b_ascends_;
+    bool both_ascend_;
 };
-
-/// Calls `visit` with each run of A, in order, and the runs of B that share a column with it, found in one walk along
-/// both rows. Both must climb.
-template <class Visit>
-void for_each_with_reach(RunView a, RunView b, Visit visit)
-{
-    for (const Run& run : a) {
-        while (!b.empty() && end_of(b.front()) < begin_of(run)) {
-            b = b.subspan(1);
-        }
-        visit(run, Reach(b, end_of(run)));
-    }
-}
-
-/// The same for rows in any order: where B climbs its runs are found by halving, otherwise, and for a run that begins
-/// past its end, they are all of B.
-void for_each_in_any_order(RunView a, RunView b, const std::function<void(const Run&, Reach)>& visit);
 
 } // namespace kiv

@@ -12,7 +12,7 @@ namespace kiv
 namespace
 {
 
-// The neighbours of a column; the first and the last column that an int can name are their own.
+// The neighbours of a column; the first and the last column that an int can name are their own neighbours.
 int left_of(int column)
 {
     return column == std::numeric_limits<int>::min() ? column : column - 1;
@@ -22,7 +22,7 @@ int right_of(int column)
     return column == std::numeric_limits<int>::max() ? column : column + 1;
 }
 
-/// Full rows from `first` to just before `stop`; the list grows once, so that one too long to hold is refused at once.
+/// Appends full rows from `first` to just before `stop`. The list grows once.
 void append_full_rows(std::int64_t first, std::int64_t stop, int last_column, RunList& out)
 {
     if (first >= stop) {
@@ -36,12 +36,13 @@ void append_full_rows(std::int64_t first, std::int64_t stop, int last_column, Ru
     }
 }
 
-/// The gaps of one row: left of its runs, between neighbours, right of them. A gap between neighbours includes the last
-/// pixel of the left run and reaches one past the first pixel of the right one, and there is one for every pair.
+/// Appends the gaps of one row: left of its runs, between neighbours, right of them. A gap between neighbours includes
+/// the last pixel of the left run and reaches one past the first pixel of the right one, and there is one for every
+/// pair.
 void append_gaps(RunView row_runs, int last_column, RunList& out)
 {
-    const ByColumn by_column(row_runs);
-    const RunView runs = by_column.runs();
+    const ViewOrCopy<Run> by_column = by_first_column(row_runs);
+    const RunView runs = by_column;
     const auto& [row, first_begin, first_end] = runs.front();
     if (first_begin != 0) {
         out.push_back({row, 0, left_of(first_begin)});
@@ -64,8 +65,8 @@ RunList complement(RunView delivered, Frame frame, LastRowOfComplement last_row)
     if (delivered.empty()) {
         return out;
     }
-    const ByRow by_row(delivered);
-    const RunView runs = by_row.runs();
+    const ViewOrCopy<Run> sorted = by_row(delivered);
+    const RunView runs = sorted;
     const int last_column = left_of(frame.width);
     append_full_rows(0, row_of(runs.front()), last_column, out);
     for (RunView rest = runs; !rest.empty();) {

@@ -9,7 +9,7 @@ namespace kiv
 
 enum class LastRowOfComplement {
     like_any,
-    left_out, // the last row that has runs gives nothing, neither gaps nor a full row
+    left_out, // the last row that has runs contributes neither gaps nor a full row
 };
 
 /// The rows of the frame without runs as full rows, and the gaps of the rows with runs: the full rows between two rows

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "algebra/complement.h"
+#include "foundation/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
 int KIVMV::KivRegionNot(KivRegion& a, KivRegion* out)
 {
-    const kiv::RegionParts parts(a);
-    if (parts.empty()) {
+    const kiv::FramedRuns parts = kiv::parts_of(a);
+    if (parts.frame.width < 1) {
         return KIVMV_ERR_PARAM_1;
     }
 

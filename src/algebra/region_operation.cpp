@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "algebra/region_operation.h"
 
+#include "foundation/data_types.h"
+
 #include <KivDataConvert/KivDataConvert.h>
 
 namespace kiv
@@ -8,17 +10,19 @@ namespace kiv
 
 int combine_regions(KivRegion& a, KivRegion& b, KivRegion& out, const SetOperation& operation)
 {
-    const RegionParts parts_of_a(a);
-    const RegionParts parts_of_b(b);
-    if (parts_of_a.empty() && parts_of_b.empty()) {
+    const FramedRuns parts_of_a = parts_of(a);
+    const FramedRuns parts_of_b = parts_of(b);
+    const bool a_is_empty = parts_of_a.frame.width < 1;
+    const bool b_is_empty = parts_of_b.frame.width < 1;
+    if (a_is_empty && b_is_empty) {
         out = KivRegion();
         return KIVMV::KIVMV_ERR_PARAM_1;
     }
-    if (parts_of_a.empty()) {
+    if (a_is_empty) {
         out = b;
         return KIVMV::KIVMV_OK;
     }
-    if (parts_of_b.empty()) {
+    if (b_is_empty) {
         out = a;
         return KIVMV::KIVMV_OK;
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the union, the intersection and the difference of regions have in common: everything but their rules.
+// The union, the intersection and the difference of regions: one function, as they differ only in their rules.
 #pragma once
 
 #include "algebra/set_operations.h"
@@ -9,7 +9,8 @@
 namespace kiv
 {
 
-/// Reads both operands whole, then writes `out` once, which may therefore be one of them. Returns the result code.
+/// Combines two regions and returns the result code. `out` is written once, after both operands have been read, so it
+/// may be one of them.
 int combine_regions(KivRegion& a, KivRegion& b, KivRegion& out, const SetOperation& operation);
 
 } // namespace kiv

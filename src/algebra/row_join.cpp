@@ -17,13 +17,13 @@ void append(RunView runs, RunList& out)
     out.insert(out.end(), runs.begin(), runs.end());
 }
 
-/// Hands out B's rows, asked for in ascending order.
+/// Delivers B's rows, which must be requested in ascending order.
 class RowsOfB
 {
 public:
     RowsOfB(RunView b, LastRowOfB rule) : all_(b), rest_(b), rule_(rule) {}
 
-    /// B's runs on a row; nothing when B lacks the row, an empty view when a rule withholds its runs.
+    /// B's runs on a row. Nothing if B lacks the row; an empty view if a rule withholds its runs.
     std::optional<RunView> take(int row)
     {
         while (!rest_.empty() && row_of(rest_.front()) < row) {

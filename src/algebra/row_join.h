@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The one walk behind every set operation, of regions and of ROIs alike. It goes through A's rows in order, gives each
-// row's runs of A and of B to the operation, and adds what only B has. What a shared row gives is a function; what
-// becomes of unmatched rows, and of the rows at the ends of the two lists, is data. Callers rely on each of these
-// rules.
+// The walk behind every set operation, for regions and ROIs alike. It visits A's rows in order, passes the runs of A
+// and of B on each row to the operation, and appends the rows that only B has. How a shared row is combined is a
+// function; what happens to unmatched rows, and to the rows at the ends of the two lists, is data. Callers rely on each
+// of these rules.
 #pragma once
 
 #include "foundation/runs.h"
@@ -11,18 +11,17 @@ namespace kiv
 {
 
 enum class SingleRunOfA {
-    kept,    // unpaired, whatever B has on its row
-    dropped, // gives nothing
+    kept,    // unpaired, even if B has runs on its row
+    dropped, // contributes nothing
 };
 
 enum class LastRowOfA {
     like_any,
     lone_run_joins_unmatched_group, // a last row of one run goes with the row before it, if B lacks that row
-    never_a_group,                  // a last row of one run goes with the row before it; one of more runs gives nothing
+    never_a_group, // a last row of one run goes with the row before it; one of more runs contributes nothing
 };
 
-// A row is withheld when it counts as matched but its runs are not handed out, except B's first run where the row is
-// all of B.
+// A withheld row counts as matched, but its runs are not passed on, except B's first run if the row is all of B.
 enum class LastRowOfB {
     like_any,
     withheld_unless_single_run,
@@ -31,7 +30,7 @@ enum class LastRowOfB {
 
 enum class UnmatchedRows { kept, dropped };
 
-/// Appends what a row gives, from its runs of A and its runs of B. Emitted runs take the row of their run of A.
+/// Combines the runs of A and of B on one row and appends the result. Appended runs take the row of their run of A.
 using RowFunction = void (*)(RunView a, RunView b, RunList& out);
 
 struct JoinRules {

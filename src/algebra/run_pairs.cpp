@@ -27,13 +27,16 @@ void unite(const Run& a, const Run& b, RunList& out)
     }
 }
 
-/// Appends the pieces of `run` that the cuts, ordered by their first columns, leave. As the pieces come from left to
-/// right, only the last one can meet a further cut; it is appended when no cut is left.
-void cut_run(const Run& run, Reach cuts, RunList& out)
+/// Appends the pieces of `run` that remain when B's runs, ordered by first column, are cut out of it. The pieces come
+/// from left to right, so only the last one can meet a further run of B. It is appended when no run of B is left.
+void cut_run(const Run& run, Neighbors& b, RunList& out)
 {
     const std::size_t without_pieces = out.size();
     Run piece = run;
-    for (const Run& cut : cuts) {
+    for (const Run& cut : b.from_first_of(run)) {
+        if (b.is_past_last_of(run, cut)) {
+            break;
+        }
         if (!runs_meet(piece, cut)) {
             continue;
         }
@@ -78,29 +81,27 @@ void unite_row(RunView a, RunView b, RunList& out)
 
 void intersect_row(RunView a, RunView b, RunList& out)
 {
-    const auto intersect = [&out](const Run& of_a, Reach reach) {
-        for (const Run& of_b : reach) {
+    Neighbors neighbors(a, b);
+    for (const Run& of_a : a) {
+        for (const Run& of_b : neighbors.from_first_of(of_a)) {
+            if (neighbors.is_past_last_of(of_a, of_b)) {
+                break;
+            }
             if (runs_meet(of_a, of_b)) {
                 const auto& [row, a_begin, a_end] = of_a;
                 const auto& [b_row, b_begin, b_end] = of_b;
                 out.push_back({row, std::max(a_begin, b_begin), std::min(a_end, b_end)});
             }
         }
-    };
-    if (climbs(a) && climbs(b)) {
-        for_each_with_reach(a, b, intersect);
-    } else {
-        for_each_in_any_order(a, b, intersect);
     }
 }
 
 void cut_row(RunView a, RunView b, RunList& out)
 {
-    const auto cut = [&out](const Run& run, Reach cuts) { cut_run(run, cuts, out); };
-    if (climbs(a) && climbs(b)) {
-        for_each_with_reach(a, b, cut);
-    } else {
-        for_each_in_any_order(a, ByColumn(b).runs(), cut);
+    const ViewOrCopy<Run> b_by_column = by_first_column(b);
+    Neighbors neighbors(a, b_by_column);
+    for (const Run& run : a) {
+        cut_run(run, neighbors, out);
     }
 }
 

@@ -18,9 +18,9 @@ Frame result_frame(ResultFrame rule, Frame a, Frame b)
 
 RunList combine(RunView a, RunView b, const SetOperation& operation)
 {
-    const ByRow a_by_row(a);
-    const ByRow b_by_row(b);
-    return join_rows(a_by_row.runs(), b_by_row.runs(), operation.rules, operation.combine_row);
+    const ViewOrCopy<Run> a_by_row = by_row(a);
+    const ViewOrCopy<Run> b_by_row = by_row(b);
+    return join_rows(a_by_row, b_by_row, operation.rules, operation.combine_row);
 }
 
 } // namespace kiv

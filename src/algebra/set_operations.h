@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Which set operation follows which rules. Two that differ by one rule show it by one line; the rules themselves are
-// told in row_join.h.
+// The rules that each set operation follows. Two operations that differ in one rule differ in one line. row_join.h
+// defines the rules.
 #pragma once
 
 #include "algebra/row_join.h"
@@ -74,7 +74,7 @@ inline constexpr SetOperation difference = {
 /// The frame of a result, from the frames of the operands.
 Frame result_frame(ResultFrame rule, Frame a, Frame b);
 
-/// Joins two lists, in whatever order their rows are.
+/// Combines two lists, whose rows may be in any order.
 RunList combine(RunView a, RunView b, const SetOperation& operation);
 
 } // namespace kiv

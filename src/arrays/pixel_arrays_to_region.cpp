@@ -1,27 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "arrays/pixels_to_region.h"
-#include "foundation/variants.h"
+#include "foundation/data_types.h"
+
+#include <KivDataConvert/KivDataConvert.h>
 
 int KIVMV::KivVarArrayToRegion(KivVarArray& xs, KivVarArray& ys, KivRegion* region)
 {
-    if (xs.Length() < 1) {
+    const int length = xs.Length();
+    if (length < 1 || length != ys.Length()) {
         return KIVMV_ERR_LENGTH;
     }
-    if (xs.Length() != ys.Length()) {
-        return KIVMV_ERR_LENGTH;
+    const int numbers_in_xs = kiv::count_leading_numbers(xs);
+    const int numbers_in_ys = kiv::count_leading_numbers(ys);
+    if (numbers_in_xs < length && numbers_in_xs <= numbers_in_ys) {
+        return KIVMV_ERR_PARAM_1;
+    }
+    if (numbers_in_ys < length) {
+        return KIVMV_ERR_PARAM_2;
     }
 
-    const kiv::VariantReader columns(xs);
-    const kiv::VariantReader rows(ys);
-    const int length = columns.length();
-    for (int i = 0; i < length; ++i) {
-        if (!columns.is_number(i)) {
-            return KIVMV_ERR_PARAM_1;
-        }
-        if (!rows.is_number(i)) {
-            return KIVMV_ERR_PARAM_2;
-        }
-    }
-    const auto pixel_at = [&columns, &rows](int i) { return cv::Point_<int>(columns.value(i), rows.value(i)); };
-    return kiv::pixels_to_region(length, pixel_at, *region);
+    const kiv::ViewOrCopy<int> columns = kiv::ints_of(xs, length);
+    const kiv::ViewOrCopy<int> rows = kiv::ints_of(ys, length);
+    return kiv::pixels_to_region({columns, rows}, *region);
 }

@@ -1,11 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "arrays/pixels_to_region.h"
 
+#include <KivDataConvert/KivDataConvert.h>
+
+#include <cstddef>
+#include <vector>
+
 int KIVMV::KivPointArrayToRegion(KivPointArray& points, KivRegion* region)
 {
-    const auto pixel_at = [&points](int i) {
+    const int length = points.Length();
+    if (length < 1) {
+        return KIVMV_ERR_PARAM_1;
+    }
+
+    std::vector<int> columns;
+    std::vector<int> rows;
+    columns.reserve(static_cast<std::size_t>(length));
+    rows.reserve(static_cast<std::size_t>(length));
+    for (int i = 0; i < length; ++i) {
         const KivPoint& point = points[i];
-        return cv::Point_<int>(kiv::truncate(point.x), kiv::truncate(point.y));
-    };
-    return kiv::pixels_to_region(points.Length(), pixel_at, *region);
+        columns.push_back(kiv::truncate(point.x));
+        rows.push_back(kiv::truncate(point.y));
+    }
+    return kiv::pixels_to_region({columns, rows}, *region);
 }

@@ -1,77 +1,50 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/bulk.h"
+#include "foundation/coordinate_lists.h"
+#include "foundation/data_types.h"
 #include "foundation/masks.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
 
 namespace
 {
 
-/// Whether the runs name their pixels row by row, from left to right, and none twice.
-bool are_in_order(kiv::RunView runs)
+/// The visible parts of the runs, ordered by row and then by column. Parts that overlap are merged, so that no pixel is
+/// listed twice.
+kiv::RunList ordered_parts(kiv::RunView runs, kiv::Frame frame)
 {
-    const auto is_inverted = [](const Run& run) { return kiv::begin_of(run) > kiv::end_of(run); };
-    const auto is_not_past = [](const Run& left, const Run& right) {
-        return kiv::row_of(left) > kiv::row_of(right) ||
-               (kiv::row_of(left) == kiv::row_of(right) && kiv::end_of(left) >= kiv::begin_of(right));
+    kiv::RunList parts;
+    parts.reserve(runs.size());
+    kiv::for_each_visible(runs, frame, [&parts](int row, int first, int last) { parts.push_back({row, first, last}); });
+    const auto comes_before = [](const Run& left, const Run& right) {
+        return kiv::row_of(left) < kiv::row_of(right) ||
+               (kiv::row_of(left) == kiv::row_of(right) && kiv::begin_of(left) < kiv::begin_of(right));
     };
-    return std::none_of(runs.begin(), runs.end(), is_inverted) &&
-           std::adjacent_find(runs.begin(), runs.end(), is_not_past) == runs.end();
-}
-
-/// The pixels of the runs as runs of one pixel each, in order and none twice, whatever the runs are like.
-kiv::RunList painted(kiv::RunView runs, cv::Mat& mask)
-{
-    kiv::paint(mask, runs);
-    kiv::RunList pixels;
-    for (int y = 0; y < mask.rows; ++y) {
-        const uchar* row = mask.data + static_cast<std::size_t>(y) * mask.step[0];
-        for (int x = 0; x < mask.cols; ++x) {
-            if (row[x] != 0) {
-                pixels.push_back({y, x, x});
-            }
+    if (!std::is_sorted(parts.begin(), parts.end(), comes_before)) {
+        std::sort(parts.begin(), parts.end(), comes_before);
+    }
+    std::size_t kept = 0;
+    for (const auto& [row, begin, end] : parts) {
+        if (kept > 0 && kiv::row_of(parts[kept - 1]) == row && begin <= kiv::end_of(parts[kept - 1])) {
+            auto& [kept_row, kept_begin, kept_end] = parts[kept - 1];
+            kept_end = std::max(kept_end, end);
+        } else {
+            parts[kept] = {row, begin, end};
+            ++kept;
         }
     }
-    return pixels;
+    parts.resize(kept);
+    return parts;
 }
 
-template <class Array>
-void list_one_by_one(kiv::RunView runs, kiv::Frame frame, Array& xs, Array& ys)
+std::size_t count_pixels(kiv::RunView runs)
 {
-    kiv::for_each_visible(runs, frame, [&xs, &ys](int row, int first, int last) {
-        for (int column = first; column <= last; ++column) {
-            xs.Append(KivVar(column));
-            ys.Append(KivVar(row));
-        }
+    return std::accumulate(runs.begin(), runs.end(), std::size_t{0}, [](std::size_t count, const Run& run) {
+        return count + kiv::length_of(kiv::begin_of(run), kiv::end_of(run));
     });
-}
-
-template <kiv::TakesManyInts Array>
-void list_run_by_run(kiv::RunView runs, kiv::Frame frame, Array& xs, Array& ys)
-{
-    std::size_t count = 0;
-    kiv::for_each_visible(runs, frame, [&count](int, int first, int last) { count += kiv::length_of(first, last); });
-    xs.Reserve(count);
-    ys.Reserve(count);
-    kiv::for_each_visible(runs, frame, [&xs, &ys](int row, int first, int last) {
-        xs.AppendRange(first, last);
-        ys.AppendCopies(row, kiv::length_of(first, last));
-    });
-}
-
-/// Lists the pixels of the runs as far as they lie in the frame. Two names for one array get columns and rows in turn.
-template <class Array>
-void list_pixels(kiv::RunView runs, kiv::Frame frame, Array& xs, Array& ys)
-{
-    if constexpr (kiv::TakesManyInts<Array>) {
-        if (&xs != &ys) {
-            list_run_by_run(runs, frame, xs, ys);
-            return;
-        }
-    }
-    list_one_by_one(runs, frame, xs, ys);
 }
 
 } // namespace
@@ -80,18 +53,24 @@ int KIVMV::KivRegionToVarArray(KivRegion& region, KivVarArray* xs, KivVarArray* 
 {
     xs->Clear();
     ys->Clear();
-    const kiv::RegionParts parts(region);
-    if (parts.empty()) {
+    const kiv::FramedRuns parts = kiv::parts_of(region);
+    if (parts.frame.width < 1) {
         return KIVMV_ERR_PARAM_1;
     }
 
-    // A frame that no mask can have is refused also where runs in order make the mask needless: what a call gives must
-    // not hang on the order of the runs.
-    cv::Mat mask = kiv::unset_mask(parts.frame);
-    if (are_in_order(parts.runs)) {
-        list_pixels(parts.runs, parts.frame, *xs, *ys);
-    } else {
-        list_pixels(painted(parts.runs, mask), parts.frame, *xs, *ys);
+    kiv::require_mask_frame(parts.frame);
+    const kiv::RunList runs = ordered_parts(parts.runs, parts.frame);
+    std::vector<int> columns(count_pixels(runs));
+    std::vector<int> rows(columns.size());
+    auto column = columns.begin();
+    auto row_of_column = rows.begin();
+    for (const auto& [row, begin, end] : runs) {
+        const auto length = end - begin + 1;
+        std::iota(column, column + length, begin);
+        std::fill_n(row_of_column, length, row);
+        column += length;
+        row_of_column += length;
     }
+    kiv::fill_coordinates(*xs, *ys, std::move(columns), std::move(rows));
     return KIVMV_OK;
 }

@@ -1,53 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/bulk.h"
-#include "foundation/runs.h"
+#include "foundation/data_types.h"
+#include "foundation/masks.h"
 
 #include <KivDataConvert/KivDataConvert.h>
-
-#include <opencv2/core.hpp>
-
-#include <cstdint>
-
-namespace
-{
-
-template <class Array>
-void list_pixels(kiv::RunView runs, Array& points)
-{
-    if constexpr (kiv::TakesPixels<Array>) {
-        std::size_t count = 0;
-        for (const auto& [row, begin, end] : runs) {
-            count += begin <= end ? kiv::length_of(begin, end) : 0;
-        }
-        points.Reserve(count);
-        for (const auto& [row, begin, end] : runs) {
-            if (begin <= end) {
-                points.AppendPixels(row, begin, end);
-            }
-        }
-    } else {
-        KivPoint point;
-        for (const auto& [row, begin, end] : runs) {
-            point.y = row;
-            for (std::int64_t column = begin; column <= end; ++column) {
-                point.x = static_cast<double>(column);
-                points.Append(point);
-            }
-        }
-    }
-}
-
-} // namespace
 
 int KIVMV::KivRegionToPointArray(KivRegion& region, KivPointArray* points)
 {
     points->Clear();
-    const kiv::RegionParts parts(region);
-    if (parts.empty()) {
+    const kiv::FramedRuns parts = kiv::parts_of(region);
+    if (parts.frame.width < 1) {
         return KIVMV_ERR_PARAM_1;
     }
 
-    const cv::Mat refuses_negative_height(parts.frame.height, 0, CV_8UC1);
-    list_pixels(parts.runs, *points);
+    kiv::require_mask_frame({0, parts.frame.height}); // only a negative height is an error
+    kiv::append_pixels(*points, parts.runs);
     return KIVMV_OK;
 }

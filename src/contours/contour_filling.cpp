@@ -26,10 +26,10 @@ cv::Point_<int> meet_uppermost_row(const cv::Point_<double>& a, const cv::Point_
     return {round_half_even(a.x + (b.x - a.x) * part), uppermost_row};
 }
 
-/// The polygon without what lies above the uppermost row; what that cuts apart stays joined along the row.
-PixelList cut_above_uppermost_row(const PixelList& polygon)
+/// The polygon without the part above the uppermost row. The pieces that this leaves stay joined along that row.
+Polygon cut_above_uppermost_row(const Polygon& polygon)
 {
-    PixelList kept;
+    Polygon kept;
     for (std::size_t i = 0; i < polygon.size(); ++i) {
         const auto& from = polygon[i > 0 ? i - 1 : polygon.size() - 1];
         const auto& to = polygon[i];
@@ -45,14 +45,24 @@ PixelList cut_above_uppermost_row(const PixelList& polygon)
 
 } // namespace
 
-void fill_polygon(cv::Mat& mask, PixelList polygon, int value)
+Frame frame_of(const Polygon& polygon)
+{
+    cv::Point_<int> largest = polygon.front();
+    for (const auto& corner : polygon) {
+        largest.x = std::max(largest.x, corner.x);
+        largest.y = std::max(largest.y, corner.y);
+    }
+    return frame_up_to(largest.x, largest.y);
+}
+
+void fill_polygon(cv::Mat& mask, Polygon polygon, int value)
 {
     const auto lies_above = [](const cv::Point_<int>& pixel) { return pixel.y < uppermost_row; };
     if (std::any_of(polygon.begin(), polygon.end(), lies_above)) {
         polygon = cut_above_uppermost_row(polygon);
     }
     if (!polygon.empty()) {
-        std::vector<PixelList> polygons(1);
+        std::vector<Polygon> polygons(1);
         polygons.front().swap(polygon);
         cv::drawContours(mask, polygons, all_contours, cv::Scalar(value, 0, 0, 0), filled, eight_connected,
                          cv::noArray(), INT_MAX, cv::Point(0, 0));

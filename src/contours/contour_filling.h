@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Contours, filled into a mask.
+// Contours filled into a mask.
 #pragma once
 
 #include "foundation/first_member.h"
@@ -9,30 +9,37 @@
 
 #include <opencv2/core.hpp>
 
+#include <vector>
+
 namespace kiv
 {
 
+using Polygon = std::vector<cv::Point_<int>>;
+
 /// The contour's points as pixels, each coordinate converted by `to_pixel`.
 template <class ToPixel>
-PixelList pixels_of(const KivContour& contour, ToPixel to_pixel)
+Polygon polygon_of(const KivContour& contour, ToPixel to_pixel)
 {
     const auto& points = points_of(contour);
-    PixelList pixels;
-    pixels.reserve(points.size());
+    Polygon polygon;
+    polygon.reserve(points.size());
     for (const auto& point : points) {
-        pixels.emplace_back(to_pixel(point.x), to_pixel(point.y));
+        polygon.emplace_back(to_pixel(point.x), to_pixel(point.y));
     }
-    return pixels;
+    return polygon;
 }
+
+/// The frame from (0, 0) up to and including the largest column and row of a polygon that is not empty.
+Frame frame_of(const Polygon& polygon);
 
 /// Fills the polygon, interior and 8-connected border, with a grey value. What lies outside the mask is cut off.
 ///
-/// What lies more than 2^20 rows above the mask is cut off before it is drawn, as drawing takes time for every row of a
-/// polygon from its top on; the cut ends of edges are rounded to pixels.
-void fill_polygon(cv::Mat& mask, PixelList polygon, int value);
+/// The part more than 2^20 rows above the mask is cut off before drawing, because drawing takes time for every row of a
+/// polygon, visible or not. The cut ends of edges are rounded to pixels.
+void fill_polygon(cv::Mat& mask, Polygon polygon, int value);
 
-/// Makes `mask` the contours, filled by the data types, at a size of at least 2 x 2. Returns the result code; `mask` is
-/// as it was unless that is KIVMV_OK.
+/// Replaces `mask` by the contours, filled by the data types, in a frame of at least 2 x 2. Returns the result code;
+/// `mask` is unchanged unless that is KIVMV_OK.
 int fill_contours(KivContourArray& contours, Frame frame, cv::Mat& mask);
 
 } // namespace kiv

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/bulk.h"
+#include "foundation/coordinate_lists.h"
 #include "foundation/first_member.h"
 #include "foundation/pixels.h"
 
 #include <KivDataConvert/KivDataConvert.h>
+
+#include <utility>
+#include <vector>
 
 int KIVMV::KivContourToVarArray(KivContour& contour, KivVarArray* xs, KivVarArray* ys)
 {
@@ -14,11 +17,14 @@ int KIVMV::KivContourToVarArray(KivContour& contour, KivVarArray* xs, KivVarArra
         return KIVMV_ERR_PARAM_1;
     }
 
-    kiv::reserve(*xs, points.size());
-    kiv::reserve(*ys, points.size());
+    std::vector<int> columns;
+    std::vector<int> rows;
+    columns.reserve(points.size());
+    rows.reserve(points.size());
     for (const auto& point : points) {
-        xs->Append(KivVar(kiv::round_half_even(point.x)));
-        ys->Append(KivVar(kiv::round_half_even(point.y)));
+        columns.push_back(kiv::round_half_even(point.x));
+        rows.push_back(kiv::round_half_even(point.y));
     }
+    kiv::fill_coordinates(*xs, *ys, std::move(columns), std::move(rows));
     return KIVMV_OK;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/bulk.h"
+#include "foundation/data_types.h"
 #include "foundation/first_member.h"
 
 #include <KivDataConvert/KivDataConvert.h>
@@ -13,11 +13,11 @@ int KIVMV::KivContourToPointArray(KivContour& contour, KivPointArray* points)
     }
 
     kiv::reserve(*points, outline.size());
-    KivPoint point;
-    for (const auto& on_outline : outline) {
-        point.x = on_outline.x;
-        point.y = on_outline.y;
-        points->Append(point);
+    KivPoint copy;
+    for (const auto& point : outline) {
+        copy.x = point.x;
+        copy.y = point.y;
+        points->Append(copy);
     }
     return KIVMV_OK;
 }

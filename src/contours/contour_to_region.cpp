@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "contours/contour_filling.h"
+#include "foundation/data_types.h"
 #include "foundation/masks.h"
 
 #include <KivDataConvert/KivDataConvert.h>
@@ -8,14 +9,14 @@
 
 int KIVMV::KivContourToRegion(KivContour& contour, KivRegion* region)
 {
-    kiv::PixelList polygon = kiv::pixels_of(contour, kiv::truncate);
+    kiv::Polygon polygon = kiv::polygon_of(contour, kiv::truncate);
     if (polygon.empty()) {
         return KIVMV_ERR_PARAM_1;
     }
 
-    const kiv::Frame frame = kiv::frame_up_to(kiv::largest_of(polygon));
-    cv::Mat mask = kiv::painted_mask(frame, {});
+    const kiv::Frame frame = kiv::frame_of(polygon);
+    cv::Mat mask = kiv::painted_mask(frame, kiv::RunView());
     kiv::fill_polygon(mask, std::move(polygon), 255);
-    kiv::mask_to_region(mask, frame, *region);
+    kiv::create_region(*region, frame, kiv::extract_runs(mask));
     return KIVMV_OK;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "contours/contour_filling.h"
+#include "foundation/data_types.h"
 #include "foundation/masks.h"
 
 #include <KivDataConvert/KivDataConvert.h>
@@ -9,7 +10,7 @@ int KIVMV::KivContourArrayToRegion(KivContourArray& contours, int width, int hei
     cv::Mat mask;
     const int code = kiv::fill_contours(contours, {width, height}, mask);
     if (code == KIVMV_OK) {
-        kiv::mask_to_region(mask, {width, height}, *region);
+        kiv::create_region(*region, {width, height}, kiv::extract_runs(mask));
     }
     return code;
 }

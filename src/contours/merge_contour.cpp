@@ -18,7 +18,7 @@ int KIVMV::KivMergContour(KivImage& image, KivContour& contour, bool add, KivCon
         return KIVMV_ERR_PARAM_1;
     }
 
-    kiv::fill_polygon(copy, kiv::pixels_of(contour, kiv::round_half_even), add ? 255 : 0);
+    kiv::fill_polygon(copy, kiv::polygon_of(contour, kiv::round_half_even), add ? 255 : 0);
     int width = 0;
     int height = 0;
     IKivROIPara::MatToMask(copy, contours, &width, &height);

@@ -7,7 +7,7 @@
 namespace
 {
 
-/// Four bytes in memory: the character, then zeros, whatever the byte order.
+/// Four bytes in memory: the character, then zeros, on machines of either byte order.
 constexpr int word_of(char character)
 {
     return std::bit_cast<int>(std::array<char, sizeof(int)>{character});

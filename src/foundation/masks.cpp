@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <vector>
 
@@ -15,8 +16,10 @@ namespace
 
 constexpr int bytes_at_once = 1 << 16;
 
-} // namespace
+/// Masks of up to 64 GB are taken to be possible.
+constexpr std::int64_t ordinary_bytes = std::int64_t{1} << 36;
 
+/// A new, uninitialised matrix of 8-bit pixels.
 cv::Mat unset_mask(Frame frame)
 {
     const int sizes[] = {frame.height, frame.width};
@@ -25,34 +28,53 @@ cv::Mat unset_mask(Frame frame)
     return mask;
 }
 
-void paint(cv::Mat& mask, RunView runs, int foreground, int background)
+uchar* row_of_mask(cv::Mat& mask, int row)
 {
-    if (mask.empty()) {
-        return;
-    }
-    // Rows are cleared shortly before the first run on them is painted, so that they are in the cache then.
-    // bench/kiv/raster.cpp measures it.
-    const int rows_at_once = std::max(bytes_at_once / mask.cols, 1);
-    int cleared = 0; // rows from the top on
-    const auto row_at = [&mask](int row) { return mask.data + static_cast<std::size_t>(row) * mask.step[0]; };
-    const auto clear_rows = [&](int count) {
-        std::memset(row_at(cleared), background, static_cast<std::size_t>(count) * mask.step[0]);
-        cleared += count;
-    };
-    for_each_visible(runs, {mask.cols, mask.rows}, [&](int row, int first, int last) {
-        if (row >= cleared) {
-            clear_rows(row - cleared + std::min(rows_at_once, mask.rows - row));
-        }
-        std::memset(row_at(row) + first, foreground, length_of(first, last));
-    });
-    clear_rows(mask.rows - cleared);
+    return mask.data + static_cast<std::size_t>(row) * mask.step[0];
 }
+
+} // namespace
 
 cv::Mat painted_mask(Frame frame, RunView runs, int foreground, int background)
 {
     cv::Mat mask = unset_mask(frame);
-    paint(mask, runs, foreground, background);
+    if (mask.empty()) {
+        return mask;
+    }
+    // Rows are cleared shortly before the first run on them is painted, while they are in the cache.
+    // bench/kiv/raster.cpp measures it.
+    const int rows_at_once = std::max(bytes_at_once / mask.cols, 1);
+    int cleared = 0; // rows from the top on
+    const auto clear_rows = [&](int count) {
+        std::memset(row_of_mask(mask, cleared), background, static_cast<std::size_t>(count) * mask.step[0]);
+        cleared += count;
+    };
+    for_each_visible(runs, frame, [&](int row, int first, int last) {
+        if (row >= cleared) {
+            clear_rows(row - cleared + std::min(rows_at_once, mask.rows - row));
+        }
+        std::memset(row_of_mask(mask, row) + first, foreground, length_of(first, last));
+    });
+    clear_rows(mask.rows - cleared);
     return mask;
+}
+
+cv::Mat painted_mask(Frame frame, const PixelLists& pixels)
+{
+    cv::Mat mask = painted_mask(frame, RunView());
+    for (std::size_t i = 0; i < pixels.columns.size(); ++i) {
+        if (pixels.columns[i] >= 0 && pixels.rows[i] >= 0) {
+            row_of_mask(mask, pixels.rows[i])[pixels.columns[i]] = 255;
+        }
+    }
+    return mask;
+}
+
+void require_mask_frame(Frame frame)
+{
+    if (frame.width < 0 || frame.height < 0 || std::int64_t{frame.width} * frame.height > ordinary_bytes) {
+        unset_mask(frame);
+    }
 }
 
 RunList extract_runs(cv::Mat& mask)
@@ -66,11 +88,6 @@ RunList extract_runs(cv::Mat& mask)
     KivRLC::FindContours(mask, 1, &outline, &outline_lengths, &hierarchy, nullptr, &runs, &row_starts, true, -1, -1, 1,
                          false);
     return runs;
-}
-
-void mask_to_region(cv::Mat& mask, Frame frame, KivRegion& region)
-{
-    create_region(region, frame, extract_runs(mask));
 }
 
 } // namespace kiv

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Sub-pixel coordinates made pixels, and the frame that pixels need. Each function of the library says which of the two
-// conversions is its own.
+// The conversion of sub-pixel coordinates to pixels, and the frame that pixels need. Each function of the library
+// documents which of the two conversions it uses.
 #pragma once
 
 #include "foundation/runs.h"
@@ -10,14 +10,18 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <vector>
+#include <span>
 
 namespace kiv
 {
 
-using PixelList = std::vector<cv::Point_<int>>;
+/// Listed pixels: the column and the row of pixel i are columns[i] and rows[i].
+struct PixelLists {
+    std::span<const int> columns;
+    std::span<const int> rows;
+};
 
-/// Toward zero. What no int can hold becomes the nearest int, and NaN becomes 0.
+/// Rounds toward zero. Saturates to the range of int; NaN becomes 0.
 inline int truncate(double coordinate)
 {
     constexpr double lowest = std::numeric_limits<int>::min();
@@ -28,20 +32,16 @@ inline int truncate(double coordinate)
     return std::isnan(coordinate) ? 0 : static_cast<int>(std::clamp(coordinate, lowest, highest));
 }
 
-/// To the nearest int, ties to the even one. What no int can hold becomes the nearest int, and NaN becomes 0.
-int round_half_even(double coordinate);
-
-/// The larger column and the larger row of two pixels.
-inline cv::Point_<int> larger(const cv::Point_<int>& a, const cv::Point_<int>& b)
+/// Rounds to the nearest int, ties to even. Saturates to the range of int; NaN becomes 0.
+inline int round_half_even(double coordinate)
 {
-    return {std::max(a.x, b.x), std::max(a.y, b.y)};
+    return truncate(std::nearbyint(coordinate));
 }
 
-/// The largest column and the largest row of a list that is not empty.
-cv::Point_<int> largest_of(const PixelList& pixels);
-
-/// The frame from (0, 0) up to and including a pixel. A frame wider or higher than an int can say comes out negative,
-/// which OpenCV refuses when a mask of it is made.
-Frame frame_up_to(const cv::Point_<int>& largest);
+/// The frame from (0, 0) up to and including a pixel.
+///
+/// @throws cv::Exception where an int cannot hold its width or height, as OpenCV does for sizes that no matrix can
+/// have.
+Frame frame_up_to(int column, int row);
 
 } // namespace kiv

@@ -3,7 +3,7 @@
 // two.
 #include "foundation/run_sort.h"
 
-#include "foundation/variants.h"
+#include "foundation/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
@@ -37,14 +37,22 @@ void sort_by_key_byte(const RunList& runs, int shift, RunList& sorted)
     }
 }
 
-/// Whether the arrays hold packed ints whose rows ascend already, so that sorting would write what they hold.
-bool is_sorted_already(const KivVarArray& rows, const KivVarArray& col_begins, const KivVarArray& col_ends)
+RunList list_of(std::span<const int> rows, std::span<const int> begins, std::span<const int> ends)
 {
-    const std::vector<int>* keys = packed_ints(rows);
-    const std::vector<int>* begins = packed_ints(col_begins);
-    const std::vector<int>* ends = packed_ints(col_ends);
-    return keys != nullptr && begins != nullptr && ends != nullptr && begins->size() >= keys->size() &&
-           ends->size() >= keys->size() && std::is_sorted(keys->begin(), keys->end());
+    RunList runs;
+    runs.reserve(rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        runs.push_back({rows[i], begins[i], ends[i]});
+    }
+    return runs;
+}
+
+/// One of the three ints of each run.
+std::vector<int> collected(RunView runs, int (*of_run)(const Run&))
+{
+    std::vector<int> ints(runs.size());
+    std::transform(runs.begin(), runs.end(), ints.begin(), of_run);
+    return ints;
 }
 
 } // namespace
@@ -57,9 +65,6 @@ bool rows_ascend(RunView runs)
 
 void sort_by_row(RunList& runs)
 {
-    if (rows_ascend(runs)) {
-        return;
-    }
     std::uint32_t differing_bits = 0;
     for (const Run& run : runs) {
         differing_bits |= key_of(run) ^ key_of(runs.front());
@@ -73,25 +78,25 @@ void sort_by_row(RunList& runs)
     }
 }
 
-ByRow::ByRow(RunView runs) : runs_(runs)
+ViewOrCopy<Run> by_row(RunView runs)
 {
-    if (!rows_ascend(runs)) {
-        copy_.assign(runs.begin(), runs.end());
-        sort_by_row(copy_);
-        runs_ = copy_;
+    if (rows_ascend(runs)) {
+        return runs;
     }
+    RunList sorted(runs.begin(), runs.end());
+    sort_by_row(sorted);
+    return sorted;
 }
 
 } // namespace kiv
 
 int KIVMV::maxbit(KivVarArray values)
 {
-    const kiv::VariantReader reader(values);
-    const int length = reader.length();
+    const kiv::ViewOrCopy<int> ints = kiv::ints_of(values, values.Length());
     std::int64_t limit = 10;
     int digits = 1;
-    for (int i = 0; i < length; ++i) {
-        for (const int value = reader.value(i); limit <= value; limit *= 10) {
+    for (const int value : ints.view()) {
+        for (; limit <= value; limit *= 10) {
             ++digits;
         }
     }
@@ -100,16 +105,19 @@ int KIVMV::maxbit(KivVarArray values)
 
 void KIVMV::radixsort(KivVarArray& rows, KivVarArray& colBegins, KivVarArray& colEnds)
 {
-    if (kiv::is_sorted_already(rows, colBegins, colEnds)) {
+    const int length = rows.Length();
+    const kiv::ViewOrCopy<int> keys = kiv::ints_of(rows, length);
+    const kiv::ViewOrCopy<int> begins = kiv::ints_of(colBegins, length);
+    const kiv::ViewOrCopy<int> ends = kiv::ints_of(colEnds, length);
+    if (std::is_sorted(keys.view().begin(), keys.view().end())) {
+        kiv::overwrite(rows, keys); // elements that are no ints become ints
+        kiv::overwrite(colBegins, begins);
+        kiv::overwrite(colEnds, ends);
         return;
     }
-    kiv::RunList runs = kiv::list_of(rows, colBegins, colEnds);
+    kiv::RunList runs = kiv::list_of(keys, begins, ends);
     kiv::sort_by_row(runs);
-    int i = 0;
-    for (const auto& [row, begin, end] : runs) {
-        kiv::write_int(rows, i, row);
-        kiv::write_int(colBegins, i, begin);
-        kiv::write_int(colEnds, i, end);
-        ++i;
-    }
+    kiv::overwrite(rows, kiv::collected(runs, kiv::row_of));
+    kiv::overwrite(colBegins, kiv::collected(runs, kiv::begin_of));
+    kiv::overwrite(colEnds, kiv::collected(runs, kiv::end_of));
 }

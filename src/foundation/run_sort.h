@@ -9,23 +9,10 @@ namespace kiv
 
 bool rows_ascend(RunView runs);
 
-/// Sorts by row, as signed numbers; runs of one row keep their order. Returns at once when the rows ascend already;
-/// otherwise linear.
+/// Sorts by row, as signed numbers; runs of one row keep their order. Linear.
 void sort_by_row(RunList& runs);
 
-/// Runs with ascending rows: the given ones, which must outlive it, or a sorted copy where their rows do not ascend.
-class ByRow
-{
-public:
-    explicit ByRow(RunView runs);
-    ByRow(const ByRow&) = delete;
-    ByRow& operator=(const ByRow&) = delete;
-
-    RunView runs() const { return runs_; }
-
-private:
-    RunList copy_;
-    RunView runs_;
-};
+/// Runs with ascending rows: the given ones, or a sorted copy where their rows do not ascend.
+ViewOrCopy<Run> by_row(RunView runs);
 
 } // namespace kiv

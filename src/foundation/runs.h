@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
-// Runs inside the library are a flat list; the three parallel arrays of the data types exist only at its edges. Here is
-// the way from one to the other.
+// Runs inside the library: flat lists, and views of such lists.
 //
-// The contract fixes the order of the three ints of a Run (row, first column, last column), so they are read by
+// The data types fix only the order of the three ints of a Run (row, first column, last column), so they are read by
 // structured bindings.
 #pragma once
 
-#include <KivData/KivData.h>
+#include "foundation/view_or_copy.h"
+
 #include <KivRLC/KivRLC.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <utility>
 #include <vector>
 
 namespace kiv
@@ -55,69 +55,29 @@ inline RunView leading_row(RunView runs)
     return runs.first(length);
 }
 
-/// Width and height in pixels, as a region, a mask or an image states them; negative ones are passed on unchanged.
+/// Width and height in pixels, as reported by a region, a mask or an image; negative ones are passed on unchanged.
 struct Frame {
     int width = 0;
     int height = 0;
 };
 
-inline Frame frame_of(const KivRegion& region)
-{
-    const int width = region.Width();
-    const int height = region.Height();
-    return {width, height};
-}
-
-/// The flat list of the runs in three parallel arrays, as many as there are rows.
-RunList list_of(KivVarArray& rows, KivVarArray& col_begins, KivVarArray& col_ends);
-
-/// Runs as the data types hand them out and take them in: the three arrays, to be filled once.
-struct RunArrays {
-    RunArrays() = default;
-    explicit RunArrays(RunView runs);
-    RunArrays(const RunArrays&) = delete;
-    RunArrays& operator=(const RunArrays&) = delete;
-
-    RunList list() { return list_of(rows, col_begins, col_ends); }
-
-    KivVarArray rows;
-    KivVarArray col_begins;
-    KivVarArray col_ends;
-};
-
-/// Runs to read: a list of its own, or a view of runs that another object keeps and that must outlive it.
-class HeldRuns
-{
-public:
-    HeldRuns(RunList own) : own_(std::move(own)), runs_(own_) {}
-    HeldRuns(RunView kept_elsewhere) : runs_(kept_elsewhere) {}
-    HeldRuns(const HeldRuns&) = delete;
-    HeldRuns& operator=(const HeldRuns&) = delete;
-
-    operator RunView() const& { return runs_; }
-    operator RunView() const&& = delete; // the view would outlive what it shows
-    bool empty() const { return runs_.empty(); }
-
-private:
-    RunList own_;
-    RunView runs_;
-};
-
-/// The runs of a region, in the order in which it delivers them. They may be a view of the region.
-HeldRuns runs_of(KivRegion& region);
-
-/// A region taken apart: first its frame, then its runs.
-struct RegionParts {
-    explicit RegionParts(KivRegion& region) : frame(frame_of(region)), runs(runs_of(region)) {}
-
-    /// The width alone decides whether a region is empty.
-    bool empty() const { return frame.width < 1; }
-
+/// The frame and the runs of a region or of an ROI's mask.
+struct FramedRuns {
     Frame frame;
-    HeldRuns runs;
+    ViewOrCopy<Run> runs;
 };
 
-/// Replaces a region by one of the given frame and runs.
-void create_region(KivRegion& region, Frame frame, RunList runs);
+/// Calls `visit` with the row, the first and the last column of each part of a run that lies in the frame.
+template <class Visit>
+void for_each_visible(RunView runs, Frame frame, Visit visit)
+{
+    for (const auto& [row, begin, end] : runs) {
+        const int first = std::max(begin, 0);
+        const int last = std::min(end, frame.width - 1);
+        if (row >= 0 && row < frame.height && first <= last) {
+            visit(row, first, last);
+        }
+    }
+}
 
 } // namespace kiv

@@ -1,7 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/first_member.h"
+#include "raster/rounded_bytes.h"
 
 #include <KivDataConvert/KivDataConvert.h>
+
+namespace
+{
+
+cv::Mat byte_copy_of(const cv::Mat& matrix)
+{
+    static const bool opencv_rounds_alike = kiv::opencv_rounds_alike();
+    const bool is_left_to_opencv = opencv_rounds_alike || matrix.depth() < CV_32F || matrix.empty();
+    // Of bytes, the conversion is a plain copy.
+    return is_left_to_opencv ? kiv::converted_bytes(matrix) : kiv::rounded_bytes(matrix);
+}
+
+} // namespace
 
 int KIVMV::KivMatrixToImage(KivImage* image, KivMatrix& matrix)
 {
@@ -10,9 +24,6 @@ int KIVMV::KivMatrixToImage(KivImage* image, KivMatrix& matrix)
         return KIVMV_ERR_PARAM_1;
     }
 
-    // One step for every element type: to 8 bits with scale 1 and no offset, which for 8 bits is a plain copy.
-    cv::Mat copy;
-    source.convertTo(copy, CV_8U);
-    kiv::matrix_of(*image) = copy;
+    kiv::matrix_of(*image) = byte_copy_of(source);
     return KIVMV_OK;
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "foundation/data_types.h"
 #include "foundation/first_member.h"
 #include "foundation/masks.h"
 
@@ -28,8 +29,8 @@ int KIVMV::KivRegionToImage(KivImage* image, KivRegion& region, int foreground, 
     if (height < 1) {
         return KIVMV_ERR_PARAM_5;
     }
-    const kiv::RegionParts parts(region);
-    if (parts.empty()) {
+    const kiv::FramedRuns parts = kiv::parts_of(region);
+    if (parts.frame.width < 1) {
         return KIVMV_ERR_PARAM_1;
     }
 
@@ -43,8 +44,8 @@ int KIVMV::KivRegionToImage(KivImage* image, KivRegion& region, int foreground, 
 
 int KIVMV::KivRegionToBinImage(KivImage* image, KivRegion& region)
 {
-    const kiv::RegionParts parts(region);
-    if (parts.empty()) {
+    const kiv::FramedRuns parts = kiv::parts_of(region);
+    if (parts.frame.width < 1) {
         return KIVMV_ERR_PARAM_1;
     }
 

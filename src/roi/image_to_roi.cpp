@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "roi/mask_parts.h"
+#include "foundation/first_member.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
@@ -16,10 +16,12 @@ int KIVMV::KivBinImageToROI(KivImage& image, KivROI* out)
     }
 
     IKivROIPara& parameters = kiv::parameters_of(*out);
-    kiv::RunArrays arrays;
-    auto& [rows, col_begins, col_ends] = arrays;
-    kiv::Frame frame;
-    parameters.MatToMask(kiv::matrix_of(image), &rows, &col_begins, &col_ends, &frame.width, &frame.height);
-    parameters.GenMask(rows, col_begins, col_ends, frame.width, frame.height);
+    KivVarArray rows;
+    KivVarArray col_begins;
+    KivVarArray col_ends;
+    int width = 0;
+    int height = 0;
+    parameters.MatToMask(kiv::matrix_of(image), &rows, &col_begins, &col_ends, &width, &height);
+    parameters.GenMask(rows, col_begins, col_ends, width, height);
     return KIVMV_OK;
 }

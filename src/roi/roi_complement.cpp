@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "algebra/complement.h"
-#include "roi/mask_parts.h"
+#include "foundation/data_types.h"
+#include "roi/roi_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
@@ -10,8 +11,7 @@ int KIVMV::KivROINot(KivROI& a, KivROI* out)
         return KIVMV_ERR_PARAM_1;
     }
 
-    kiv::MaskReader reader;
-    const kiv::MaskParts mask = reader.read(a);
-    kiv::generate_mask(*out, mask.frame, kiv::complement(mask.runs, mask.frame, kiv::LastRowOfComplement::like_any));
+    const kiv::FramedRuns mask = kiv::mask_of(a);
+    kiv::become_mask(*out, mask.frame, kiv::complement(mask.runs, mask.frame, kiv::LastRowOfComplement::like_any));
     return KIVMV_OK;
 }

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "roi/roi_operation.h"
 
-#include "roi/mask_parts.h"
+#include "foundation/data_types.h"
+#include "roi/roi_types.h"
 
 namespace kiv
 {
 namespace
 {
 
-void write_stand_in(StandIn choice, const KivROI& a, const KivROI& b, KivROI& out)
+void write_substitute(Substitute choice, const KivROI& a, const KivROI& b, KivROI& out)
 {
-    if (choice == StandIn::default_roi) {
+    if (choice == Substitute::default_roi) {
         out = KivROI();
     } else {
-        out = choice == StandIn::a ? a : b;
+        out = choice == Substitute::a ? a : b;
     }
 }
 
@@ -28,28 +29,27 @@ int combine_rois(KivROI& a, KivROI& b, KivROI& out, const RoiOperation& operatio
         return KIVMV::KIVMV_ERR_PARAM_2;
     }
     if (is_empty(a)) {
-        write_stand_in(operation.without_a, a, b, out);
+        write_substitute(operation.without_a, a, b, out);
         return operation.code_for_empty_type;
     }
     if (is_empty(b)) {
-        write_stand_in(operation.without_b, a, b, out);
+        write_substitute(operation.without_b, a, b, out);
         return operation.code_for_empty_type;
     }
 
-    MaskReader reader;
-    const MaskParts mask_of_a = reader.read(a);
-    if (mask_of_a.runs.empty()) {
-        write_stand_in(operation.without_a, a, b, out);
+    const FramedRuns mask_of_a = mask_of(a);
+    if (mask_of_a.runs.view().empty()) {
+        write_substitute(operation.without_a, a, b, out);
         return KIVMV::KIVMV_OK;
     }
-    const MaskParts mask_of_b = reader.read(b);
-    if (mask_of_b.runs.empty()) {
-        write_stand_in(operation.without_b, a, b, out);
+    const FramedRuns mask_of_b = mask_of(b);
+    if (mask_of_b.runs.view().empty()) {
+        write_substitute(operation.without_b, a, b, out);
         return KIVMV::KIVMV_OK;
     }
 
     RunList runs = combine(mask_of_a.runs, mask_of_b.runs, operation.on_runs);
-    generate_mask(out, result_frame(operation.on_runs.frame, mask_of_a.frame, mask_of_b.frame), std::move(runs));
+    become_mask(out, result_frame(operation.on_runs.frame, mask_of_a.frame, mask_of_b.frame), std::move(runs));
     return KIVMV::KIVMV_OK;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "roi/mask_parts.h"
+#include "foundation/first_member.h"
+#include "roi/roi_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
@@ -9,7 +10,8 @@ int KIVMV::KivROIToContourArray(KivROI& roi, KivContourArray* out)
         return KIVMV_ERR_PARAM_1;
     }
 
-    kiv::Frame frame;
-    kiv::parameters_of(roi).GetMask(out, &frame.width, &frame.height);
+    int width = 0;
+    int height = 0;
+    kiv::parameters_of(roi).GetMask(out, &width, &height);
     return KIVMV_OK;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/masks.h"
-#include "roi/mask_parts.h"
+#include "foundation/data_types.h"
+#include "roi/roi_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
@@ -9,15 +9,12 @@ int KIVMV::KivROIToRegion(KivROI& roi, KivRegion* out)
     if (!kiv::has_mask(roi)) {
         return KIVMV_ERR_PARAM_1;
     }
-    kiv::PaintedMask mask(roi);
-    if (mask.pixels.cols < 1) {
+    const kiv::FramedRuns mask = kiv::mask_of(roi);
+    if (!kiv::has_columns(roi, mask)) {
         return KIVMV_ERR_PARAM_1;
     }
 
-    // The mask is traced, so that one that cannot be is an error here as everywhere; the region gets the ROI's own
-    // runs.
-    kiv::extract_runs(mask.pixels);
-    auto& [rows, col_begins, col_ends] = mask.runs;
-    out->CreateRegion(mask.frame.width, mask.frame.height, rows, col_begins, col_ends);
+    const kiv::RunView runs = mask.runs;
+    kiv::create_region(*out, mask.frame, {runs.begin(), runs.end()});
     return KIVMV_OK;
 }

@@ -131,7 +131,7 @@ void cut(const Run& run, Runs cuts, Runs& out)
 
 void unite_all(const Runs& a, const Runs& b, Runs& out)
 {
-    for (const Run& of_a : a) {
+    for (const auto& of_a : a) {
         for (const Run& of_b : b) {
             unite(of_a, of_b, out);
         }
@@ -140,7 +140,7 @@ void unite_all(const Runs& a, const Runs& b, Runs& out)
 
 void intersect_all(const Runs& a, const Runs& b, Runs& out)
 {
-    for (const Run& of_a : a) {
+    for (const auto& of_a : a) {
         for (const Run& of_b : b) {
             intersect(of_a, of_b, out);
         }
@@ -149,7 +149,7 @@ void intersect_all(const Runs& a, const Runs& b, Runs& out)
 
 void cut_all(const Runs& a, const Runs& b, Runs& out)
 {
-    for (const Run& of_a : a) {
+    for (const auto& of_a : a) {
         cut(of_a, b, out);
     }
 }
@@ -367,44 +367,47 @@ TEST(RunPairs, WithoutRunsInAThereIsNothing)
 }
 
 // ---------------------------------------------------------------------------------------------------------------
-// Rows that climb: only the runs that can be met are looked at.
+// Rows whose columns ascend: only the runs that can be met are looked at.
 
-TEST(RunPairs, ARowClimbsWhenNoRunIsInvertedOrBeginsOrEndsBeforeTheOneInFront)
+TEST(RunPairs, ColumnsAscendWhenNoRunIsInvertedOrBeginsOrEndsBeforeTheOneInFront)
 {
     for (const Runs& row : {Runs{}, Runs{{1, 4, 4}}, Runs{{1, 0, 2}, {1, 5, 7}}, Runs{{1, 0, 4}, {1, 2, 4}, {1, 2, 6}},
                             Runs{{1, lowest, lowest}, {1, highest, highest}}}) {
-        EXPECT_TRUE(kiv::climbs(row)) << described(row);
+        EXPECT_TRUE(kiv::columns_ascend(row)) << described(row);
     }
     for (const Runs& row :
          {Runs{{1, 5, 4}}, Runs{{1, 4, 5}, {1, 3, 6}}, Runs{{1, 0, 5}, {1, 1, 4}}, Runs{{1, 0, 2}, {1, 5, 4}}}) {
-        EXPECT_FALSE(kiv::climbs(row)) << described(row);
+        EXPECT_FALSE(kiv::columns_ascend(row)) << described(row);
     }
 }
 
-Runs in_order(kiv::Reach reach)
+/// For each run of A, the runs of B that are looked at.
+std::vector<Runs> looked_at(const Runs& a, const Runs& b)
 {
-    Runs runs;
-    for (const auto& run : reach) {
-        runs.push_back(run);
+    std::vector<Runs> neighbors_of_all;
+    kiv::Neighbors neighbors(a, b);
+    for (const auto& run : a) {
+        Runs& found = neighbors_of_all.emplace_back();
+        for (const auto& of_b : neighbors.from_first_of(run)) {
+            if (neighbors.is_past_last_of(run, of_b)) {
+                break;
+            }
+            found.push_back(of_b);
+        }
     }
-    return runs;
+    return neighbors_of_all;
 }
 
-TEST(RunPairs, TheReachOfARunIsTheRunsThatShareAColumnWithIt)
+TEST(RunPairs, TheNeighborsOfARunAreTheRunsThatShareAColumnWithIt)
 {
     const Runs a = {{1, -5, -1}, {1, -5, 0}, {1, 2, 3}, {1, 3, 3}, {1, 4, 5}, {1, 5, 20}, {1, 10, 20}};
     const Runs b = {{1, 0, 2}, {1, 2, 3}, {1, 6, 7}, {1, 9, 9}};
-    std::vector<Runs> reaches;
-    kiv::for_each_with_reach(a, b, [&reaches](const auto&, kiv::Reach reach) { reaches.push_back(in_order(reach)); });
     const std::vector<Runs> expected = {
         {}, {{1, 0, 2}}, {{1, 0, 2}, {1, 2, 3}}, {{1, 2, 3}}, {}, {{1, 6, 7}, {1, 9, 9}}, {}};
-    ASSERT_EQ(reaches.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_TRUE(same(reaches[i], expected[i])) << described(Runs{a[i]});
-    }
+    EXPECT_EQ(looked_at(a, b), expected);
 }
 
-TEST(RunPairs, InAnyOrderTheReachIsFoundWhereBClimbs)
+TEST(RunPairs, NeighborsAreFoundForRunsInAnyOrderWhereTheColumnsOfBAscend)
 {
     const Runs b = {{1, 0, 2}, {1, 2, 3}, {1, 3, 3}, {1, 6, 7}, {1, 9, 9}, {1, 12, 15}};
     const auto by_columns = [](const auto& left, const auto& right) {
@@ -412,27 +415,23 @@ TEST(RunPairs, InAnyOrderTheReachIsFoundWhereBClimbs)
     };
     Runs a = {{1, -1, 1}, {1, 2, 2}, {1, 4, 5}, {1, 7, 8}, {1, 7, 12}, {1, 16, 20}};
     do {
-        std::size_t visits = 0;
-        kiv::for_each_in_any_order(a, b, [&](const auto& of_a, kiv::Reach reach) {
-            EXPECT_EQ(&of_a, &a[visits++]);
-            Runs met;
-            std::copy_if(b.begin(), b.end(), std::back_inserter(met),
+        std::vector<Runs> expected;
+        for (const auto& of_a : a) {
+            std::copy_if(b.begin(), b.end(), std::back_inserter(expected.emplace_back()),
                          [&of_a](const auto& of_b) { return kiv::runs_meet(of_a, of_b); });
-            EXPECT_TRUE(same(in_order(reach), met)) << described(Runs{of_a});
-        });
-        EXPECT_EQ(visits, a.size());
+        }
+        EXPECT_EQ(looked_at(a, b), expected) << described(a);
     } while (std::next_permutation(a.begin(), a.end(), by_columns));
 }
 
-TEST(RunPairs, InAnyOrderTheReachIsAllOfBOtherwise)
+TEST(RunPairs, AllRunsOfBAreNeighborsOtherwise)
 {
-    const Runs climbing = {{1, 0, 2}, {1, 6, 7}};
-    const Runs falling = {{1, 6, 7}, {1, 0, 2}};
+    const Runs ascending = {{1, 0, 2}, {1, 6, 7}};
+    const Runs descending = {{1, 6, 7}, {1, 0, 2}};
     const Runs well_formed = {{1, 4, 4}};
     const Runs inverted = {{1, 5, 4}};
-    for (const auto& [a, b] : {std::pair{inverted, climbing}, {inverted, falling}, {well_formed, falling}}) {
-        kiv::for_each_in_any_order(
-            a, b, [&all = b](const auto&, kiv::Reach reach) { EXPECT_TRUE(same(in_order(reach), all)); });
+    for (const auto& [a, b] : {std::pair{inverted, ascending}, {inverted, descending}, {well_formed, descending}}) {
+        EXPECT_EQ(looked_at(a, b), std::vector<Runs>{b});
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Regions of listed pixels: frames, runs, refused lists and which of several faults is reported.
+// Regions of listed pixels: frames, runs, rejected lists and which of several faults is reported.
 #include "support/coordinates.h"
 #include "support/rasters.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Regions of the pixels that points fall on: truncation, frames, refused points and coordinates beyond all ints.
+// Regions of the pixels that points fall on: truncation, frames, rejected points and coordinates beyond all ints.
 #include "support/coordinates.h"
 #include "support/rasters.h"
 

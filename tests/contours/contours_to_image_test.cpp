@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Contours filled into a new binary image: grey values, the image's former pixels, refused sizes and which of several
+// Contours filled into a new binary image: grey values, the image's former pixels, rejected sizes and which of several
 // faults is reported.
 #include "support/coordinates.h"
 #include "support/rasters.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Contours filled into a region of a given frame: rounding, holes, refused frames and which of several faults is
+// Contours filled into a region of a given frame: rounding, holes, rejected frames and which of several faults is
 // reported.
 #include "support/coordinates.h"
 #include "support/rasters.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Regions traced into contours: outlines, clipping, regions without pixels and refused regions.
+// Regions traced into contours: outlines, clipping, regions without pixels and rejected regions.
 #include "support/coordinates.h"
 #include "support/rasters.h"
 

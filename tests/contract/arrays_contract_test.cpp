@@ -9,8 +9,6 @@ namespace
 
 using ArraysContract = ContractTest;
 
-const Calls region_read{"region.Width()", "region.Height()", "region.GetRegionRuns()"};
-
 /// Two parallel arrays with an element of a kind of its own at one place in each; -1 for no place.
 struct Pixels {
     Pixels(const std::vector<int>& columns, const std::vector<int>& rows, int strange_column = -1, int strange_row = -1)
@@ -44,9 +42,8 @@ TEST_F(ArraysContract, RegionToVarArrayListsThePaintedPixels)
     const Unchanged input(region);
     start();
     EXPECT_EQ(KivRegionToVarArray(region, &xs, &ys), KIVMV_OK);
-    EXPECT_EQ(calls(),
-              (Calls{"xs.Clear()", "ys.Clear()", region_read[0], region_read[1], region_read[2], "xs.Append(1)",
-                     "ys.Append(0)", "xs.Append(0)", "ys.Append(1)", "xs.Append(2)", "ys.Append(1)"}));
+    EXPECT_EQ(xs.test_values(), (std::vector<int>{1, 0, 2}));
+    EXPECT_EQ(ys.test_values(), (std::vector<int>{0, 1, 1}));
 }
 
 TEST_F(ArraysContract, RegionToVarArrayClearsBeforeItLooks)
@@ -57,7 +54,7 @@ TEST_F(ArraysContract, RegionToVarArrayClearsBeforeItLooks)
     KivVarArray ys;
     xs.test_name = "xs";
     ys.test_name = "ys";
-    const Calls expected{"xs.Clear()", "ys.Clear()", region_read[0], region_read[1], region_read[2]};
+    const Calls expected{"xs.Clear()", "ys.Clear()"};
     start();
     EXPECT_EQ(KivRegionToVarArray(region, &xs, &ys), KIVMV_ERR_PARAM_1);
     EXPECT_EQ(calls(), expected);
@@ -76,8 +73,8 @@ TEST_F(ArraysContract, VarArrayToRegionExtractsFromAMaskOfThePixels)
     const Unchanged inputs(pixels.xs, pixels.ys);
     start();
     EXPECT_EQ(KivVarArrayToRegion(pixels.xs, pixels.ys, &region), KIVMV_OK);
-    EXPECT_EQ(calls(), (Calls{"KivRLC()", find_contours("2x3[255 0 0 | 0 0 255]"), "~KivRLC()",
-                              "region.CreateRegion(3, 2, {(0,0,0) (1,2,2)})"}));
+    EXPECT_EQ(calls(),
+              (Calls{find_contours("2x3[255 0 0 | 0 0 255]"), "region.CreateRegion(3, 2, {(0,0,0) (1,2,2)})"}));
 }
 
 TEST_F(ArraysContract, VarArrayToRegionTakesBothKindsOfNumbers)
@@ -127,8 +124,8 @@ TEST_F(ArraysContract, PointArrayToRegionExtractsFromAMaskOfThePixels)
     const Unchanged input(points);
     start();
     EXPECT_EQ(KivPointArrayToRegion(points, &region), KIVMV_OK);
-    EXPECT_EQ(calls(), (Calls{"KivRLC()", find_contours("2x3[0 0 0 | 255 0 255]"), "~KivRLC()",
-                              "region.CreateRegion(3, 2, {(1,0,0) (1,2,2)})"}));
+    EXPECT_EQ(calls(),
+              (Calls{find_contours("2x3[0 0 0 | 255 0 255]"), "region.CreateRegion(3, 2, {(1,0,0) (1,2,2)})"}));
 }
 
 TEST_F(ArraysContract, PointArrayToRegionRefusesWithoutACall)
@@ -159,8 +156,8 @@ TEST_F(ArraysContract, RegionToPointArrayListsTheRunsAsTheyCome)
     const Unchanged input(region);
     start();
     EXPECT_EQ(KivRegionToPointArray(region, &points), KIVMV_OK);
-    EXPECT_EQ(calls(), (Calls{"points.Clear()", region_read[0], region_read[1], region_read[2], "points.Append(2, 1)",
-                              "points.Append(3, 1)", "points.Append(-1, -1)", "points.Append(3, 1)"}));
+    EXPECT_EQ(calls(), (Calls{"points.Clear()", "points.Append(2, 1)", "points.Append(3, 1)", "points.Append(-1, -1)",
+                              "points.Append(3, 1)"}));
 }
 
 TEST_F(ArraysContract, RegionToPointArrayClearsBeforeItLooks)
@@ -169,7 +166,7 @@ TEST_F(ArraysContract, RegionToPointArrayClearsBeforeItLooks)
     set(region, "region", 0, -1, {{1, 2, 3}});
     KivPointArray points("points");
     points.test_append(1.0, 1.0);
-    const Calls expected{"points.Clear()", region_read[0], region_read[1], region_read[2]};
+    const Calls expected{"points.Clear()"};
     start();
     EXPECT_EQ(KivRegionToPointArray(region, &points), KIVMV_ERR_PARAM_1);
     EXPECT_EQ(calls(), expected);

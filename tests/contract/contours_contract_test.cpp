@@ -14,29 +14,27 @@ TEST_F(ContoursContract, RegionToContourArrayTracesThePaintedFrame)
     KivContourArray contours("contours");
     start();
     EXPECT_EQ(KivRegionToContourArray(region, &contours), KIVMV_OK);
-    EXPECT_EQ(calls(), (Calls{"region.Width()", "region.Height()", "region.GetRegionRuns()", "IKivROIPara()",
-                              "MatToMask(2x3[255 0 0 | 0 255 255], contours)"}));
+    EXPECT_EQ(calls(), (Calls{"MatToMask(2x3[255 0 0 | 0 255 255], contours)"}));
 }
 
-TEST_F(ContoursContract, RegionToContourArrayReadsTheRunsBeforeItLooksAtTheWidth)
+TEST_F(ContoursContract, RegionToContourArrayRejectsFramesBeforeItTraces)
 {
     KivRegion region;
     set(region, "region", 0, 2, {{0, 0, 0}});
     KivContourArray contours("contours");
-    const Calls region_read{"region.Width()", "region.Height()", "region.GetRegionRuns()"};
     start();
     EXPECT_EQ(KivRegionToContourArray(region, &contours), KIVMV_ERR_PARAM_1);
-    EXPECT_EQ(calls(), region_read);
+    EXPECT_EQ(calls(), Calls{});
 
     set(region, "region", -1, 2, {{0, 0, 0}});
     start();
     EXPECT_EQ(KivRegionToContourArray(region, &contours), KIVMV_ERR_PARAM_1);
-    EXPECT_EQ(calls(), region_read);
+    EXPECT_EQ(calls(), Calls{});
 
     set(region, "region", 2, -1, {});
     start();
     EXPECT_THROW(KivRegionToContourArray(region, &contours), cv::Exception);
-    EXPECT_EQ(calls(), region_read);
+    EXPECT_EQ(calls(), Calls{});
     EXPECT_EQ(contours.test_written_by, "");
 
     set(region, "region", 2, 1, {});
@@ -53,7 +51,6 @@ TEST_F(ContoursContract, FillingChecksTheContoursThenTheWidthThenTheHeight)
     OldRegion region;
     KivImage image("image");
     image.test_matrix = padded_matrix(1, 1, {3});
-    const Calls length{"contours.Length()"};
     const auto region_of = [&](KivContourArray& contours, int width, int height) {
         return [&, width, height] { return KivContourArrayToRegion(contours, width, height, &region); };
     };
@@ -61,12 +58,12 @@ TEST_F(ContoursContract, FillingChecksTheContoursThenTheWidthThenTheHeight)
         return [&, width, height] { return KivContourArrayToBinImage(&image, contours, width, height); };
     };
     expect_all({
-        {"region of none", region_of(none, 1, 1), KIVMV_ERR_PARAM_1, length},
-        {"region of one column and row", region_of(one, 1, 1), KIVMV_ERR_PARAM_2, length},
-        {"region of one row", region_of(one, 2, 1), KIVMV_ERR_PARAM_3, length},
-        {"image of none", image_of(none, 1, 1), KIVMV_ERR_PARAM_1, length},
-        {"image of one column and row", image_of(one, 1, 1), KIVMV_ERR_PARAM_2, length},
-        {"image of one row", image_of(one, 2, 1), KIVMV_ERR_PARAM_3, length},
+        {"region of none", region_of(none, 1, 1), KIVMV_ERR_PARAM_1, {}},
+        {"region of one column and row", region_of(one, 1, 1), KIVMV_ERR_PARAM_2, {}},
+        {"region of one row", region_of(one, 2, 1), KIVMV_ERR_PARAM_3, {}},
+        {"image of none", image_of(none, 1, 1), KIVMV_ERR_PARAM_1, {}},
+        {"image of one column and row", image_of(one, 1, 1), KIVMV_ERR_PARAM_2, {}},
+        {"image of one row", image_of(one, 2, 1), KIVMV_ERR_PARAM_3, {}},
     });
     EXPECT_TRUE(region.is_old());
     EXPECT_EQ(recording::text_of(image.test_matrix), "1x1[3]");
@@ -97,7 +94,7 @@ TEST_F(ContoursContract, ContourArrayToBinImageTakesTheRenderedMatrixOver)
     start();
     recording::recorder().rendered = rendered;
     EXPECT_EQ(KivContourArrayToBinImage(&image, contours, 3, 2), KIVMV_OK);
-    EXPECT_EQ(calls(), (Calls{"contours.Length()", "ToMAT(contours, 3, 2)"}));
+    EXPECT_EQ(calls(), (Calls{"ToMAT(contours, 3, 2)"}));
     EXPECT_EQ(image.test_matrix.data, rendered.data) << "no pixel is copied";
     EXPECT_EQ(recording::text_of(old_pixels), old_text);
 }
@@ -110,8 +107,7 @@ TEST_F(ContoursContract, ContourArrayToRegionExtractsFromTheRenderedMask)
     region.test_name = "region";
     start();
     EXPECT_EQ(KivContourArrayToRegion(contours, 3, 2, &region), KIVMV_OK);
-    EXPECT_EQ(calls(), (Calls{"contours.Length()", "ToMAT(contours, 3, 2)", "KivRLC()",
-                              find_contours("2x3[255 255 255 | 255 255 255]"), "~KivRLC()",
+    EXPECT_EQ(calls(), (Calls{"ToMAT(contours, 3, 2)", find_contours("2x3[255 255 255 | 255 255 255]"),
                               "region.CreateRegion(3, 2, {(0,0,2) (1,0,2)})"}));
 }
 
@@ -145,8 +141,8 @@ TEST_F(ContoursContract, ContourToRegionFillsTheTruncatedPolygon)
     region.test_name = "region";
     start();
     EXPECT_EQ(KivContourToRegion(contour, &region), KIVMV_OK);
-    EXPECT_EQ(calls(), (Calls{"KivRLC()", find_contours("2x3[255 255 255 | 255 255 255]"), "~KivRLC()",
-                              "region.CreateRegion(3, 2, {(0,0,2) (1,0,2)})"}));
+    EXPECT_EQ(calls(),
+              (Calls{find_contours("2x3[255 255 255 | 255 255 255]"), "region.CreateRegion(3, 2, {(0,0,2) (1,0,2)})"}));
 }
 
 TEST_F(ContoursContract, MergContourDrawsIntoACopy)
@@ -157,16 +153,15 @@ TEST_F(ContoursContract, MergContourDrawsIntoACopy)
     contour.test_name = "contour";
     contour.test_points = {{0.5, 0.5}}; // a tie: drawn at (0, 0)
     KivContourArray contours("contours");
-    const Calls checks{"image.Channels()", "image.Width()", "contour.Length()"};
     const Unchanged inputs(image);
     start();
     EXPECT_EQ(KivMergContour(image, contour, true, &contours), KIVMV_OK);
-    EXPECT_EQ(calls(), (Calls{checks[0], checks[1], checks[2], "MatToMask(2x3[255 7 0 | 0 0 9], contours)"}));
+    EXPECT_EQ(calls(), (Calls{"MatToMask(2x3[255 7 0 | 0 0 9], contours)"}));
 
     contour.test_points = {{2.4, 0.6}};
     start();
     EXPECT_EQ(KivMergContour(image, contour, false, &contours), KIVMV_OK);
-    EXPECT_EQ(calls(), (Calls{checks[0], checks[1], checks[2], "MatToMask(2x3[0 7 0 | 0 0 0], contours)"}));
+    EXPECT_EQ(calls(), (Calls{"MatToMask(2x3[0 7 0 | 0 0 0], contours)"}));
 }
 
 TEST_F(ContoursContract, MergContourChecksChannelsThenWidthThenPoints)
@@ -177,11 +172,11 @@ TEST_F(ContoursContract, MergContourChecksChannelsThenWidthThenPoints)
     contour.test_name = "contour";
     KivContourArray contours("contours");
     const auto merged = [&] { return KivMergContour(image, contour, true, &contours); };
-    expect_all({{"no channels", merged, KIVMV_ERR_CHANNELS, {"image.Channels()"}}});
+    expect_all({{"no channels", merged, KIVMV_ERR_CHANNELS, {}}});
     image.test_channels = 1;
-    expect_all({{"no columns", merged, KIVMV_ERR_NO_IMAGE, {"image.Channels()", "image.Width()"}}});
+    expect_all({{"no columns", merged, KIVMV_ERR_NO_IMAGE, {}}});
     image.test_width = 1;
-    expect_all({{"no points", merged, KIVMV_ERR_PARAM_1, {"image.Channels()", "image.Width()", "contour.Length()"}}});
+    expect_all({{"no points", merged, KIVMV_ERR_PARAM_1, {}}});
     EXPECT_EQ(contours.test_written_by, "");
 }
 
@@ -192,12 +187,11 @@ TEST_F(ContoursContract, BinImageToContourArrayTracesTheImagesOwnMatrix)
     KivContourArray contours("contours");
     start();
     EXPECT_EQ(KivBinImageToContourArray(image, &contours), KIVMV_OK);
-    EXPECT_EQ(calls(),
-              (Calls{"image.Height()", "image.Channels()", "image.BitDepth()", "MatToMask(1x2[0 7], contours)"}));
+    EXPECT_EQ(calls(), (Calls{"MatToMask(1x2[0 7], contours)"}));
 
     image.test_channels = 0;
     image.test_width = 0;
-    EXPECT_EQ(KivBinImageToContourArray(image, &contours), KIVMV_OK) << "neither no channels nor no width is refused";
+    EXPECT_EQ(KivBinImageToContourArray(image, &contours), KIVMV_OK) << "neither no channels nor no width is rejected";
 }
 
 TEST_F(ContoursContract, BinImageToContourArrayChecksHeightThenChannelsThenDepth)
@@ -207,11 +201,11 @@ TEST_F(ContoursContract, BinImageToContourArrayChecksHeightThenChannelsThenDepth
     image.test_bit_depth = 2;
     KivContourArray contours("contours");
     const auto traced = [&] { return KivBinImageToContourArray(image, &contours); };
-    expect_all({{"no rows", traced, KIVMV_ERR_NO_IMAGE, {"image.Height()"}}});
+    expect_all({{"no rows", traced, KIVMV_ERR_NO_IMAGE, {}}});
     image.test_height = 1;
-    expect_all({{"two channels", traced, KIVMV_ERR_CHANNELS, {"image.Height()", "image.Channels()"}}});
+    expect_all({{"two channels", traced, KIVMV_ERR_CHANNELS, {}}});
     image.test_channels = 1;
-    expect_all({{"16 bits", traced, KIVMV_ERR_BIT_DEPTH, {"image.Height()", "image.Channels()", "image.BitDepth()"}}});
+    expect_all({{"16 bits", traced, KIVMV_ERR_BIT_DEPTH, {}}});
     EXPECT_EQ(contours.test_written_by, "");
 }
 
@@ -223,7 +217,7 @@ TEST_F(ContoursContract, ContourToRegionWithoutPointsMakesNoCall)
     EXPECT_TRUE(region.is_old());
 }
 
-TEST_F(ContoursContract, ContourToVarArrayClearsFirstAndAppendsPointByPoint)
+TEST_F(ContoursContract, ContourToVarArrayClearsFirstAndAppendsThePoints)
 {
     KivContour contour;
     contour.test_points = {{2.5, -1.5}, {3.5, 0.49}};
@@ -236,7 +230,7 @@ TEST_F(ContoursContract, ContourToVarArrayClearsFirstAndAppendsPointByPoint)
     expect_all({{"two points",
                  listed,
                  KIVMV_OK,
-                 {"xs.Clear()", "ys.Clear()", "xs.Append(2)", "ys.Append(-2)", "xs.Append(4)", "ys.Append(0)"}}});
+                 {"xs.Clear()", "ys.Clear()", "xs.Append(2)", "xs.Append(4)", "ys.Append(-2)", "ys.Append(0)"}}});
     KivContour none;
     expect_all({{"no points",
                  [&] { return KivContourToVarArray(none, &xs, &ys); },

@@ -17,8 +17,7 @@ TEST_F(RasterContract, ImageToRegionExtractsFromANormalisedCopy)
 
     EXPECT_EQ(KivImageToRegion(image, &region), KIVMV_OK);
 
-    EXPECT_EQ(calls(), (Calls{"image.Channels()", "image.ImageData()", "image.BitDepth()", "image.Height()",
-                              "image.Width()", "KivRLC()", find_contours("2x4[0 255 255 0 | 255 0 0 255]"), "~KivRLC()",
+    EXPECT_EQ(calls(), (Calls{find_contours("2x4[0 255 255 0 | 255 0 0 255]"),
                               "region.CreateRegion(4, 2, {(0,1,2) (1,0,0) (1,3,3)})"}));
 }
 
@@ -37,8 +36,7 @@ TEST_F(RasterContract, ImageToRegionNormalisesTheFirstBytesOfARowOfSeveralChanne
 
     EXPECT_EQ(KivImageToRegion(image, &region), KIVMV_OK);
 
-    ASSERT_EQ(calls().size(), 9U);
-    EXPECT_EQ(calls()[6], find_contours("2x2[255 255 3 4 | 0 255 6 0]"));
+    EXPECT_EQ(calls().front(), find_contours("2x2[255 255 3 4 | 0 255 6 0]"));
 }
 
 TEST_F(RasterContract, BinImageToRegionExtractsFromACopyOfTheBytesAsTheyAre)
@@ -52,9 +50,7 @@ TEST_F(RasterContract, BinImageToRegionExtractsFromACopyOfTheBytesAsTheyAre)
 
     EXPECT_EQ(KivBinImageToRegion(image, &region), KIVMV_OK);
 
-    EXPECT_EQ(calls(), (Calls{"image.Height()", "image.Channels()", "image.BitDepth()", "image.Height()",
-                              "image.Width()", "KivRLC()", find_contours("2x3[0 7 255 | 1 0 0]"), "~KivRLC()",
-                              "region.CreateRegion(3, 2, {(0,1,2) (1,0,0)})"}));
+    EXPECT_EQ(calls(), (Calls{find_contours("2x3[0 7 255 | 1 0 0]"), "region.CreateRegion(3, 2, {(0,1,2) (1,0,0)})"}));
 }
 
 TEST_F(RasterContract, TheFrameIsTheImagesOwnSizeAndThePixelsAreItsMatrix)
@@ -95,18 +91,12 @@ TEST_F(RasterContract, AFailedCheckEndsTheCallAtOnce)
     const auto region_of = [&](KivImage& image) { return [&] { return KivImageToRegion(image, &region); }; };
     const auto binary_region_of = [&](KivImage& image) { return [&] { return KivBinImageToRegion(image, &region); }; };
     expect_all({
-        {"channels first", region_of(empty_coloured), KIVMV_ERR_CHANNELS, {"image.Channels()"}},
-        {"then data", region_of(empty), KIVMV_ERR_NO_IMAGE, {"image.Channels()", "image.ImageData()"}},
-        {"then depth",
-         region_of(wide),
-         KIVMV_ERR_BIT_DEPTH,
-         {"image.Channels()", "image.ImageData()", "image.BitDepth()"}},
-        {"height first", binary_region_of(empty_coloured), KIVMV_ERR_NO_IMAGE, {"image.Height()"}},
-        {"then channels", binary_region_of(coloured), KIVMV_ERR_CHANNELS, {"image.Height()", "image.Channels()"}},
-        {"then the depth",
-         binary_region_of(wide),
-         KIVMV_ERR_BIT_DEPTH,
-         {"image.Height()", "image.Channels()", "image.BitDepth()"}},
+        {"channels first", region_of(empty_coloured), KIVMV_ERR_CHANNELS, {}},
+        {"then data", region_of(empty), KIVMV_ERR_NO_IMAGE, {}},
+        {"then depth", region_of(wide), KIVMV_ERR_BIT_DEPTH, {}},
+        {"height first", binary_region_of(empty_coloured), KIVMV_ERR_NO_IMAGE, {}},
+        {"then channels", binary_region_of(coloured), KIVMV_ERR_CHANNELS, {}},
+        {"then the depth", binary_region_of(wide), KIVMV_ERR_BIT_DEPTH, {}},
     });
     coloured.test_channels = 0;
     EXPECT_EQ(KivBinImageToRegion(coloured, &region), KIVMV_ERR_CHANNELS);
@@ -124,7 +114,7 @@ TEST_F(RasterContract, RegionToImageReadsTheRegionOnceAndReplacesTheMatrix)
 
     EXPECT_EQ(KivRegionToImage(&image, region, 200, 10, 3, 2), KIVMV_OK);
 
-    EXPECT_EQ(calls(), (Calls{"region.Width()", "region.Height()", "region.GetRegionRuns()"}));
+    EXPECT_EQ(calls(), (Calls{}));
     EXPECT_EQ(image.test_matrix.type(), CV_8UC1);
     EXPECT_EQ(recording::text_of(image.test_matrix), "2x3[10 200 200 | 200 10 10]");
 }
@@ -143,7 +133,7 @@ TEST_F(RasterContract, RegionToImageLooksAtTheRegionLast)
     EXPECT_EQ(calls(), Calls{});
 
     EXPECT_EQ(KivRegionToImage(&image, region, 255, 0, 3, 2), KIVMV_ERR_PARAM_1);
-    EXPECT_EQ(calls(), (Calls{"region.Width()", "region.Height()", "region.GetRegionRuns()"}));
+    EXPECT_EQ(calls(), (Calls{}));
     EXPECT_TRUE(image.test_matrix.empty());
 }
 
@@ -156,7 +146,7 @@ TEST_F(RasterContract, RegionToBinImageUsesTheRegionsFrame)
 
     EXPECT_EQ(KivRegionToBinImage(&image, region), KIVMV_OK);
 
-    EXPECT_EQ(calls(), (Calls{"region.Width()", "region.Height()", "region.GetRegionRuns()"}));
+    EXPECT_EQ(calls(), (Calls{}));
     EXPECT_EQ(recording::text_of(image.test_matrix), "2x3[0 0 255 | 255 255 0]");
 }
 
@@ -176,7 +166,7 @@ TEST_F(RasterContract, RegionToBinImageLooksAtTheWidthOnly)
     set(region, "region", 0, 2, {{1, 0, 1}});
     start();
     EXPECT_EQ(KivRegionToBinImage(&image, region), KIVMV_ERR_PARAM_1);
-    EXPECT_EQ(calls(), (Calls{"region.Width()", "region.Height()", "region.GetRegionRuns()"}));
+    EXPECT_EQ(calls(), (Calls{}));
     EXPECT_TRUE(image.test_matrix.empty());
 
     set(region, "region", 2, 1, {});
@@ -212,7 +202,7 @@ TEST_F(RasterContract, ImageToMatrixSharesThePixelsAndAsksForHeightAndChannelsOn
 
     EXPECT_EQ(KivImageToMatrix(image, &matrix), KIVMV_OK);
 
-    EXPECT_EQ(calls(), (Calls{"image.Height()", "image.Channels()"}));
+    EXPECT_EQ(calls(), (Calls{}));
     EXPECT_EQ(matrix.test_matrix.data, image.test_matrix.data);
     EXPECT_EQ(matrix.test_matrix.type(), CV_16UC1);
     EXPECT_EQ(KivImageToMatrix(image, &matrix), KIVMV_OK) << "they share already";
@@ -226,9 +216,9 @@ TEST_F(RasterContract, ImageToMatrixRefusesBeforeItTouchesTheMatrix)
     image.test_channels = 3;
     KivMatrix matrix(padded_matrix(1, 2, {3, 4}));
     const auto shared = [&] { return KivImageToMatrix(image, &matrix); };
-    expect_all({{"no height", shared, KIVMV_ERR_NO_IMAGE, {"image.Height()"}}});
+    expect_all({{"no height", shared, KIVMV_ERR_NO_IMAGE, {}}});
     image.test_height = 1;
-    expect_all({{"three channels", shared, KIVMV_ERR_CHANNELS, {"image.Height()", "image.Channels()"}}});
+    expect_all({{"three channels", shared, KIVMV_ERR_CHANNELS, {}}});
     EXPECT_EQ(recording::text_of(matrix.test_matrix), "1x2[3 4]");
     image.test_channels = 0;
     EXPECT_EQ(shared(), KIVMV_OK);

@@ -136,6 +136,19 @@ TEST_F(DataTypeFaults, LeaveContoursThatAreBeingTracedAsTheyWere)
                           [&](KivContourArray& contours) { circle.Parameters().GetMask(&contours, &width, &height); });
 }
 
+TEST_F(DataTypeFaults, LeaveWhatIsTracedAndFilledOnRunsAsItWas)
+{
+    const std::vector<::Run> untidy = {{2, 0, 4}, {0, 0, 4}, {1, 0, 0}, {1, 4, 9}};
+    KivContourArray outlines = KivContourArray::BordersOf(untidy, 5, 3);
+    outlines.Append(KivContour{{-30, -20}, {50, 1}, {2, 40}});
+    expect_all_or_nothing(KivContourArray{{{5, 6}}},
+                          [&](KivContourArray& contours) { contours = KivContourArray::BordersOf(untidy, 5, 3); });
+    expect_all_or_nothing(std::vector<::Run>(),
+                          [&](std::vector<::Run>& filled) { filled = outlines.FilledRuns(9, 9); });
+    expect_all_or_nothing(KivMatrix(cv::Mat(1, 1, CV_8UC1, cv::Scalar(4))),
+                          [&](KivMatrix& mask) { mask = KivMatrix(IKivROIPara::ToMAT(outlines, 9, 9)); });
+}
+
 TEST_F(DataTypeFaults, LeaveImagesAndMatricesAsTheyWere)
 {
     const KivImage image(cv::Mat(2, 3, CV_8UC1, cv::Scalar(5)));

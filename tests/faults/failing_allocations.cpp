@@ -46,7 +46,7 @@ using AccessFlags = cv::AccessFlag;
 using AccessFlags = int;
 #endif
 
-/// OpenCV's own allocator, which fails when it is told to, with the error that OpenCV raises when memory runs out.
+/// OpenCV's own allocator, except that it can be made to fail, with the error that OpenCV raises when memory runs out.
 class FailingMatAllocator : public cv::MatAllocator
 {
 public:
@@ -58,7 +58,7 @@ public:
             size *= static_cast<std::size_t>(sizes[i]);
         }
         if (is_to_fail(size)) {
-            CV_Error(cv::Error::StsNoMem, "told to fail");
+            CV_Error(cv::Error::StsNoMem, "made to fail");
         }
         // OpenCV loses the pixels when the small block that describes them cannot be had, so the two count as one.
         const long counted = made;
@@ -109,7 +109,7 @@ void* operator new(std::size_t size)
     return allocate(size);
 }
 
-// For those who can do without: what the standard library then does is its own affair, so these never fail on purpose.
+// The standard library handles failures of these by itself, so they are never made to fail.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     void* block = std::malloc(size > 0 ? size : 1);

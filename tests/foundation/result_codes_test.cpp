@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <iterator>
 #include <set>
 #include <type_traits>
 
@@ -54,6 +56,25 @@ TEST(ResultCodes, OnlySuccessIsZero)
         EXPECT_EQ(code.actual == 0, code.expected == 0) << code.name;
         EXPECT_GE(code.actual, 0) << code.name;
     }
+}
+
+TEST(ResultCodes, AreDescribedByNameInAscendingOrder)
+{
+    ASSERT_EQ(std::size(KIVMV::ResultDescriptions), std::size(codes));
+    for (std::size_t i = 0; i < std::size(codes); ++i) {
+        const KIVMV::ResultDescription* description = KIVMV::DescribeResult(codes[i].expected);
+        ASSERT_EQ(description, &KIVMV::ResultDescriptions[i]) << codes[i].name;
+        EXPECT_EQ(description->code, codes[i].expected);
+        EXPECT_STREQ(description->name, codes[i].name);
+        EXPECT_STRNE(description->meaning, "");
+    }
+}
+
+TEST(ResultCodes, OtherNumbersHaveNoDescription)
+{
+    static_assert(KIVMV::DescribeResult(1) == nullptr);
+    EXPECT_EQ(KIVMV::DescribeResult(-1), nullptr);
+    EXPECT_EQ(KIVMV::DescribeResult(1100006), nullptr);
 }
 
 } // namespace

@@ -282,7 +282,7 @@ TEST(Radixsort, ColumnsThatEndTooSoonAreRefusedByTheArray)
         KivVarArray col_ends{1, 2};
         try {
             KIVMV::radixsort(rows, col_begins, col_ends);
-            ADD_FAILURE() << "nothing was refused";
+            ADD_FAILURE() << "nothing was rejected";
         } catch (const std::out_of_range& error) {
             EXPECT_STREQ(error.what(), "KivVarArray: index 1 is outside an array of length 1");
         }

@@ -6,7 +6,7 @@
 set -eu
 
 if ! command -v chromium >/dev/null; then
-    echo "skipped: chromium is not installed (scripts/setup test installs it)"
+    echo "skipped: chromium is not installed (scripts/setup installs it)"
     exit 77
 fi
 
@@ -21,28 +21,28 @@ fail() {
 }
 
 # probe WIDTH: a page that holds the gallery's page in a frame of that width, since a browser's window cannot be as
-# narrow as a telephone. Once all is loaded it looks into the frame and tells what it finds as lines of text.
+# narrow as a telephone. Once all is loaded it looks into the frame and reports its findings as lines of text.
 probe() {
     cat <<END
 <iframe src="index.html" style="width:${1}px;height:900px"></iframe>
 <script>addEventListener("load", () => {
     const {contentWindow: page, contentDocument: dom} = document.querySelector("iframe");
-    const told = ["loaded, " + page.innerWidth + " wide, " + dom.images.length + " pictures"];
+    const findings = ["loaded, " + page.innerWidth + " wide, " + dom.images.length + " pictures"];
     for (const image of dom.images) {
         const name = image.getAttribute("src");
-        if (!image.complete || image.naturalWidth === 0 || image.naturalHeight === 0) told.push("broken " + name);
-        if (image.width < 120 || image.height < 40) told.push("tiny " + name);
-        if (!image.alt) told.push("undescribed " + name);
+        if (!image.complete || image.naturalWidth === 0 || image.naturalHeight === 0) findings.push("broken " + name);
+        if (image.width < 120 || image.height < 40) findings.push("tiny " + name);
+        if (!image.alt) findings.push("undescribed " + name);
     }
     for (const link of dom.querySelectorAll('a[href^="#"]'))
-        if (!dom.getElementById(link.hash.slice(1))) told.push("dangling " + link.hash);
-    if (dom.documentElement.scrollWidth > page.innerWidth) told.push("wider than its frame");
-    document.body.append(...told.map((line) => "\nprobe: " + line + "\n"));
+        if (!dom.getElementById(link.hash.slice(1))) findings.push("dangling " + link.hash);
+    if (dom.documentElement.scrollWidth > page.innerWidth) findings.push("wider than its frame");
+    document.body.append(...findings.map((line) => "\nprobe: " + line + "\n"));
 })</script>
 END
 }
 
-# inspect WIDTH: what the probe tells, and what the browser logs.
+# inspect WIDTH: the findings of the probe, and what the browser logs.
 inspect() {
     probe "$1" >"$page/probe.html"
     timeout 120 chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run \
@@ -62,8 +62,8 @@ done
 
 pictures=$(grep -o '<img ' "$page/index.html" | wc -l)
 for width in 320 1600; do
-    told=$(inspect $width)
-    [ "$told" = "loaded, $width wide, $pictures pictures" ] || fail "in a frame $width wide: $told"
+    found=$(inspect $width)
+    [ "$found" = "loaded, $width wide, $pictures pictures" ] || fail "in a frame $width wide: $found"
 done
 
 # The probe itself must notice a picture that is missing.

@@ -75,7 +75,7 @@ std::string combined(Combination<Operand> operation, Operand a, Operand b, const
     Operand out(used);
     try {
         const int code = operation(a, b, &out);
-        return hostile::told(code, out);
+        return hostile::outcome(code, out);
     } catch (const std::bad_alloc&) {
         if (out != used) {
             return "the output has changed";
@@ -181,7 +181,7 @@ hostile::Cases hostile::algebra_cases()
              KivRegion from = moved_from(KivRegion(3, 3, {}));
              KivRegion out(used_region);
              const int code = KivRegionNot(from, &out);
-             return told(code, out);
+             return outcome(code, out);
          },
          "parameter 1; 1 x 1: (0, 0, 0)"},
         {"ComplementAroundTheLimits", [=] { return complement(INT_MAX, 2, around_zero); },

@@ -57,7 +57,7 @@ std::string shown(const Value& value)
 
 /// A code and what the output holds after it.
 template <class... Outputs>
-std::string told(int code, const Outputs&... outputs)
+std::string outcome(int code, const Outputs&... outputs)
 {
     return (name_of(code) + ... + ("; " + shown(outputs)));
 }

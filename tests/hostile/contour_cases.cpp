@@ -9,63 +9,63 @@
 namespace
 {
 
-using hostile::told;
+using hostile::outcome;
 
 std::string arrays_of(KivContour contour)
 {
     KivVarArray xs = {9};
     KivVarArray ys = {"text"};
     const int code = KIVMV::KivContourToVarArray(contour, &xs, &ys);
-    return told(code, xs, ys);
+    return outcome(code, xs, ys);
 }
 
 std::string contour_of(KivVarArray xs, KivVarArray ys)
 {
     KivContour contour = {{9, 9}};
     const int code = KIVMV::KivVarArrayToContour(xs, ys, &contour);
-    return told(code, contour);
+    return outcome(code, contour);
 }
 
 std::string contour_of_twice(KivVarArray both)
 {
     KivContour contour;
     const int code = KIVMV::KivVarArrayToContour(both, both, &contour);
-    return told(code, contour);
+    return outcome(code, contour);
 }
 
 std::string points_of(KivContour contour)
 {
     KivPointArray points = {{9, 9}};
     const int code = KIVMV::KivContourToPointArray(contour, &points);
-    return told(code, points);
+    return outcome(code, points);
 }
 
 std::string contour_of(KivPointArray points)
 {
     KivContour contour = {{9, 9}};
     const int code = KIVMV::KivPointArrayToContour(points, &contour);
-    return told(code, contour);
+    return outcome(code, contour);
 }
 
 std::string outlines_of(KivRegion region)
 {
     KivContourArray contours = {KivContour()};
     const int code = KIVMV::KivRegionToContourArray(region, &contours);
-    return told(code, contours);
+    return outcome(code, contours);
 }
 
 std::string outlines_of(KivImage image)
 {
     KivContourArray contours = {KivContour()};
     const int code = KIVMV::KivBinImageToContourArray(image, &contours);
-    return told(code, contours);
+    return outcome(code, contours);
 }
 
 std::string region_of(KivContour contour)
 {
     KivRegion region(2, 2, {});
     const int code = KIVMV::KivContourToRegion(contour, &region);
-    return told(code, region);
+    return outcome(code, region);
 }
 
 /// Both ways of filling contours, which must agree.
@@ -77,7 +77,7 @@ std::string filled(KivContourArray contours, int width, int height)
     const int image_code = KIVMV::KivContourArrayToBinImage(&image, contours, width, height);
     const bool agree = code == KIVMV::KIVMV_OK ? region.Runs() == support::plain_runs(image.Mat())
                                                : image.Mat().at<unsigned char>(0, 0) == 5;
-    return code == image_code && agree ? told(code, region) : "the two differ";
+    return code == image_code && agree ? outcome(code, region) : "the two differ";
 }
 
 /// The pixels that the result has when it is filled again.
@@ -86,7 +86,7 @@ std::string merged(KivImage image, KivContour contour, bool add)
     KivContourArray contours = {KivContour()};
     const int code = KIVMV::KivMergContour(image, contour, add, &contours);
     if (code != KIVMV::KIVMV_OK) {
-        return told(code, contours);
+        return outcome(code, contours);
     }
     return "ok\n" + support::picture_of(IKivROIPara::ToMAT(contours, image.Width(), image.Height()));
 }

@@ -6,7 +6,7 @@
 namespace
 {
 
-using hostile::told;
+using hostile::outcome;
 
 cv::Mat pixels(int width, int height, int type, double value)
 {
@@ -23,42 +23,42 @@ std::string region_of(KivImage image)
 {
     KivRegion region(2, 2, {});
     const int code = KIVMV::KivImageToRegion(image, &region);
-    return told(code, region);
+    return outcome(code, region);
 }
 
 std::string region_of_binary(KivImage image)
 {
     KivRegion region(2, 2, {});
     const int code = KIVMV::KivBinImageToRegion(image, &region);
-    return told(code, region);
+    return outcome(code, region);
 }
 
 std::string image_of(KivRegion region, int foreground, int background, int width, int height)
 {
     KivImage image(pixels(1, 1, CV_8UC1, 5));
     const int code = KIVMV::KivRegionToImage(&image, region, foreground, background, width, height);
-    return told(code, image);
+    return outcome(code, image);
 }
 
 std::string binary_image_of(KivRegion region)
 {
     KivImage image(pixels(1, 1, CV_8UC1, 5));
     const int code = KIVMV::KivRegionToBinImage(&image, region);
-    return told(code, image);
+    return outcome(code, image);
 }
 
 std::string matrix_of(KivImage image)
 {
     KivMatrix matrix(pixels(1, 1, CV_8UC1, 5));
     const int code = KIVMV::KivImageToMatrix(image, &matrix);
-    return told(code, matrix);
+    return outcome(code, matrix);
 }
 
 std::string image_of(KivMatrix matrix)
 {
     KivImage image(pixels(1, 1, CV_8UC1, 5));
     const int code = KIVMV::KivMatrixToImage(&image, matrix);
-    return told(code, image);
+    return outcome(code, image);
 }
 
 KivRegion far_reaching()

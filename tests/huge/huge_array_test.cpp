@@ -1,29 +1,51 @@
 // SPDX-License-Identifier: MIT
-// Arrays as long as an int can tell. Their memory takes many seconds to come by, so they are tried only with
+// Arrays with as many elements as an int can count. They take seconds to fill, so they are tried only with
 // KIV_LONG_TESTS in the environment.
-#include "huge/memory.h"
+#include "huge/folded_memory.h"
 
+#include <KivData/KivContour.h>
+#include <KivData/KivPoint.h>
 #include <KivData/KivVarArray.h>
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <cstddef>
-#include <cstdint>
 #include <cstdlib>
 #include <stdexcept>
 #include <utility>
 #include <vector>
 
-TEST(HugeArray, GrowsNoLongerThanAnIntCanTell)
+namespace
 {
-    constexpr std::size_t more_than_fits = std::size_t{INT_MAX} + 2;
-    if (std::getenv("KIV_LONG_TESTS") == nullptr || !huge::available(std::int64_t{sizeof(int)} * INT_MAX)) {
-        GTEST_SKIP() << "needs KIV_LONG_TESTS and 8.6 GB of memory";
+
+constexpr std::size_t one_too_many = std::size_t{INT_MAX} + 1;
+
+class HugeArray : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (std::getenv("KIV_LONG_TESTS") == nullptr || !huge::can_fold_memory()) {
+            GTEST_SKIP() << "needs KIV_LONG_TESTS and a build without sanitizers";
+        }
     }
+};
+
+template <class Array, class Element>
+void expect_one_too_many_rejected()
+{
+    std::vector<Element> elements(one_too_many);
+    EXPECT_THROW(Array(std::move(elements)), std::length_error);
+}
+
+} // namespace
+
+TEST_F(HugeArray, GrowsNoLongerThanAnIntCanCount)
+{
     std::vector<int> ints;
-    ints.reserve(more_than_fits);
-    ints.resize(std::size_t{INT_MAX} - 1);
+    ints.reserve(one_too_many);
+    ints.resize(one_too_many - 2);
     KivVarArray array(std::move(ints));
 
     array.Append(KivVar(5));
@@ -31,4 +53,30 @@ TEST(HugeArray, GrowsNoLongerThanAnIntCanTell)
     EXPECT_THROW(array.Append(KivVar(6)), std::length_error);
     EXPECT_EQ(array.Length(), INT_MAX);
     EXPECT_EQ(array.PackedInts()->back(), 5);
+}
+
+TEST_F(HugeArray, TakesNoMoreIntsThanAnIntCanCount)
+{
+    expect_one_too_many_rejected<KivVarArray, int>();
+}
+
+TEST_F(HugeArray, TakesNoMorePointsThanAnIntCanCount)
+{
+    expect_one_too_many_rejected<KivPointArray, KivPoint>();
+}
+
+TEST_F(HugeArray, TakesNoMorePointsOfAContourThanAnIntCanCount)
+{
+    expect_one_too_many_rejected<KivContour, cv::Point_<double>>();
+}
+
+TEST_F(HugeArray, TakesNoMoreContoursThanAnIntCanCount)
+{
+    std::vector<KivContour> contours;
+    contours.reserve(one_too_many);
+    contours.resize(one_too_many - 1);
+    KivContourArray array(std::move(contours));
+    EXPECT_EQ(array.Length(), INT_MAX);
+    EXPECT_THROW(array.Append(KivContour()), std::length_error);
+    EXPECT_EQ(array.Length(), INT_MAX);
 }

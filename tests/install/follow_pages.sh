@@ -32,21 +32,31 @@ build_program() {
     rm -r "$program"
 }
 
-expect_nothing_left() {
-    left=$(find /usr ! -type d -iname '*kiv[dcr]*')
-    [ -z "$left" ] || { echo "left behind: $left" >&2; exit 1; }
+# expect_gone LIST: of the files that it names none is there.
+expect_gone() {
+    [ -s "$1" ]
+    while IFS= read -r path; do
+        if [ ! -d "$path" ] && { [ -e "$path" ] || [ -L "$path" ]; }; then
+            echo "left behind: $path" >&2
+            exit 1
+        fi
+    done <"$1"
 }
 
 follow installing.md "## From source"
 build_program
-follow installing.md "### Taking it out"
-expect_nothing_left
+follow installing.md "### Uninstalling"
+expect_gone build/install/install_manifest.txt
 
 follow installing.md "## Debian packages"
 build_program
 kivconvert --version
-follow installing.md "### Taking them out"
-expect_nothing_left
+files=$(mktemp)
+for package in build/package/*.deb; do
+    dpkg-query -L "$(dpkg-deb -f "$package" Package)"
+done >"$files"
+follow installing.md "### Uninstalling packages"
+expect_gone "$files"
 
 if [ "${1-}" = --examples ]; then
     follow README.md "## Examples"

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Builds with nothing but what pkg-config tells: the example, and each library's header by itself.
+# Builds the example, and each library's header alone, with the options that pkg-config prints and no others.
 . "$(dirname "$0")/common.sh"
 need pkg-config
 export PKG_CONFIG_PATH="$KIV_TREE/$KIV_LIBDIR/pkgconfig"

@@ -2,6 +2,7 @@
 // Laws of the conversions between contours, regions and binary images: filling what was traced gives the traced mask
 // back, and drawing a contour does what drawing by hand does.
 #include "support/coordinates.h"
+#include "support/drawing.h"
 #include "support/pictures.h"
 #include "support/rasters.h"
 
@@ -122,13 +123,6 @@ KivContourArray traced(const cv::Mat& mask)
     return contours;
 }
 
-// The pixels of one contour with int coordinates in a frame of that size, filled together with its border.
-cv::Mat drawn(const KivContour& contour, int width, int height)
-{
-    KivContourArray contours = {contour};
-    return IKivROIPara::ToMAT(contours, width, height);
-}
-
 // A copy in which the pixels of `shape` have the given value.
 cv::Mat painted(const cv::Mat& mask, const cv::Mat& shape, int value)
 {
@@ -151,7 +145,7 @@ void expect_there_and_back(const cv::Mat& mask)
     ASSERT_TRUE(same_region(region, region_before));
     ASSERT_TRUE(same_values(contours_of_region, contours));
 
-    // Nothing is filled from nothing: an array without contours is refused.
+    // Nothing is filled from nothing: an array without contours is rejected.
     const int code = contours.Length() > 0 ? KIVMV::KIVMV_OK : KIVMV::KIVMV_ERR_PARAM_1;
     ASSERT_EQ(contours.Length() > 0, !region.Runs().empty());
     KivImage filled_image(cv::Mat::zeros(mask.rows, mask.cols, CV_8UC1));
@@ -270,7 +264,7 @@ TEST(ContourMerging, EqualsFillingTheRoundedContourAlone)
         for (const auto& point : contour.AllPoints()) {
             rounded.emplace_back(std::nearbyint(point.x), std::nearbyint(point.y));
         }
-        const cv::Mat shape = drawn(KivContour(rounded), width, height);
+        const cv::Mat shape = support::drawn(rounded, width, height);
         KivImage image(mask);
         const support::Snapshot snapshot(image);
         KivContourArray contours;
@@ -309,7 +303,7 @@ TEST(ContourFilling, EqualsFillingTheTruncatedContour)
             continue;
         }
         ASSERT_EQ(KIVMV::KivContourToRegion(contour, &region), KIVMV::KIVMV_OK);
-        const cv::Mat expected = drawn(KivContour(truncated), width, height);
+        const cv::Mat expected = support::drawn(truncated, width, height);
         ASSERT_TRUE(same_region(region, KivRegion(width, height, support::plain_runs(expected))))
             << support::text_of(contour);
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Laws of the raster conversions: an image and its region tell the same, for every small mask and for large random
-// ones, and the runs of a region are the ones that a plain loop over the bytes finds.
+// Laws of the raster conversions: an image and its region have the same pixels, for every small mask and for large
+// random ones, and the runs of a region are the ones that a plain loop over the bytes finds.
 #include <KivDataConvert/KivDataConvert.h>
 
 #include "support/pictures.h"

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Images and matrices: one way shares pixels, the other one copies and converts them.
+#include "raster/rounded_bytes.h"
+
 #include <KivDataConvert/KivDataConvert.h>
 
 #include "support/rasters.h"
@@ -9,6 +11,7 @@
 
 #include <climits>
 #include <exception>
+#include <limits>
 #include <vector>
 
 namespace
@@ -208,6 +211,52 @@ TEST(MatrixToImage, TiesGoToTheEvenNeighbour)
     const cv::Mat expected = grey_of({{0, 2, 2, 4, 254, 255, 0, 0}});
     expect_copy((cv::Mat_<double>(1, 8) << 0.5, 1.5, 2.5, 3.5, 254.5, 255.5, -0.5, -0.4), expected);
     expect_copy((cv::Mat_<float>(1, 8) << 0.5F, 1.5F, 2.5F, 3.5F, 254.5F, 255.5F, -0.5F, -0.4F), expected);
+}
+
+TEST(MatrixToImage, TiesGoToTheEvenNeighbourInLongRowsAsWell)
+{
+    for (int cols = 1; cols < 70; ++cols) {
+        cv::Mat_<double> values(1, cols);
+        cv::Mat_<uchar> expected(1, cols);
+        for (int x = 0; x < cols; ++x) {
+            values(0, x) = x + 0.5;
+            expected(0, x) = static_cast<uchar>(x % 2 == 0 ? x : x + 1);
+        }
+        expect_copy(values, expected);
+        cv::Mat floats;
+        values.convertTo(floats, CV_32F);
+        expect_copy(floats, expected);
+    }
+}
+
+TEST(MatrixToImage, NaNAndWhatNoIntCanHoldBecomeZero)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    const cv::Mat expected = grey_of({{0, 0, 0, 0, 0, 255, 0, 255, 0, 0}});
+    expect_copy((cv::Mat_<double>(1, 10) << nan, -nan, infinity, -infinity, 2147483648.0, 2147483647.0, -2147483649.0,
+                 2147483647.25, 2147483647.5, 1e300),
+                expected);
+    const float float_infinity = std::numeric_limits<float>::infinity();
+    const float float_nan = std::numeric_limits<float>::quiet_NaN();
+    expect_copy((cv::Mat_<float>(1, 10) << float_nan, -float_nan, float_infinity, -float_infinity, 2147483648.0F,
+                 2147483520.0F, -4294967296.0F, 256.0F, 4294967296.0F, 1e38F),
+                expected);
+}
+
+// What is done where OpenCV rounds differently, on every machine.
+TEST(RoundedBytes, AreTheNearestBytes)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    const cv::Mat values = (cv::Mat_<double>(2, 9) << 0.5, 1.5, 2.5, 3.5, 254.5, 255.5, -0.5, 0.49999999999999994,
+                            1e300, nan, infinity, -infinity, 2147483647.25, 2147483647.5, -3e9, 100.4, 100.6, 300.0);
+    const cv::Mat expected = grey_of({{0, 2, 2, 4, 254, 255, 0, 0, 0}, {0, 0, 0, 255, 0, 0, 100, 101, 255}});
+    EXPECT_TRUE(same_pixels(KivMatrix(kiv::rounded_bytes(values)), expected));
+    EXPECT_TRUE(same_pixels(KivMatrix(kiv::rounded_bytes(support::padded(values, 1, 2, 99).inner)), expected));
+    EXPECT_TRUE(same_pixels(KivMatrix(kiv::rounded_bytes(values.reshape(3))), expected.reshape(3)));
+    const cv::Mat floats = (cv::Mat_<float>(1, 4) << 0.5F, 1.5F, 2147483520.0F, 2147483648.0F);
+    EXPECT_TRUE(same_pixels(KivMatrix(kiv::rounded_bytes(floats)), grey_of({{0, 2, 255, 0}})));
 }
 
 TEST(MatrixToImage, FloatsBetweenZeroAndOneAreNotRescaled)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Images and binary images to regions: runs, frames, refused images and which fault of an image is reported.
+// Images and binary images to regions: runs, frames, rejected images and which fault of an image is reported.
 #include <KivDataConvert/KivDataConvert.h>
 
 #include "support/rasters.h"
@@ -252,7 +252,7 @@ TEST(ImageToRegion, PaddedRowsOfSeveralChannelsAreFoundByTheirStride)
 }
 
 // ---------------------------------------------------------------------------------------------------------------
-// KivImageToRegion: refused images
+// KivImageToRegion: rejected images
 
 TEST(ImageToRegion, ThreeChannelsAreRefused)
 {
@@ -303,7 +303,7 @@ TEST(ImageToRegion, ABufferIsAllThatIsAskedFor)
 }
 
 // ---------------------------------------------------------------------------------------------------------------
-// KivBinImageToRegion: refused images
+// KivBinImageToRegion: rejected images
 
 TEST(BinImageToRegion, AnImageWithoutRowsIsRefused)
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Regions painted into images: grey values, clipping, refused arguments and which of several faults is reported.
+// Regions painted into images: grey values, clipping, rejected arguments and which of several faults is reported.
 #include <KivDataConvert/KivDataConvert.h>
 
 #include "support/rasters.h"
@@ -298,7 +298,7 @@ TEST(RegionToImage, AnEmptyImageIsFilledAsWell)
 }
 
 // ---------------------------------------------------------------------------------------------------------------
-// KivRegionToImage: refused arguments
+// KivRegionToImage: rejected arguments
 
 TEST(RegionToImage, AForegroundOutsideTheGreyRangeIsRefused)
 {

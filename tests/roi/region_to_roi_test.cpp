@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// ROIs that are masks of regions: the region's runs and frame, whatever the ROI was before, and refused regions.
+// ROIs that are masks of regions: the region's runs and frame, whatever the ROI was before, and rejected regions.
 #include "support/set_algebra.h"
 
 #include <KivDataConvert/KivDataConvert.h>

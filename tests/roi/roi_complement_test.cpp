@@ -17,7 +17,7 @@ using support::same;
 constexpr int lowest = INT_MIN;
 constexpr int highest = INT_MAX;
 
-// The output before the operation: of a type without a mask, so that whatever has a mask afterwards was written.
+// The output before the operation: of a type without a mask, so that any mask afterwards was written.
 const KivROI used(KivShape::OpenCurve{{{1.0, 2.0}, {3.0, 4.0}}}, 7, 8);
 
 KivROI complement(const KivROI& roi)

@@ -17,7 +17,7 @@ using support::same;
 constexpr int lowest = INT_MIN;
 constexpr int highest = INT_MAX;
 
-// The output before an operation: of a type without a mask, so that whatever has a mask afterwards was written.
+// The output before an operation: of a type without a mask, so that any mask afterwards was written.
 const KivROI used(KivShape::OpenCurve{{{1.0, 2.0}, {3.0, 4.0}}}, 7, 8);
 
 const KivROI curve(KivShape::OpenCurve{{{0.0, 0.0}, {5.0, 5.0}}}, 30, 20);
@@ -32,7 +32,7 @@ KivROI rest(const KivROI& a, const KivROI& b)
     return support::combined<KivROI>(KIVMV::KivROISub, a, b, used);
 }
 
-testing::AssertionResult refused(const KivROI& a, const KivROI& b, int code)
+testing::AssertionResult rejected(const KivROI& a, const KivROI& b, int code)
 {
     return support::gives<KivROI>(KIVMV::KivROISub, a, b, used, code, used);
 }
@@ -63,18 +63,18 @@ Runs cut_one(int begin, int end, const Runs& cuts)
 TEST(RoiDifferenceTypes, AnOpenCurveIsRefused)
 {
     for (const KivROI& other : {curve, empty, mask, bare_mask, rectangle, KivROI()}) {
-        EXPECT_TRUE(refused(curve, other, KIVMV::KIVMV_ERR_PARAM_1));
+        EXPECT_TRUE(rejected(curve, other, KIVMV::KIVMV_ERR_PARAM_1));
     }
     for (const KivROI& other : {empty, mask, bare_mask, rectangle, KivROI()}) {
-        EXPECT_TRUE(refused(other, curve, KIVMV::KIVMV_ERR_PARAM_2));
+        EXPECT_TRUE(rejected(other, curve, KIVMV::KIVMV_ERR_PARAM_2));
     }
 }
 
 TEST(RoiDifferenceTypes, TwoEmptyRoisAreRefused)
 {
-    EXPECT_TRUE(refused(empty, empty, KIVMV::KIVMV_ERR_PARAM_1));
-    EXPECT_TRUE(refused(KivROI(), empty, KIVMV::KIVMV_ERR_PARAM_1));
-    EXPECT_TRUE(refused(KivROI(), KivROI(), KIVMV::KIVMV_ERR_PARAM_1));
+    EXPECT_TRUE(rejected(empty, empty, KIVMV::KIVMV_ERR_PARAM_1));
+    EXPECT_TRUE(rejected(KivROI(), empty, KIVMV::KIVMV_ERR_PARAM_1));
+    EXPECT_TRUE(rejected(KivROI(), KivROI(), KIVMV::KIVMV_ERR_PARAM_1));
 }
 
 TEST(RoiDifferenceTypes, ARefusedOperandThatIsTheOutputStaysAsItIs)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Every function in several threads at once, each on objects of its own: all results are those of a single thread, and
 // the thread sanitizer has nothing to say.
-#include "crew.h"
+#include "concurrent_calls.h"
 
 #include "faults/scenarios.h"
 
@@ -28,7 +28,7 @@ class DistinctObjects : public testing::TestWithParam<Scenario>
 TEST_P(DistinctObjects, GiveTheResultsOfASingleThread)
 {
     const std::string expected = result_of(GetParam());
-    EXPECT_EQ(threads::results_of_crew([] { return result_of(GetParam()); }), threads::always(expected));
+    EXPECT_EQ(threads::results_of_threads([] { return result_of(GetParam()); }), threads::always(expected));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, DistinctObjects, testing::ValuesIn(faults::all_scenarios()),
@@ -48,7 +48,7 @@ TEST(DistinctObjectsOfAllKinds, MayBeUsedAtTheSameTime)
         }
         return results;
     };
-    EXPECT_EQ(threads::results_of_crew(every_function), threads::always(expected));
+    EXPECT_EQ(threads::results_of_threads(every_function), threads::always(expected));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Every function in several threads at once, on one input that they share, each with an output of its own: an input is
 // not changed, not even for a moment.
-#include "crew.h"
+#include "concurrent_calls.h"
 
 #include "faults/bundled/given.h"
 
@@ -38,9 +38,9 @@ struct Use {
     std::function<std::string(Inputs&)> call;
 };
 
-/// A call with an output of its own, before its inputs or behind them.
+/// The result code and the output of a call, which gets an output of its own.
 template <class Output, class Call>
-std::string told(Call call)
+std::string outcome_of(Call call)
 {
     Output out;
     const int code = call(&out);
@@ -48,7 +48,7 @@ std::string told(Call call)
 }
 
 template <class Call>
-std::string told_arrays(Call call)
+std::string outcome_of_arrays(Call call)
 {
     KivVarArray xs;
     KivVarArray ys;
@@ -61,8 +61,8 @@ std::string all_combinations(int (*const (&operations)[3])(Operand&, Operand&, O
 {
     std::string results;
     for (const auto operation : operations) {
-        results += told<Operand>([&](Operand* out) { return operation(a, b, out); });
-        results += told<Operand>([&](Operand* out) { return operation(a, a, out); });
+        results += outcome_of<Operand>([&](Operand* out) { return operation(a, b, out); });
+        results += outcome_of<Operand>([&](Operand* out) { return operation(a, a, out); });
     }
     return results;
 }
@@ -70,17 +70,17 @@ std::string all_combinations(int (*const (&operations)[3])(Operand&, Operand&, O
 std::string all_of_roi(KivROI& roi)
 {
     using namespace KIVMV;
-    return told<KivRegion>([&](KivRegion* out) { return KivROIToRegion(roi, out); }) +
-           told<KivImage>([&](KivImage* out) { return KivROIToBinImage(out, roi); }) +
-           told<KivContourArray>([&](KivContourArray* out) { return KivROIToContourArray(roi, out); }) +
-           told<KivROI>([&](KivROI* out) { return KivROINot(roi, out); });
+    return outcome_of<KivRegion>([&](KivRegion* out) { return KivROIToRegion(roi, out); }) +
+           outcome_of<KivImage>([&](KivImage* out) { return KivROIToBinImage(out, roi); }) +
+           outcome_of<KivContourArray>([&](KivContourArray* out) { return KivROIToContourArray(roi, out); }) +
+           outcome_of<KivROI>([&](KivROI* out) { return KivROINot(roi, out); });
 }
 
 std::string all_of_arrays(KivVarArray& xs, KivVarArray& ys)
 {
     using namespace KIVMV;
-    return told<KivRegion>([&](KivRegion* out) { return KivVarArrayToRegion(xs, ys, out); }) +
-           told<KivContour>([&](KivContour* out) { return KivVarArrayToContour(xs, ys, out); }) +
+    return outcome_of<KivRegion>([&](KivRegion* out) { return KivVarArrayToRegion(xs, ys, out); }) +
+           outcome_of<KivContour>([&](KivContour* out) { return KivVarArrayToContour(xs, ys, out); }) +
            std::to_string(maxbit(xs));
 }
 
@@ -91,17 +91,19 @@ std::vector<Use> all_uses()
         {"RegionConversions",
          [](Inputs& in) {
              KivRegion& region = in.region_a;
-             return told_arrays([&](KivVarArray* xs, KivVarArray* ys) { return KivRegionToVarArray(region, xs, ys); }) +
-                    told<KivPointArray>([&](KivPointArray* out) { return KivRegionToPointArray(region, out); }) +
-                    told<KivImage>([&](KivImage* out) { return KivRegionToImage(out, region, 9, 1, 8, 5); }) +
-                    told<KivImage>([&](KivImage* out) { return KivRegionToBinImage(out, region); }) +
-                    told<KivContourArray>([&](KivContourArray* out) { return KivRegionToContourArray(region, out); }) +
-                    told<KivROI>([&](KivROI* out) { return KivRegionToROI(region, out); });
+             return outcome_of_arrays(
+                        [&](KivVarArray* xs, KivVarArray* ys) { return KivRegionToVarArray(region, xs, ys); }) +
+                    outcome_of<KivPointArray>([&](KivPointArray* out) { return KivRegionToPointArray(region, out); }) +
+                    outcome_of<KivImage>([&](KivImage* out) { return KivRegionToImage(out, region, 9, 1, 8, 5); }) +
+                    outcome_of<KivImage>([&](KivImage* out) { return KivRegionToBinImage(out, region); }) +
+                    outcome_of<KivContourArray>(
+                        [&](KivContourArray* out) { return KivRegionToContourArray(region, out); }) +
+                    outcome_of<KivROI>([&](KivROI* out) { return KivRegionToROI(region, out); });
          }},
         {"RegionAlgebra",
          [](Inputs& in) {
              return all_combinations({KivRegionAdd, KivRegionAnd, KivRegionSub}, in.region_a, in.region_b) +
-                    told<KivRegion>([&](KivRegion* out) { return KivRegionNot(in.region_a, out); });
+                    outcome_of<KivRegion>([&](KivRegion* out) { return KivRegionNot(in.region_a, out); });
          }},
         {"Masks", [](Inputs& in) { return all_of_roi(in.mask_a); }},
         {"Circles", [](Inputs& in) { return all_of_roi(in.circle); }},
@@ -117,29 +119,35 @@ std::vector<Use> all_uses()
         {"Images",
          [](Inputs& in) {
              KivImage& image = in.image;
-             return told<KivRegion>([&](KivRegion* out) { return KivImageToRegion(image, out); }) +
-                    told<KivRegion>([&](KivRegion* out) { return KivBinImageToRegion(image, out); }) +
-                    told<KivMatrix>([&](KivMatrix* out) { return KivImageToMatrix(image, out); }) +
-                    told<KivROI>([&](KivROI* out) { return KivBinImageToROI(image, out); }) +
-                    told<KivContourArray>([&](KivContourArray* out) { return KivBinImageToContourArray(image, out); }) +
-                    told<KivContourArray>(
+             return outcome_of<KivRegion>([&](KivRegion* out) { return KivImageToRegion(image, out); }) +
+                    outcome_of<KivRegion>([&](KivRegion* out) { return KivBinImageToRegion(image, out); }) +
+                    outcome_of<KivMatrix>([&](KivMatrix* out) { return KivImageToMatrix(image, out); }) +
+                    outcome_of<KivROI>([&](KivROI* out) { return KivBinImageToROI(image, out); }) +
+                    outcome_of<KivContourArray>(
+                        [&](KivContourArray* out) { return KivBinImageToContourArray(image, out); }) +
+                    outcome_of<KivContourArray>(
                         [&](KivContourArray* out) { return KivMergContour(image, in.contour, false, out); });
          }},
         {"Matrices",
-         [](Inputs& in) { return told<KivImage>([&](KivImage* out) { return KivMatrixToImage(out, in.matrix); }); }},
+         [](Inputs& in) {
+             return outcome_of<KivImage>([&](KivImage* out) { return KivMatrixToImage(out, in.matrix); });
+         }},
         {"Contours",
          [](Inputs& in) {
-             return told_arrays(
+             return outcome_of_arrays(
                         [&](KivVarArray* xs, KivVarArray* ys) { return KivContourToVarArray(in.contour, xs, ys); }) +
-                    told<KivPointArray>([&](KivPointArray* out) { return KivContourToPointArray(in.contour, out); }) +
-                    told<KivRegion>([&](KivRegion* out) { return KivContourToRegion(in.contour, out); }) +
-                    told<KivRegion>([&](KivRegion* out) { return KivContourArrayToRegion(in.contours, 9, 7, out); }) +
-                    told<KivImage>([&](KivImage* out) { return KivContourArrayToBinImage(out, in.contours, 9, 7); });
+                    outcome_of<KivPointArray>(
+                        [&](KivPointArray* out) { return KivContourToPointArray(in.contour, out); }) +
+                    outcome_of<KivRegion>([&](KivRegion* out) { return KivContourToRegion(in.contour, out); }) +
+                    outcome_of<KivRegion>(
+                        [&](KivRegion* out) { return KivContourArrayToRegion(in.contours, 9, 7, out); }) +
+                    outcome_of<KivImage>(
+                        [&](KivImage* out) { return KivContourArrayToBinImage(out, in.contours, 9, 7); });
          }},
         {"Points",
          [](Inputs& in) {
-             return told<KivRegion>([&](KivRegion* out) { return KivPointArrayToRegion(in.points, out); }) +
-                    told<KivContour>([&](KivContour* out) { return KivPointArrayToContour(in.points, out); });
+             return outcome_of<KivRegion>([&](KivRegion* out) { return KivPointArrayToRegion(in.points, out); }) +
+                    outcome_of<KivContour>([&](KivContour* out) { return KivPointArrayToContour(in.points, out); });
          }},
         {"PackedArrays", [](Inputs& in) { return all_of_arrays(in.packed_xs, in.packed_ys); }},
         {"MixedArrays", [](Inputs& in) { return all_of_arrays(in.mixed_xs, in.mixed_ys); }},
@@ -156,7 +164,7 @@ TEST_P(SharedInputs, GiveTheResultsOfASingleThread)
     Inputs for_one_thread;
     const std::string expected = GetParam().call(for_one_thread);
     Inputs shared;
-    EXPECT_EQ(threads::results_of_crew([&] { return GetParam().call(shared); }), threads::always(expected));
+    EXPECT_EQ(threads::results_of_threads([&] { return GetParam().call(shared); }), threads::always(expected));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, SharedInputs, testing::ValuesIn(all_uses()),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What files hold is told from their names and their texts, and is one shape however it comes.
+// One shape in every format; what the names and the texts of files say about their contents.
 #include "kivconvert/contour_files.h"
 #include "kivconvert/conversions.h"
 #include "kivconvert/image_files.h"

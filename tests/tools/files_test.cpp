@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/files.h"
-#include "kivconvert/interruptions.h"
 #include "tools/scratch_folder.h"
 
-#include <fmt/format.h>
-
 #include <barrier>
-#include <csignal>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <string>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 namespace
@@ -42,7 +39,7 @@ TEST_F(Files, ThatCannotBeReadAreNamed)
               path("none") + ": cannot be opened: No such file or directory");
     EXPECT_EQ(complaint_of([&] { read_file(put("empty", "")); }), path("empty") + ": is empty");
     EXPECT_EQ(complaint_of([&] { read_file(path("")); }), path("") + ": cannot be read: Is a directory");
-    EXPECT_EQ(complaint_of([] { read_file("/proc/self/mem"); }), "/proc/self/mem: cannot be read: Input/output error");
+    EXPECT_EQ(complaint_of([] { read_file("/proc/self/mem"); }).find("/proc/self/mem: cannot be read: "), 0U);
 }
 
 TEST_F(Files, AreNotWrittenWhereThereIsNoFolder)
@@ -75,7 +72,7 @@ TEST_F(Files, AreNeverSeenHalfWritten)
     const std::string texts[] = {std::string(100'000, 'a'), std::string(300'000, 'b')};
     write_file(path("a"), texts[0]);
     std::barrier both(2); // so that they write at the same time, again and again
-    std::vector<std::jthread> writers;
+    std::vector<std::thread> writers;
     for (const std::string& text : texts) {
         writers.emplace_back([&, this] {
             for (int i = 0; i < 200; ++i) {
@@ -88,7 +85,9 @@ TEST_F(Files, AreNeverSeenHalfWritten)
         const std::string seen = read_file(path("a"));
         EXPECT_TRUE(seen == texts[0] || seen == texts[1]) << seen.size() << " bytes";
     }
-    writers.clear();
+    for (std::thread& writer : writers) {
+        writer.join();
+    }
     EXPECT_EQ(files(), 1);
 }
 
@@ -103,20 +102,8 @@ TEST_F(Files, LeaveNothingBehindWhenTheyCannotBeRenamed)
 {
     const std::string name(256, 'a'); // one letter more than a name may have
     EXPECT_EQ(complaint_of([&] { write_file(path(name), "text"); }),
-              path(name) + ": cannot be written: File name too long");
+              path(name) + ": cannot be written: " + std::strerror(ENAMETOOLONG));
     EXPECT_EQ(files(), 0);
-}
-
-TEST_F(Files, LeaveAloneWhatWasLeftBehind)
-{
-    constexpr int leftovers = 4000; // of a process that had the same number
-    for (int i = 1; i <= leftovers; ++i) {
-        put(fmt::format(".kivconvert-{}-{}", getpid(), i), "left");
-    }
-    write_file(path("a"), "text");
-    EXPECT_EQ(get("a"), "text");
-    EXPECT_EQ(get(fmt::format(".kivconvert-{}-{}", getpid(), leftovers)), "left");
-    EXPECT_EQ(files(), leftovers + 1);
 }
 
 TEST_F(Files, DoNotTakeThePlaceOfLinksToNothing)
@@ -130,30 +117,23 @@ TEST_F(Files, DoNotTakeThePlaceOfLinksToNothing)
 
 TEST_F(Files, KeepTheirPermissionsWhenTheyAreReplaced)
 {
-    for (const auto mode : {std::filesystem::perms(0600), std::filesystem::perms(0444)}) {
+    for (const auto mode : {std::filesystem::perms(0600), std::filesystem::perms(0755)}) {
         std::filesystem::permissions(put("a", "old"), mode);
         write_file(path("a"), "new");
         EXPECT_EQ(get("a"), "new");
         EXPECT_EQ(std::filesystem::status(path("a")).permissions(), mode);
-        std::filesystem::remove(path("a"));
     }
 }
 
-TEST_F(Files, AreNotLeftHalfWrittenByAnInterruption)
+TEST_F(Files, ThatAreReadOnlyAreNotReplaced)
 {
-    const auto write_until_interrupted = [&] {
-        kivconvert::watch_for_interruptions();
-        const std::string text(1'000'000, 'a');
-        std::thread([] { kill(getpid(), SIGTERM); }).detach();
-        while (true) {
-            write_file(path("a"), text);
-        }
-    };
-    for (int i = 0; i < 10; ++i) {
-        EXPECT_EXIT(write_until_interrupted(), testing::KilledBySignal(SIGTERM), "");
-        std::filesystem::remove(path("a"));
-        EXPECT_EQ(files(), 0);
-    }
+    std::filesystem::permissions(put("a", "old"), std::filesystem::perms(0444));
+    EXPECT_EQ(complaint_of([&] { write_file(path("a"), "new"); }), path("a") + ": is read-only");
+    EXPECT_EQ(get("a"), "old");
+    std::filesystem::create_symlink(path("a"), path("link"));
+    EXPECT_EQ(complaint_of([&] { write_file(path("link"), "new"); }), path("link") + ": is read-only");
+    EXPECT_EQ(get("a"), "old");
+    EXPECT_EQ(files(), 2);
 }
 
 TEST(Endings, AreToldInAnyCase)

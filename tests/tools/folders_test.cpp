@@ -55,7 +55,7 @@ protected:
             return 0;
         } catch (const kivconvert::FilesFailed& failed) {
             EXPECT_STREQ(failed.what(), expected_failure.c_str());
-            return failed.status;
+            return failed.failure.status;
         }
     }
 

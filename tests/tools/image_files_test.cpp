@@ -2,6 +2,7 @@
 #include "kivconvert/image_files.h"
 #include "kivconvert/region_files.h"
 #include "kivconvert/result_codes.h"
+#include "tools/made_images.h"
 #include "tools/scratch_folder.h"
 
 #include <opencv2/core.hpp>
@@ -25,7 +26,7 @@ TEST_F(ImageFiles, AreReadAsTheyWereWritten)
 {
     for (const char* name : {"a.png", "a.bmp", "a.pgm", "a.tif", "a.tiff", "A.PNG"}) {
         kivconvert::write_image(path(name), small_image());
-        EXPECT_EQ(kivconvert::read_grey_image(path(name)), small_image()) << name;
+        EXPECT_EQ(kivconvert::read_image(path(name)), small_image()) << name;
     }
 }
 
@@ -39,51 +40,49 @@ TEST_F(ImageFiles, AreWrittenInFormatsThatKeepEveryPixel)
     EXPECT_EQ(files(), 0);
 }
 
-TEST_F(ImageFiles, AreReadAsGreyWhenTheyAreColoured)
-{
-    const std::string pixels("\xff\xff\xff\x00\x00\x00", 6);
-    const KivImage image = kivconvert::read_grey_image(put("a.ppm", "P6\n2 1\n255\n" + pixels));
-    EXPECT_EQ(image, KivImage((cv::Mat_<uchar>(1, 2) << 255, 0)));
-}
-
-TEST_F(ImageFiles, AreReadAsGreyWhenTheyAreColouredFloats)
-{
-    std::vector<uchar> bytes;
-    ASSERT_TRUE(cv::imencode(".hdr", cv::Mat(2, 3, CV_32FC3, cv::Scalar::all(0.5)), bytes));
-    const KivImage image = kivconvert::read_grey_image(put("a.hdr", std::string(bytes.begin(), bytes.end())));
-    EXPECT_EQ(image.Mat().type(), CV_32FC1);
-    EXPECT_LT(cv::norm(image.Mat(), cv::Mat1f(2, 3, 0.5F), cv::NORM_INF), 1e-6);
-}
-
-TEST_F(ImageFiles, KeepTheirBitDepth)
-{
-    const std::string pixels("\x01\x00\x00\x07", 4);
-    KivImage image = kivconvert::read_grey_image(put("a.pgm", "P5\n2 1\n65535\n" + pixels));
-    EXPECT_EQ(image, KivImage((cv::Mat_<ushort>(1, 2) << 256, 7)));
-    EXPECT_THROW(kivconvert::region_of(image, "a.pgm"), kivconvert::ResultError);
-}
-
 TEST_F(ImageFiles, ThatAreNoneOrDamagedAreNamed)
 {
     kivconvert::write_image(path("whole.png"), small_image());
     put("text.png", "not an image");
     put("cut.png", get("whole.png").substr(0, 30));
-    std::vector<uchar> jpeg;
-    ASSERT_TRUE(cv::imencode(".jpg", cv::Mat(64, 64, CV_8UC1, cv::Scalar(99)), jpeg));
-    const std::string bytes(jpeg.begin(), jpeg.end());
-    put("whole.jpg", bytes);
-    EXPECT_EQ(kivconvert::read_grey_image(path("whole.jpg")).Width(), 64);
-    put("cut.jpg", bytes.substr(0, bytes.size() - 2));
+    EXPECT_EQ(complaint_of([&] { kivconvert::read_image(path("text.png")); }),
+              path("text.png") + ": is no image of a known format; PNG, TIFF, JPEG, BMP and PNM are read");
+    EXPECT_EQ(complaint_of([&] { kivconvert::read_image(path("cut.png")); }),
+              path("cut.png") + ": is a damaged or cut off PNG file: its end is missing");
+}
 
+TEST_F(ImageFiles, OfJpegMayHoldPreviewsAndGoOnBehindTheirEnd)
+{
+    const std::string bytes = tools_tests::make_jpeg(64, 64, 1, std::string(4096, 'c'));
     const std::string preview("\xff\xff\xe1\0\6\xff\xd8\xff\xd9", 9); // in a segment that a fill byte precedes
     put("previewed.jpg", bytes.substr(0, 2) + preview + bytes.substr(2) + "\xff\xda behind");
-    EXPECT_EQ(kivconvert::read_grey_image(path("previewed.jpg")).Width(), 64);
-    put("previewed_cut.jpg", bytes.substr(0, 2) + preview + bytes.substr(2, bytes.size() - 4));
+    EXPECT_EQ(kivconvert::read_image(path("previewed.jpg")).Width(), 64);
+    put("cut.jpg", bytes.substr(0, 2) + preview + bytes.substr(2, bytes.size() - 4));
     put("begun.jpg", bytes.substr(0, 2) + preview);
-    for (const char* name : {"text.png", "cut.png", "cut.jpg", "previewed_cut.jpg", "begun.jpg"}) {
-        EXPECT_EQ(complaint_of([&] { kivconvert::read_grey_image(path(name)); }),
-                  path(name) + ": is not an image of a known format, or a damaged or too large one");
+    for (const char* name : {"cut.jpg", "begun.jpg"}) {
+        const std::string complaint = complaint_of([&] { kivconvert::read_image(path(name)); });
+        EXPECT_EQ(complaint.find(path(name) + ": is a damaged or cut off JPEG file: "), 0U) << complaint;
     }
+}
+
+TEST_F(ImageFiles, ShownAsPicturesKeepColoursAndOpacity)
+{
+    tools_tests::MadePng image{.width = 2, .height = 1, .type = 3, .samples = std::string("\0\1", 2)};
+    image.palette = {{{1, 2, 3}}, {{4, 5, 6}}};
+    image.opacities = "\x40";
+    const kivconvert::PngPicture picture = kivconvert::read_as_png(put("a.png", tools_tests::make_png(image)));
+    EXPECT_EQ(picture.width, 2);
+    EXPECT_EQ(picture.height, 1);
+    const std::vector<uchar> bytes(picture.bytes.begin(), picture.bytes.end());
+    const cv::Mat pixels = cv::imdecode(bytes, cv::IMREAD_UNCHANGED); // blue first
+    ASSERT_EQ(pixels.type(), CV_8UC4);
+    EXPECT_EQ(pixels.at<cv::Vec4b>(0), cv::Vec4b(3, 2, 1, 0x40));
+    EXPECT_EQ(pixels.at<cv::Vec4b>(1), cv::Vec4b(6, 5, 4, 255));
+
+    const std::string deep("P6 1 1 65535\n\xff\xff\x80\x80\0\0", 19);
+    const std::string made = kivconvert::read_as_png(put("b.ppm", deep)).bytes;
+    EXPECT_EQ(cv::imdecode(std::vector<uchar>(made.begin(), made.end()), cv::IMREAD_UNCHANGED).at<cv::Vec3b>(0),
+              cv::Vec3b(0, 128, 255));
 }
 
 TEST_F(ImageFiles, HoldRegions)
@@ -93,7 +92,7 @@ TEST_F(ImageFiles, HoldRegions)
     EXPECT_EQ(kivconvert::read_region(path("a.png")), region);
     kivconvert::write_painted(path("b.png"), region, {.foreground = 9, .background = 0, .width = 2, .height = 1},
                               "runs");
-    EXPECT_EQ(kivconvert::read_grey_image(path("b.png")), KivImage((cv::Mat_<uchar>(1, 2) << 0, 9)));
+    EXPECT_EQ(kivconvert::read_image(path("b.png")), KivImage((cv::Mat_<uchar>(1, 2) << 0, 9)));
 }
 
 TEST_F(ImageFiles, HaveBoundedSizes)

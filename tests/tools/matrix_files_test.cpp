@@ -20,6 +20,7 @@ TEST_F(MatrixFiles, AreReadAsTheyWereWritten)
     EXPECT_EQ(get("a.csv"), "0.1,-2,1000000000\n3,4.5,-1e-09\n");
     EXPECT_EQ(read_matrix(path("a.csv")), matrix);
     EXPECT_EQ(read_matrix(put("b.csv", "1\r\n2")), KivMatrix((cv::Mat_<double>(2, 1) << 1, 2)));
+    EXPECT_EQ(read_matrix(put("c.csv", "1, +2\n\"3\",4\n\n")), KivMatrix((cv::Mat_<double>(2, 2) << 1, 2, 3, 4)));
 }
 
 TEST_F(MatrixFiles, AreRoundedAndClampedToImages)
@@ -27,7 +28,7 @@ TEST_F(MatrixFiles, AreRoundedAndClampedToImages)
     put("a.csv", "-7,0.5,1.5\n254.4,254.6,300\n");
     KivMatrix matrix = read_matrix(path("a.csv"));
     kivconvert::write_matrix(path("a.png"), matrix);
-    EXPECT_EQ(kivconvert::read_grey_image(path("a.png")), KivImage((cv::Mat_<uchar>(2, 3) << 0, 0, 2, 254, 255, 255)));
+    EXPECT_EQ(kivconvert::read_image(path("a.png")), KivImage((cv::Mat_<uchar>(2, 3) << 0, 0, 2, 254, 255, 255)));
 }
 
 TEST_F(MatrixFiles, ShowImagesInTheirOwnDepth)
@@ -42,16 +43,16 @@ TEST_F(MatrixFiles, ShowImagesInTheirOwnDepth)
 TEST_F(MatrixFiles, MustBeRowsOfAsManyNumbers)
 {
     const std::pair<const char*, const char*> malformed[] = {
-        {"\n", "1: value is not a number"},
-        {"1,2\n\n", "2: value is not a number"},
+        {"\n", "1: holds no values"},
+        {"1,2\n\n3,4\n", "2: has 1 values, but the first line has 2"},
         {"1,\n", "1: value is not a number"},
-        {"1;2\n", "1: expected \",\""},
+        {"1;2\n", "1: value is not a number"},
         {"1,2\n3\n", "2: has 1 values, but the first line has 2"},
         {"1\n2,3\n", "2: has 2 values, but the first line has 1"},
-        {"nan\n", "1: value is not a number from -2147483648 to 2147483647"},
-        {"1\n-inf\n", "2: value is not a number from -2147483648 to 2147483647"},
+        {"nan\n", "1: value is not a number"},
+        {"1\n-inf\n", "2: value is not a number"},
         {"2147483648\n", "1: value is not a number from -2147483648 to 2147483647"},
-        {"1e999\n", "1: value is out of the range of double"},
+        {"1e999\n", "1: value is not a number from -2147483648 to 2147483647"},
         {"x,y\n", "1: value is not a number"},
     };
     for (const auto& [text, complaint] : malformed) {

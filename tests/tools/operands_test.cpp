@@ -52,7 +52,8 @@ TEST_F(OperandsOfCommands, TakeAGivenFrameFirst)
 TEST_F(OperandsOfCommands, RefuseAFrameThatNoneNeeds)
 {
     kivconvert::write_runs(path("a.csv"), runs);
-    const std::string complaint = "--width: is for shapes and contours; everything else has a frame of its own";
+    const std::string complaint =
+        "--width: is for shapes, contours and runs without a frame; everything else has its own";
     EXPECT_EQ(complaint_of([&] { kivconvert::read_operand(path("a.csv"), {2, 2}); }), complaint);
     EXPECT_EQ(complaint_of([&] { read_operands(path("a.csv"), path("a.csv"), {2, 2}); }), complaint);
 }
@@ -67,6 +68,16 @@ TEST_F(OperandsOfCommands, NeedAPossibleFrame)
                   kivconvert::read_operand(rectangle, {1 << 21, 1});
               }).find("is too large"),
               std::string::npos);
+}
+
+TEST_F(OperandsOfCommands, MayBeRunsWithoutAFrame)
+{
+    kivconvert::write_runs(path("a.csv"), runs);
+    put("b.csv", "row,colBegin,colEnd\n1,2,9\n");
+    EXPECT_EQ(complaint_of([&] { kivconvert::read_operand(path("b.csv"), {}); }),
+              path("b.csv") + ": is in no frame; give --width and --height");
+    EXPECT_EQ(region_of(kivconvert::read_operand(path("b.csv"), {3, 9})), KivRegion(3, 9, {{1, 2, 9}}));
+    EXPECT_EQ(region_of(read_operands(path("a.csv"), path("b.csv"), {}).b), KivRegion(7, 5, {{1, 2, 9}}));
 }
 
 TEST_F(OperandsOfCommands, MayBeShapesWithoutPixels)

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 namespace
@@ -47,6 +48,41 @@ TEST(Outlines, HaveTheHolesInTheSmallestOfThem)
     EXPECT_EQ(holes_by_top_row(kivconvert::outlines_of({30, 12, {hole, large, beside}})), (Holes{{0, 1}, {1, 0}}));
     EXPECT_EQ(holes_by_top_row(kivconvert::outlines_of({30, 12, {small, large, hole}})), (Holes{{2, 1}, {0, 0}}));
     EXPECT_EQ(holes_by_top_row(kivconvert::outlines_of({30, 12, {beside, hole}})), (Holes{{1, 0}, {3, 0}}));
+}
+
+/// Squares of foreground and background in turn, one within the other.
+cv::Mat squares(int count)
+{
+    cv::Mat mask = cv::Mat::zeros(4 * count, 4 * count, CV_8UC1);
+    for (int i = 0; i < count; ++i) {
+        const cv::Point corner(2 * i, 2 * i);
+        cv::rectangle(mask, corner, cv::Point(4 * count - 1, 4 * count - 1) - corner, cv::Scalar(i % 2 == 0 ? 255 : 0),
+                      cv::FILLED);
+    }
+    return mask;
+}
+
+TEST(Outlines, HaveTheHolesOfIslandsInHoles)
+{
+    kivconvert::TracedContours contours = traced(squares(6));
+    const auto outlines = kivconvert::outlines_of(contours);
+    ASSERT_EQ(outlines.size(), 3U);
+    for (const kivconvert::Outline& outline : outlines) {
+        ASSERT_EQ(outline.holes.size(), 1U);
+        const auto outer = outline.outer->AllPoints().front();
+        const auto hole = outline.holes.front()->AllPoints().front();
+        EXPECT_LE(std::abs(hole.x - outer.x), 2) << "the hole begins two columns to the right, or one";
+        EXPECT_LE(std::abs(hole.y - outer.y), 2);
+    }
+}
+
+TEST(Outlines, CostNothingForTheFrame)
+{
+    const KivContour outer = {{0.0, 0.0}, {0.0, 1e6}, {1e6, 1e6}, {1e6, 0.0}};
+    const KivContour hole = {{9.0, 9.0}, {99.0, 9.0}, {99.0, 99.0}, {9.0, 99.0}};
+    const auto outlines = kivconvert::outlines_of({1 << 20, 1 << 20, {outer, hole}}); // 2^40 pixels
+    ASSERT_EQ(outlines.size(), 1U);
+    EXPECT_EQ(outlines.front().holes.size(), 1U);
 }
 
 TEST(Outlines, OfPixelsAndLinesHaveNoHoles)

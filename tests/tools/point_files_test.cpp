@@ -37,7 +37,7 @@ TEST_F(PointFiles, AreNotMadeOfMoreThanCanBeListed)
 {
     KivRegion region(7, 5, {{0, INT_MIN, INT_MAX}, {1, INT_MIN, INT_MAX}});
     EXPECT_EQ(complaint_of([&] { kivconvert::write_points(path("a.csv"), region, "b.csv"); }),
-              "b.csv: has more than 134217728 pixels, too many to list");
+              "b.csv: up to 8589934592 points would take 524288 MiB; --max-memory allows 1024");
     EXPECT_EQ(files(), 0);
 }
 
@@ -48,6 +48,9 @@ TEST(PointCsv, GivesPointsBackAsTheyAre)
     EXPECT_EQ(kivconvert::parse_points_csv(kivconvert::points_as_csv(points), "a"), points);
     EXPECT_EQ(kivconvert::points_as_csv(KivVarArray{1, -2}, KivVarArray{3, 4}), "x,y\n1,3\n-2,4\n");
     EXPECT_EQ(kivconvert::parse_points_csv("x,y\r\n1,2", "a"), KivPointArray({{1, 2}}));
+    EXPECT_EQ(kivconvert::parse_points_csv("\"x\", \"y\"\n+1.5, -2e-1\n\n", "a"), KivPointArray({{1.5, -0.2}}));
+    const KivPointArray tiny = {{5e-324, -2.2250738585072011e-308}};
+    EXPECT_EQ(kivconvert::parse_points_csv(kivconvert::points_as_csv(tiny), "a"), tiny);
 }
 
 TEST(PointCsv, MustHaveTwoCoordinatesNearTheFrameOnEachLine)
@@ -55,14 +58,16 @@ TEST(PointCsv, MustHaveTwoCoordinatesNearTheFrameOnEachLine)
     const std::string far = " is not a number from -1048576 to 1048576";
     const std::pair<std::string, std::string> files[] = {
         {"x;y\n", "1: expected \"x,y\""},
-        {"x,y,z\n", "1: more on the line than expected"},
+        {"x,y,z\n", "1: expected \"x,y\""},
         {"x,y\n1\n", "2: y is missing"},
         {"x,y\n1,2\n1,\n", "3: y is not a number"},
         {"x,y\n1,2,3\n", "2: more on the line than expected"},
         {"x,y\n,2\n", "2: x is not a number"},
-        {"x,y\nnan,2\n", "2: x" + far},
+        {"x,y\nnan,2\n", "2: x is not a number"},
+        {"x,y\n0x1,2\n", "2: x is not a number"},
+        {"x,y\n1.5.5,2\n", "2: x is not a number"},
         {"x,y\n1,-1048576.5\n", "2: y" + far},
-        {"x,y\n1,1e999\n", "2: y is out of the range of double"},
+        {"x,y\n1,1e999\n", "2: y" + far},
     };
     for (const auto& [text, complaint] : files) {
         EXPECT_EQ(complaint_of([&, bytes = text] { kivconvert::parse_points_csv(bytes, "a"); }), "a:" + complaint)

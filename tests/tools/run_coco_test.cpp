@@ -34,7 +34,8 @@ std::vector<Run> rows(int count, int width)
 }
 
 const Example examples[] = {
-    // . # #   goes down the columns as 2 of background, 1 of foreground, 1, 2. The fourth count, 2, is told by its
+    // . # #   goes down the columns as 2 of background, 1 of foreground, 1, 2. The fourth count, 2, is recognised by
+    // its
     // . . #   difference to the second, 1.
     {KivRegion(3, 2, {{0, 1, 2}, {1, 2, 2}}), "[2,1,1,2]", "2111"},
     {KivRegion(2, 2, rows(2, 2)), "[0,4]", "04"},
@@ -116,9 +117,9 @@ TEST(RunCoco, MustHaveAFrameAndCountsThatFillIt)
         {R"({"size":[2,3],"counts":[5,1.0]})", "\"counts\"[1] is not an int"},
         {R"({"size":[2,3],"counts":[7,-1]})", "\"counts\"[0] is 7, where 0 to 6 pixels are left"},
         {R"({"size":[2,3],"counts":[5,-1]})", "\"counts\"[1] is -1, where 0 to 1 pixels are left"},
-        {R"({"size":[2,3],"counts":[2,3]})", "\"counts\" tells of 5 pixels, but the frame has 6"},
-        {R"({"size":[2,3],"counts":[]})", "\"counts\" tells of 0 pixels, but the frame has 6"},
-        {R"({"size":[2,3],"counts":"23"})", "\"counts\" tells of 5 pixels, but the frame has 6"},
+        {R"({"size":[2,3],"counts":[2,3]})", "\"counts\" has 5 pixels, but the frame has 6"},
+        {R"({"size":[2,3],"counts":[]})", "\"counts\" has 0 pixels, but the frame has 6"},
+        {R"({"size":[2,3],"counts":"23"})", "\"counts\" has 5 pixels, but the frame has 6"},
         {R"({"size":[2,3],"counts":"2`"})", "\"counts\" breaks off at character 3"},
         {R"({"size":[2,3],"counts":"2/"})",
          "\"counts\" has something else than the characters from 0 to o at character 2"},
@@ -150,7 +151,7 @@ TEST(RunCoco, MayNotUnfoldIntoTooManyRuns)
     const std::string more =
         fmt::format("{{\"size\":[32768,1027],\"counts\":[{},32768,32768,32768]}}", counts.substr(2));
     EXPECT_EQ(tools_tests::complaint_of([&] { parse_runs_coco(more, "a.json"); }),
-              "a.json: has more than 16777216 runs, too many for this format");
+              "a.json: up to 16777217 runs would take 1025 MiB; --max-memory allows 1024");
 }
 
 TEST(VisibleRuns, AreTransposedAsThePixelsAre)

@@ -34,6 +34,17 @@ TEST(RunCsv, MayEndItsLinesInEitherWayAndLackTheLastEnd)
     EXPECT_EQ(parse_runs_csv(head + "0,1,2\n3,4,5", "a.csv"), region);
 }
 
+TEST(RunCsv, MayComeFromASpreadsheet)
+{
+    const KivRegion region(7, 5, {{0, 1, 2}, {3, 4, 5}});
+    for (const char* text :
+         {"\"row\",\"colBegin\",\"colEnd\"\n0,1,2\n3,4,5\n", " row , colBegin,\tcolEnd\n0, 1, 2\n3, 4, 5\n",
+          "row,colBegin,colEnd\n0,1,2\n3,4,5\n\n\r\n  \n", "row,colBegin,colEnd\n+0,+1,\"2\"\n3,\" 4\",+5"}) {
+        EXPECT_EQ(parse_runs_csv(std::string("# width=7 height=5\n") + text, "a.csv"), region) << text;
+        EXPECT_EQ(parse_runs_csv(text, "a.csv"), KivRegion(0, 0, region.Runs())) << "without a frame";
+    }
+}
+
 struct Malformed {
     std::string text;
     std::string complaint;
@@ -42,32 +53,33 @@ struct Malformed {
 TEST(RunCsv, ThatIsMalformedIsRefusedWithItsLine)
 {
     const Malformed files[] = {
-        {"", "1: expected \"# width=\""},
-        {"row,colBegin,colEnd\n", "1: expected \"# width=\""},
-        {"# width=x height=5\n", "1: width is not an integer"},
-        {"# width=-7 height=5\n", "1: width is negative"},
-        {"# width=2147483648 height=5\n", "1: width is out of the range of int"},
+        {"", "1: expected \"row,colBegin,colEnd\""},
+        {"row,colBegin\n", "1: expected \"row,colBegin,colEnd\""},
+        {"# width=x height=5\n", "1: width is not an int of at least 0"},
+        {"# width=-7 height=5\n", "1: width is not an int of at least 0"},
+        {"# width=2147483648 height=5\n", "1: width is not an int of at least 0"},
         {"# width=7\n", "1: expected \" height=\""},
-        {"# width=7 height=\n", "1: height is not an integer"},
-        {"# width=7 height=-1\n", "1: height is negative"},
-        {"# width=7 height=5 depth=1\n", "1: more on the line than expected"},
+        {"# width=7 height=\n", "1: height is not an int of at least 0"},
+        {"# width=7 height=-1\n", "1: height is not an int of at least 0"},
+        {"# width=7 height=5 depth=1\n", "1: height is not an int of at least 0"},
         {"# width=7 height=5\n", "2: expected \"row,colBegin,colEnd\""},
         {"# width=7 height=5\n0,1,2\n", "2: expected \"row,colBegin,colEnd\""},
-        {"# width=7 height=5\nrow,colBegin,colEnd,x\n", "2: more on the line than expected"},
-        {head + "\n", "3: row is not an integer"},
-        {head + "0,1,2\n\n", "4: row is not an integer"},
+        {"# width=7 height=5\nrow,colBegin,colEnd,x\n", "2: expected \"row,colBegin,colEnd\""},
+        {head + "0,1,2\n\n0,1,2\n", "4: colBegin is missing"},
         {head + "0\n", "3: colBegin is missing"},
         {head + "0,1\n", "3: colEnd is missing"},
         {head + "0,1,\n", "3: colEnd is not an integer"},
         {head + "0,,2\n", "3: colBegin is not an integer"},
         {head + "0,1,2\n0,x,2\n", "4: colBegin is not an integer"},
-        {head + "0.5,1,2\n", "3: colBegin is missing"},
-        {head + "0,1,2.0\n", "3: more on the line than expected"},
+        {head + "0.5,1,2\n", "3: row is not an integer"},
+        {head + "0,1,2.0\n", "3: colEnd is not an integer"},
+        {head + "0,1,+-2\n", "3: colEnd is not an integer"},
+        {head + "0,1,\"2\n", "3: colEnd is not an integer"},
+        {head + "0,1 1,2\n", "3: colBegin is not an integer"},
         {head + "0,1,2,3\n", "3: more on the line than expected"},
-        {head + "0, 1,2\n", "3: colBegin is not an integer"},
         {head + "2147483648,1,2\n", "3: row is out of the range of int"},
         {head + "0,1,-2147483649\n", "3: colEnd is out of the range of int"},
-        {head + std::string("0,1,2\0\n", 7), "3: more on the line than expected"},
+        {head + std::string("0,1,2\0\n", 7), "3: colEnd is not an integer"},
     };
     for (const Malformed& file : files) {
         EXPECT_EQ(tools_tests::complaint_of([&] { parse_runs_csv(file.text, "a.csv"); }), "a.csv:" + file.complaint)

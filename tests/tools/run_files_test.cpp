@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Run files on disk: the format is told by the extension, and the frame is bounded.
+// Run files on disk: the extension says the format, and the frame is bounded.
 #include "kivconvert/region_files.h"
 #include "kivconvert/run_files.h"
 #include "tools/scratch_folder.h"

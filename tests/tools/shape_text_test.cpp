@@ -69,7 +69,7 @@ TEST(ShapeText, MustHaveTheNumbersOfItsShape)
 TEST(ShapeText, MustHaveNumbersThatTheShapeTakes)
 {
     expect_refused("roi:circle:1,2,-3", "circle: radius is -3; it must be 0 or more");
-    expect_refused("roi:circle:nan,2,3", "circle: cx is nan; it must be finite");
+    expect_refused("roi:circle:nan,2,3", "\"nan\" is not a number");
     expect_refused("roi:ring-sector:1,1,1,1,0,400", "ring sector: sweep is 400; it must be 360 at most");
 }
 

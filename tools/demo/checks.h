@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the steps check, and how they say it.
+// The checks of the steps, and their reports.
 #pragma once
 
 #include "demo/inspection.h"
@@ -9,11 +9,11 @@
 namespace demo
 {
 
-/// For a way there and back, which must change nothing.
+/// For a conversion there and back, which must change nothing.
 void judge_equality(Report& report, bool equal);
 
-/// For a set operation: the reported region must have the pixels of the mask. Where the two differ in nothing but the
-/// last rows of the given operands, the check passes and says so.
+/// For a set operation: the reported region must have the pixels of the mask. If they differ only in the last rows of
+/// the given operands, the check passes and reports it.
 void judge_pixels(Report& report, const cv::Mat& expected, const std::vector<const KivRegion*>& operands = {});
 
 /// Makes the mask 0 in the last row that the region has pixels in.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the steps of the demo share: the picture, what has been made of it so far, and how a step reports.
+// Shared by the steps of the demo: the picture, the results so far, and the reports.
 #pragma once
 
 #include "kivconvert/contour_files.h"
@@ -49,7 +49,7 @@ struct Step {
     Report (*run)(Inspection& inspection);
 };
 
-/// How long some work takes, in milliseconds.
+/// The time that some work takes, in milliseconds.
 template <class Work>
 double time_of(Work work)
 {

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// kiv_demo: takes pictures, or one that it draws itself, through the library and shows what comes out.
+// kiv_demo: converts pictures, or one that it draws itself, by the library, checks the results and shows them.
 //
-// Exit status: 0 all checks passed; 1 a check failed; 2 a picture cannot be read or a folder not be written.
+// Exit status: 0 all checks passed; 1 a check failed; 2 a picture cannot be read, or a folder cannot be written.
 #include "demo/pictures.h"
 #include "demo/scene/scene.h"
 #include "demo/steps.h"
 #include "kivconvert/errors.h"
-#include "kivconvert/image_files.h"
 #include "kivconvert/region_facts.h"
 #include "kivconvert/region_files.h"
 
@@ -45,16 +44,6 @@ bool run_steps(const std::string& title, const KivImage& camera, const std::stri
     return passed;
 }
 
-KivImage read_camera_picture(const std::string& path)
-{
-    KivImage picture = kivconvert::read_grey_image(path);
-    if (std::min(picture.Width(), picture.Height()) < 2) {
-        throw kivconvert::FileError(path, "is smaller than 2 x 2 pixels");
-    }
-    kivconvert::region_of(picture, path); // refuses what the library does not take
-    return picture;
-}
-
 bool run_demo(const std::vector<std::string>& images, const std::string& output)
 {
     if (images.empty()) {
@@ -64,7 +53,7 @@ bool run_demo(const std::vector<std::string>& images, const std::string& output)
     for (std::size_t i = 0; i < images.size(); ++i) {
         const std::string name = std::filesystem::path(images[i]).stem().string();
         const std::string folder = fmt::format("{}/{}-{}", output, i + 1, name);
-        passed = run_steps(images[i], read_camera_picture(images[i]), folder) && passed;
+        passed = run_steps(images[i], demo::read_camera_picture(images[i]), folder) && passed;
     }
     return passed;
 }
@@ -73,7 +62,7 @@ bool run_demo(const std::vector<std::string>& images, const std::string& output)
 
 int main(int argc, char** argv)
 {
-    CLI::App app{"Takes pictures, or one that it draws itself, through the library and checks every step."};
+    CLI::App app{"Converts pictures, or one that it draws itself, by the library and checks every step."};
     std::vector<std::string> images;
     std::string output = "demo";
     app.add_option("IMAGE", images, "8-bit pictures");

@@ -50,6 +50,18 @@ cv::Size tile_size(cv::Size size)
 
 } // namespace
 
+KivImage read_camera_picture(const std::string& path)
+{
+    const cv::Mat pixels = cv::imread(path, cv::IMREAD_GRAYSCALE);
+    if (pixels.empty()) {
+        throw kivconvert::FileError(path, "cannot be read, or is no picture of a known format");
+    }
+    if (std::min(pixels.cols, pixels.rows) < 2) {
+        throw kivconvert::FileError(path, "is smaller than 2 x 2 pixels");
+    }
+    return KivImage(pixels);
+}
+
 cv::Mat mask_of(KivRegion& region)
 {
     KivImage image;

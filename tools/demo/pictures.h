@@ -7,6 +7,10 @@
 namespace demo
 {
 
+/// Reads any picture that OpenCV reads as 8-bit grey values, by luminance.
+/// @throws kivconvert::FileError, also for pictures smaller than 2 x 2 pixels
+KivImage read_camera_picture(const std::string& path);
+
 /// The pixels of a region as a new mask of the region's frame.
 cv::Mat mask_of(KivRegion& region);
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Set algebra on regions of the scene, compared with the same on masks.
 //
-// At the ends of run lists the library follows rules of its own (docs/set-algebra.md): in the last row of either
-// operand the result may differ from the masks'.
+// At the ends of run lists the library follows special rules (docs/set-algebra.md): in the last row of either operand
+// the result may differ from that of the masks.
 #include "demo/checks.h"
 #include "demo/pictures.h"
 #include "demo/steps.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What an inspection hands on: contours as SVG for people and as JSON for programs, and the pixels as points in CSV.
+// The files of an inspection: contours as SVG for people and as JSON for programs, and the pixels as points in CSV.
 #include "demo/checks.h"
 #include "demo/steps.h"
 #include "kivconvert/files.h"

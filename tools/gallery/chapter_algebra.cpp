@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Each set operation twice, on the same two shapes: as regions and as regions of interest. What becomes of the ends of
-// the run lists is where the two differ.
+// Each set operation twice, on the same two shapes: as regions and as regions of interest. They differ at the
+// ends of the run lists.
 #include "demo/pictures.h"
 #include "gallery/gallery.h"
 #include "kivconvert/region_facts.h"
@@ -205,7 +205,7 @@ void add_complements(Stage& stage, std::vector<Entry>& entries)
            "The table and the hole in green; violet pixels left and right of the hole, one red row below.",
            regions.drawn()},
           {"In the scene: the table",
-           "The table round dark machined parts tinted violet, but for one row near the lower edge.",
+           "The table round dark machined parts tinted violet, except one row near the lower edge.",
            stage.picture("complement")}},
          regions.told(),
          only_in_rows(regions.missing, {last_row(stage.part)}) && cv::countNonZero(regions.extra & expected) == 0});

@@ -29,7 +29,7 @@ Drawing ideal_ring()
     return Drawing(part).circle(centre, inner).circle(centre, outer);
 }
 
-/// 255 where a pixel's centre lies in the ring, told pixel by pixel.
+/// 255 where a pixel's centre lies in the ring, computed pixel by pixel.
 cv::Mat ring_mask()
 {
     cv::Mat1b mask(part);

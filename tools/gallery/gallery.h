@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the gallery is made of, and what its chapters are drawn from.
+// The elements of the gallery, and the data that its chapters draw.
 #pragma once
 
 #include "demo/inspection.h"
@@ -44,7 +44,7 @@ struct Chapter {
     std::vector<Entry> entries;
 };
 
-/// The scene, and two cut-outs of it with frames of their own.
+/// The scene, and two cut-outs of it, each with its own frame.
 struct Stage {
     demo::Inspection scene; ///< after all steps of the demo
     KivImage mask;          ///< the end of a slotted bar
@@ -61,7 +61,7 @@ struct Stage {
 inline const cv::Rect part_view(928, 824, 56, 62);
 inline const cv::Rect lens_view(950, 851, 22, 7);
 
-/// What is seen of the part, in words.
+/// Descriptions of the part.
 inline const std::string part_in_bars = "The end of a bar with a round hole, made of horizontal blue bars.";
 inline const std::string part_in_white = "The end of a bar with a round hole, white on black.";
 

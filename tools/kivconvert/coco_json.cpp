@@ -131,7 +131,7 @@ void expect_sum(const Counts& counts, long long pixels, const std::string& file)
         sum += counts[i];
     }
     if (sum != pixels) {
-        throw FileError(file, fmt::format("\"counts\" tells of {} pixels, but the frame has {}", sum, pixels));
+        throw FileError(file, fmt::format("\"counts\" has {} pixels, but the frame has {}", sum, pixels));
     }
 }
 

@@ -17,7 +17,7 @@ namespace kivconvert
 namespace
 {
 
-/// What a JSON file holds is told by the member that no other kind has.
+/// Each kind of JSON file has a member that no other kind has.
 struct JsonKind {
     const char* member;
     Content (*read)(const Json& document, const std::string& file);
@@ -50,10 +50,12 @@ Content parse_csv(std::string_view text, const std::string& file)
     if (looks_like_runs(text)) {
         return parse_runs_csv(text, file);
     }
-    throw FileError(file, "holds neither runs, which begin with \"# width=\", nor points, which begin with \"x,y\"");
+    throw FileError(
+        file, "holds neither runs, which begin with \"# width=\" or \"row,colBegin,colEnd\", nor points, which begin "
+              "with \"x,y\"");
 }
 
-Content read_file_content(const std::string& path)
+Content read_file_content(const std::string& path, const ImagePart& part)
 {
     const std::string extension = extension_of(path);
     if (extension == ".csv") {
@@ -62,7 +64,7 @@ Content read_file_content(const std::string& path)
     if (extension == ".json" || extension == ".geojson") {
         return parse_json(read_text(path), path);
     }
-    return read_grey_image(path);
+    return read_image(path, part);
 }
 
 struct FrameOf {
@@ -75,12 +77,12 @@ struct FrameOf {
 
 } // namespace
 
-Content read_content(const std::string& text)
+Content read_content(const std::string& text, const ImagePart& part)
 {
     if (is_shape(text)) {
         return parse_shape(text, 0, 0);
     }
-    Content content = read_file_content(text);
+    Content content = read_file_content(text, part);
     const Frame frame = frame_of(content);
     expect_possible_frame(text, frame.width, frame.height);
     return content;
@@ -103,7 +105,9 @@ Frame frame_of(const Content& content)
 
 bool is_placeable(const Content& content)
 {
-    return std::holds_alternative<KivROI>(content) || std::holds_alternative<TracedContours>(content);
+    const auto* const region = std::get_if<KivRegion>(&content);
+    return std::holds_alternative<KivROI>(content) || std::holds_alternative<TracedContours>(content) ||
+           (region != nullptr && region->Width() == 0 && region->Height() == 0);
 }
 
 void place(Content& content, const Frame& frame)
@@ -116,6 +120,8 @@ void place(Content& content, const Frame& frame)
     } else if (auto* const traced = std::get_if<TracedContours>(&content)) {
         traced->width = frame.width;
         traced->height = frame.height;
+    } else if (auto* const region = std::get_if<KivRegion>(&content); is_placeable(content)) {
+        *region = KivRegion(frame.width, frame.height, region->Runs());
     }
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What a shape may come as: an image, runs, a shape in words, contours or points.
+// The inputs that describe a shape: images, runs, shapes as text, contours and points.
 #pragma once
+
+#include "kivconvert/image_files.h"
 
 #include <KivData/KivData.h>
 
@@ -25,17 +27,18 @@ struct TracedContours {
     int height = 0;
     KivContourArray contours;
 
-    /// Where the file tells it: the index of the outer border that each contour belongs to, its own for that one.
+    /// If the file says it, the index of the outer border that each contour belongs to, or else nothing.
     std::vector<int> outers = {};
 };
 
 using Content = std::variant<KivImage, KivRegion, KivROI, TracedContours, KivPointArray>;
 
-/// Reads a file: an image, or a text of one of the formats that tools/README.md tells; or takes a shape in words
-/// ("roi:circle:320,240,100"). Shapes in words have no frame yet, and contours may have none.
+/// Reads a file: an image, or a text of one of the formats that the manual page describes; or parses a shape
+/// ("roi:circle:320,240,100"). Shapes as text have no frame yet, and contours may have none.
 ///
+/// @param part what is read of an image; for other files it means nothing
 /// @throws InputError for everything else, and for frames that are too large
-Content read_content(const std::string& text);
+Content read_content(const std::string& text, const ImagePart& part = {});
 
 /// The smallest frame that holds the pixels on which the points fall.
 Frame extent_of(const KivPointArray& points);
@@ -43,7 +46,7 @@ Frame extent_of(const KivPointArray& points);
 /// The frame in which the content lies, that of points being their extent.
 Frame frame_of(const Content& content);
 
-/// Whether the content can lie in any frame, as shapes and contours can.
+/// Whether the content can lie in any frame, as shapes, contours and runs without a frame can.
 bool is_placeable(const Content& content);
 
 /// Places what can lie in any frame in the given one; leaves other contents and, if the frame is not known, all as they

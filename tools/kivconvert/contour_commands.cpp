@@ -4,14 +4,13 @@
 #include "kivconvert/contour_files.h"
 #include "kivconvert/conversion_command.h"
 #include "kivconvert/conversions.h"
+#include "kivconvert/failure.h"
 #include "kivconvert/frame_options.h"
 #include "kivconvert/help_texts.h"
 #include "kivconvert/image_files.h"
 #include "kivconvert/operands.h"
-#include "kivconvert/result_codes.h"
 
-#include <KivDataConvert/KivDataConvert.h>
-
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -30,8 +29,8 @@ void add_trace_command(CLI::App& app)
     CLI::App* const command = app.add_subcommand("contours", "Traces the outer borders and the borders of holes");
     command->footer(example_with_shapes("contours mask.png -o mask.svg --image photo.png"));
     add_conversion(*command, {any_content, "contours, .json, .geojson or .svg", ".json", expect_contour_output},
-                   [options](const std::string& input, const std::string& output) {
-                       Content content = read_operand(input, options->frame);
+                   [options](const std::string& input, const std::string& output, const ImagePart& part) {
+                       Content content = read_operand(input, options->frame, part);
                        TracedContours traced = contours_of(content, input);
                        write_contours(output, traced, options->picture);
                    });
@@ -39,16 +38,12 @@ void add_trace_command(CLI::App& app)
     add_frame_options(*command, options->frame);
 }
 
-/// Draws all contours into the image, one after the other.
-KivImage edited(KivImage& image, const KivContourArray& contours, bool add, const std::string& subject)
+void fill(cv::Mat& mask, const KivContour& contour, unsigned char value)
 {
-    TracedContours traced = contours_of(image, subject);
-    KivImage mask = mask_of(traced, subject);
-    for (KivContour contour : contours) {
-        expect_success(KIVMV::KivMergContour(mask, contour, add, &traced.contours), subject);
-        mask = mask_of(traced, subject);
+    for (const Run& run : KivContourArray({contour}).FilledRuns(mask.cols, mask.rows)) {
+        unsigned char* const row = mask.ptr(run.row);
+        std::fill(row + run.colBegin, row + run.colEnd + 1, value);
     }
-    return mask;
 }
 
 struct EditOptions {
@@ -62,9 +57,12 @@ struct EditOptions {
 void edit(const EditOptions& options)
 {
     expect_lossless_image(options.output);
-    KivImage image = read_grey_image(options.image);
-    const TracedContours drawn = read_contours(options.contours);
-    write_image(options.output, edited(image, drawn.contours, options.add, options.image));
+    Content content = read_operand(options.image, {});
+    KivImage mask = mask_of(content, options.image);
+    for (const KivContour& contour : read_contours(options.contours).contours) {
+        fill(mask.Mat(), contour, options.add ? 255 : 0);
+    }
+    write_image(options.output, mask);
 }
 
 void add_edit_command(CLI::App& app)
@@ -79,7 +77,7 @@ void add_edit_command(CLI::App& app)
     mode->add_flag("--add", options->add, "they become foreground");
     mode->add_flag("--cut", options->cut, "they become background");
     mode->require_option(1);
-    command->callback([options] { edit(*options); });
+    command->callback([options] { report_under(options->image, [&] { edit(*options); }); });
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Contours as files: JSON and GeoJSON, which are read back, and SVG, which browsers show. tools/README.md tells the
-// formats.
+// Contours as files: JSON and GeoJSON, which are read back, and SVG, which browsers show. The manual page
+// describes the formats.
 #pragma once
 
 #include "kivconvert/conversions.h"
@@ -19,7 +19,7 @@ std::string contours_as_geojson(const TracedContours& traced);
 /// Parses JSON. `file` is named in error messages. @throws InputError for anything that is not the format.
 TracedContours parse_contours_json(std::string_view text, const std::string& file);
 
-/// The same for GeoJSON: polygons, alone or as features. Where it tells no frame, that is 0 x 0.
+/// The same for GeoJSON: polygons, alone or as features. Without a frame in the text, that is 0 x 0.
 TracedContours parse_contours_geojson(std::string_view text, const std::string& file);
 
 /// One path per outer border, the borders of its holes in it.

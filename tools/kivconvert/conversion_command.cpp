@@ -3,10 +3,14 @@
 
 #include "kivconvert/errors.h"
 #include "kivconvert/failure.h"
+#include "kivconvert/files.h"
 #include "kivconvert/folders.h"
+#include "kivconvert/image_options.h"
 
+#include <filesystem>
 #include <fmt/format.h>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace kivconvert
@@ -18,6 +22,8 @@ struct Files {
     std::string input;
     std::string output;
     std::string ending;
+    ImagePart part;
+    bool all_pages = false;
 };
 
 std::string with_dot(const std::string& ending)
@@ -25,10 +31,69 @@ std::string with_dot(const std::string& ending)
     return ending.front() == '.' ? ending : fmt::format(".{}", ending);
 }
 
+void convert_to_file(const Files& files, const ConversionTexts& texts, const Conversion& convert)
+{
+    if (!files.ending.empty()) {
+        throw InputError("--to", "is for folders; the name of a single output says its format");
+    }
+    texts.expect_output(files.output);
+    convert(files.input, files.output, files.part);
+}
+
+/// The pages become files of their own, whose names end in the page's number with as many digits as the last one has.
+void convert_pages(const std::string& input, const std::string& output, const std::string& ending, ImagePart part,
+                   const Conversion& convert)
+{
+    const int pages = count_pages(input);
+    const std::size_t digits = fmt::formatted_size("{}", pages);
+    const std::string name = output.substr(0, output.size() - ending.size());
+    for (part.page = 1; part.page <= pages; ++part.page) {
+        convert(input, fmt::format("{}-{:0{}}{}", name, part.page, digits, ending), part);
+    }
+}
+
+/// Where the outputs of all pages of a file go.
+void expect_folder_for_pages(const std::string& output)
+{
+    if (!is_folder(output) && !extension_of(output).empty()) {
+        throw FileError(output, "is named like a file, which holds one page; with --page all, it is a folder");
+    }
+}
+
+/// The output of a page may have the name of any other file.
+void expect_other_folder(const std::string& input, const std::string& output)
+{
+    std::error_code none;
+    if (std::filesystem::equivalent(input, output, none)) {
+        throw FileError(output, "holds the inputs; with --page all, the outputs need another folder");
+    }
+}
+
+void convert_to_folder(const Files& files, const ConversionTexts& texts, const Conversion& convert)
+{
+    const std::string ending = files.ending.empty() ? texts.ending : with_dot(files.ending);
+    texts.expect_output(fmt::format("{}/*{}", files.output, ending));
+    const auto convert_one = [&](const std::string& input, const std::string& output) {
+        if (files.all_pages) {
+            convert_pages(input, output, ending, files.part, convert);
+        } else {
+            convert(input, output, files.part);
+        }
+    };
+    if (!is_folder(files.input)) {
+        expect_folder_for_pages(files.output);
+        convert_into_folder(files.input, files.output, ending, convert_one);
+        return;
+    }
+    if (files.all_pages) {
+        expect_other_folder(files.input, files.output);
+    }
+    convert_folder(files.input, files.output, ending, convert_one);
+}
+
 } // namespace
 
-void add_conversion(CLI::App& command, const ConversionTexts& texts,
-                    std::function<void(const std::string& input, const std::string& output)> convert)
+void add_conversion(CLI::App& command, const ConversionTexts& texts, Conversion convert)
 {
     const auto files = std::make_shared<Files>();
     command.add_option("IN", files->input, fmt::format("{}; or a folder of such files", texts.input))->required();
@@ -37,19 +102,16 @@ void add_conversion(CLI::App& command, const ConversionTexts& texts,
         .add_option("--to", files->ending,
                     fmt::format("ending of the files in the output folder, {} by default", texts.ending))
         ->type_name("ENDING");
-    const auto convert_named = [convert = std::move(convert)](const std::string& input, const std::string& output) {
-        naming(input, [&] { convert(input, output); });
+    add_image_options(command, files->part, files->all_pages);
+    const auto convert_named = [convert = std::move(convert)](const std::string& input, const std::string& output,
+                                                              const ImagePart& part) {
+        report_under(input, [&] { convert(input, output, part); });
     };
     command.callback([files, convert_named, texts] {
-        if (is_folder(files->input)) {
-            const std::string ending = files->ending.empty() ? texts.ending : with_dot(files->ending);
-            texts.expect_output(fmt::format("{}/*{}", files->output, ending));
-            convert_folder(files->input, files->output, ending, convert_named);
-        } else if (!files->ending.empty()) {
-            throw InputError("--to", "is for folders; the name of a single output tells its format");
+        if (is_folder(files->input) || files->all_pages) {
+            convert_to_folder(*files, texts, convert_named);
         } else {
-            texts.expect_output(files->output);
-            convert_named(files->input, files->output);
+            convert_to_file(*files, texts, convert_named);
         }
     });
 }

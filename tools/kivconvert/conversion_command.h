@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What all conversions have on the command line: an input and an output, each a file or both folders.
+// The arguments that all conversions share: an input and an output, two files or two folders, and the parts of images.
 #pragma once
+
+#include "kivconvert/image_files.h"
 
 #include <CLI/CLI.hpp>
 
@@ -19,9 +21,11 @@ struct ConversionTexts {
     void (*expect_output)(const std::string& path);
 };
 
-/// Adds the operand IN and the options --output and --to. `convert` gets the files, one pair after the other; of a
-/// folder, several at a time.
-void add_conversion(CLI::App& command, const ConversionTexts& texts,
-                    std::function<void(const std::string& input, const std::string& output)> convert);
+/// Makes the output of an input, of which `part` is read if it is an image.
+using Conversion = std::function<void(const std::string& input, const std::string& output, const ImagePart& part)>;
+
+/// Adds the operand IN, the options --output and --to, and those of images. `convert` gets the files, one pair after
+/// the other; of a folder, several at a time.
+void add_conversion(CLI::App& command, const ConversionTexts& texts, Conversion convert);
 
 } // namespace kivconvert

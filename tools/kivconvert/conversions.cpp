@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/conversions.h"
 
+#include "kivconvert/memory_limit.h"
 #include "kivconvert/result_codes.h"
 
 #include <KivDataConvert/KivDataConvert.h>
@@ -38,6 +39,17 @@ PixelArrays pixel_arrays_of(const KivPointArray& points)
     return arrays;
 }
 
+/// The library takes 8-bit images; of deeper ones, whatever is not 0 is foreground.
+KivImage& eight_bit(KivImage& image)
+{
+    if (image.Mat().depth() != CV_8U) {
+        cv::Mat foreground;
+        cv::compare(image.Mat(), 0.0, foreground, cv::CMP_NE);
+        image.Mat() = foreground;
+    }
+    return image;
+}
+
 /// Why contours cannot be filled, if it is the frame.
 std::string complaint_about_frame(const TracedContours& traced)
 {
@@ -61,7 +73,7 @@ std::string complaint_about_points(const KivPointArray& points)
 KivRegion region_of(KivImage& image, const std::string& subject)
 {
     KivRegion region;
-    expect_success(KIVMV::KivImageToRegion(image, &region), subject);
+    expect_success(KIVMV::KivImageToRegion(eight_bit(image), &region), subject);
     return region;
 }
 
@@ -75,6 +87,7 @@ KivRegion region_of(KivROI& roi, const std::string& subject)
     if (roi.ROIType() == KivShape::Empty::type) { // the result of a set operation that leaves nothing
         return KivRegion(roi.Parameters().Width(), roi.Parameters().Height(), {});
     }
+    expect_paintable(subject, frame_of(roi));
     KivRegion region;
     expect_success(KIVMV::KivROIToRegion(roi, &region), subject);
     return region;
@@ -85,6 +98,7 @@ KivRegion region_of(TracedContours& traced, const std::string& subject)
     if (traced.contours.Length() == 0) { // the library refuses none, which is what an empty mask is traced to
         return KivRegion(traced.width, traced.height, {});
     }
+    expect_paintable(subject, frame_of(traced));
     KivRegion region;
     const int code = KIVMV::KivContourArrayToRegion(traced.contours, traced.width, traced.height, &region);
     expect_success(code, subject, complaint_about_frame(traced));
@@ -93,6 +107,7 @@ KivRegion region_of(TracedContours& traced, const std::string& subject)
 
 KivRegion region_of(KivPointArray& points, const std::string& subject)
 {
+    expect_paintable(subject, extent_of(points));
     KivRegion region;
     int code = KIVMV::KIVMV_OK;
     if (are_whole(points)) {
@@ -112,6 +127,7 @@ KivRegion region_of(Content& content, const std::string& subject)
 
 KivImage mask_of(KivRegion& region, const std::string& subject)
 {
+    expect_paintable(subject, frame_of(region));
     KivImage mask;
     expect_success(KIVMV::KivRegionToBinImage(&mask, region), subject);
     return mask;
@@ -119,6 +135,7 @@ KivImage mask_of(KivRegion& region, const std::string& subject)
 
 KivImage mask_of(KivROI& roi, const std::string& subject)
 {
+    expect_paintable(subject, frame_of(roi));
     KivImage mask;
     expect_success(KIVMV::KivROIToBinImage(&mask, roi), subject);
     return mask;
@@ -126,6 +143,7 @@ KivImage mask_of(KivROI& roi, const std::string& subject)
 
 KivImage mask_of(TracedContours& traced, const std::string& subject)
 {
+    expect_paintable(subject, frame_of(traced));
     KivImage mask;
     if (traced.contours.Length() == 0) { // as above
         mask.Mat() = cv::Mat::zeros(traced.height, traced.width, CV_8UC1);
@@ -155,7 +173,7 @@ KivROI roi_of(Content& content, const std::string& subject)
     }
     KivROI roi;
     if (auto* const image = std::get_if<KivImage>(&content)) {
-        expect_success(KIVMV::KivBinImageToROI(*image, &roi), subject);
+        expect_success(KIVMV::KivBinImageToROI(eight_bit(*image), &roi), subject);
         return roi;
     }
     KivRegion region = region_of(content, subject);
@@ -166,12 +184,13 @@ KivROI roi_of(Content& content, const std::string& subject)
 TracedContours contours_of(KivImage& image, const std::string& subject)
 {
     TracedContours traced{image.Width(), image.Height(), {}};
-    expect_success(KIVMV::KivBinImageToContourArray(image, &traced.contours), subject);
+    expect_success(KIVMV::KivBinImageToContourArray(eight_bit(image), &traced.contours), subject);
     return traced;
 }
 
 TracedContours contours_of(KivRegion& region, const std::string& subject)
 {
+    expect_paintable(subject, frame_of(region));
     TracedContours traced{region.Width(), region.Height(), {}};
     expect_success(KIVMV::KivRegionToContourArray(region, &traced.contours), subject);
     return traced;
@@ -179,6 +198,7 @@ TracedContours contours_of(KivRegion& region, const std::string& subject)
 
 TracedContours contours_of(KivROI& roi, const std::string& subject)
 {
+    expect_paintable(subject, frame_of(roi));
     TracedContours traced{roi.Parameters().Width(), roi.Parameters().Height(), {}};
     expect_success(KIVMV::KivROIToContourArray(roi, &traced.contours), subject);
     return traced;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// From whatever a shape comes as to what is wanted, each way by the one function of the library that does it.
+// From any content to regions, masks, regions of interest and contours.
 //
-// All of them throw ResultError when the library refuses, and name `subject` then: the file or the shape concerned.
+// All of them throw ResultError if the library refuses, and InputError if the result would exceed the memory limit;
+// messages begin with `subject`, the file or the shape concerned.
 #pragma once
 
 #include "kivconvert/contents.h"

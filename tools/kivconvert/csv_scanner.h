@@ -1,45 +1,60 @@
 // SPDX-License-Identifier: MIT
-// What all CSV files have in common: numbers separated by commas, line by line.
+// What all CSV files have in common: lines of fields, separated by commas. Blanks around a field and quotes around it
+// are not part of it; blank lines at the end of the file are ignored.
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kivconvert
 {
 
-/// Reads a text from left to right; every complaint is a FileError that names the file and the line.
+using FieldNames = std::span<const std::string_view>;
+
+/// Reads a text line by line. All errors are FileErrors that name the file and the line.
 class CsvScanner
 {
 public:
     /// Both must outlive the scanner. `file` is named in error messages.
     CsvScanner(std::string_view text, const std::string& file) : rest_(text), file_(file) {}
 
-    bool at_end() const { return rest_.empty(); }
-    bool at_line_end() const;
+    /// Goes on to the next line. @returns false at the end of the file
+    bool next_line();
 
-    void expect(std::string_view word);
-    void expect_line_end();
+    /// The current line, without its end.
+    std::string_view line() const { return line_; }
 
-    /// `name` tells in error messages what the number is.
-    int read_int(std::string_view name);
+    std::size_t field_count() const { return fields_.size(); }
 
-    /// A number of at least `least` and at most `most`.
-    double read_number(std::string_view name, double least, double most);
+    /// Whether the fields of the current line are these names.
+    bool has_fields(FieldNames names) const;
 
-    /// Goes on to the next column of the line.
-    void expect_column(std::string_view name);
+    /// @throws FileError if they are not
+    void expect_fields(FieldNames names) const;
+
+    /// @throws FileError unless the current line has one field for each name
+    void expect_fields_for(FieldNames names) const;
+
+    /// The field as a number; `name` is what error messages call it.
+    int int_at(std::size_t index, std::string_view name) const;
+
+    /// The same for a number from `least` to `most`.
+    double number_at(std::size_t index, std::string_view name, double least, double most) const;
 
     [[noreturn]] void fail(const std::string& what) const;
 
 private:
-    template <class Number>
-    Number read(std::string_view name, std::string_view kind, std::string_view range);
-
     std::string_view rest_;
     const std::string& file_;
-    std::size_t line_ = 1;
+    std::string_view line_;
+    std::vector<std::string_view> fields_;
+    std::size_t number_ = 0;
 };
+
+/// Whether the first line of a text has these fields.
+bool begins_with_fields(std::string_view text, FieldNames names);
 
 } // namespace kivconvert

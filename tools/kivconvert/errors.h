@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What can be wrong with what the user gave, as one line that names it.
+// Errors in the command line and in files; each message names its subject.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 namespace kivconvert
 {
 
-/// Wrong input. `subject` is what it is about: a file, a shape or an option.
+/// `subject` is the file, the shape or the option that is wrong.
 struct InputError : std::runtime_error {
     InputError(const std::string& subject, const std::string& what) : runtime_error(subject + ": " + what) {}
 };

@@ -16,7 +16,7 @@ namespace
 
 constexpr const char* out_of_memory = "out of memory";
 
-std::string what_opencv_says(const cv::Exception& error)
+std::string message_of(const cv::Exception& error)
 {
     if (error.code == cv::Error::StsNoMem) {
         return out_of_memory;
@@ -24,42 +24,51 @@ std::string what_opencv_says(const cv::Exception& error)
     return error.err.empty() ? error.msg : error.err;
 }
 
+/// The message of the exception that is being handled.
+std::string current_message()
+{
+    try {
+        throw;
+    } catch (const cv::Exception& error) {
+        return message_of(error);
+    } catch (const std::bad_alloc&) {
+        return out_of_memory;
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
 } // namespace
+
+std::string error_line(std::string message)
+{
+    std::replace_if(
+        message.begin(), message.end(), [](unsigned char letter) { return std::iscntrl(letter) != 0; }, ' ');
+    return fmt::format("kivconvert: {}\n", message);
+}
 
 Failure current_failure()
 {
     try {
         throw;
     } catch (const InputError& error) {
-        return {exit_status::wrong_input, error.what()};
+        return {exit_status::wrong_input, error_line(error.what())};
     } catch (const FilesFailed& error) {
-        return {error.status, error.what()};
-    } catch (const cv::Exception& error) {
-        return {exit_status::refused, what_opencv_says(error)};
-    } catch (const std::bad_alloc&) {
-        return {exit_status::refused, out_of_memory};
-    } catch (const std::exception& error) {
-        return {exit_status::refused, error.what()};
+        return error.failure;
+    } catch (...) {
+        return {exit_status::refused, error_line(current_message())};
     }
 }
 
-void naming(const std::string& subject, const std::function<void()>& work)
+void report_under(const std::string& subject, const std::function<void()>& work)
 {
     try {
         work();
     } catch (const std::runtime_error&) {
         throw;
     } catch (...) {
-        throw std::runtime_error(fmt::format("{}: {}", subject, current_failure().message));
+        throw std::runtime_error(fmt::format("{}: {}", subject, current_message()));
     }
-}
-
-void report(const Failure& failure)
-{
-    std::string line = failure.message;
-    std::replace_if(
-        line.begin(), line.end(), [](unsigned char letter) { return std::iscntrl(letter) != 0; }, ' ');
-    std::fputs(fmt::format("kivconvert: {}\n", line).c_str(), stderr); // there is nowhere to tell that this fails
 }
 
 } // namespace kivconvert

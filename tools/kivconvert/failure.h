@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a failure means to the caller of the program: a line of text and an exit status.
+// What a failure means to the caller of the program: lines of text and an exit status.
 #pragma once
 
 #include <functional>
@@ -17,22 +17,22 @@ inline constexpr int wrong_input = 2; ///< the command line or a file is wrong
 
 struct Failure {
     int status = exit_status::refused;
-    std::string message;
+    std::string lines; ///< for standard error
 };
 
-/// Some of several files could not be converted, which has been reported.
+/// The message as a line for standard error, also if it contains line ends itself, as file names may.
+std::string error_line(std::string message);
+
+/// Some of several files could not be converted.
 struct FilesFailed : std::runtime_error {
-    FilesFailed(int status_, const std::string& what) : runtime_error(what), status(status_) {}
-    int status;
+    FilesFailed(const Failure& failure_, const std::string& what) : runtime_error(what), failure(failure_) {}
+    Failure failure; ///< a line for each file, and one for what()
 };
 
 /// The meaning of the exception that is being handled.
 Failure current_failure();
 
-/// Does the work. What goes wrong in it and has no name, like a lack of memory, gets that of the subject.
-void naming(const std::string& subject, const std::function<void()>& work);
-
-/// Says what is wrong in one line, also when a file name or a message has several.
-void report(const Failure& failure);
+/// Runs `work`; errors that do not name a file (std::bad_alloc, for instance) are reported under `subject`.
+void report_under(const std::string& subject, const std::function<void()>& work);
 
 } // namespace kivconvert

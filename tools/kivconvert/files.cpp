@@ -2,21 +2,17 @@
 #include "kivconvert/files.h"
 
 #include "kivconvert/errors.h"
-#include "kivconvert/interruptions.h"
+#include "kivconvert/part_file.h"
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <fmt/format.h>
 #include <memory>
-#include <optional>
 #include <unistd.h>
-#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -25,71 +21,15 @@ namespace kivconvert
 namespace
 {
 
-/// A new file next to the target, which is gone with this object unless it has been renamed.
-class PartFile
+/// Also for those who may write to any file: without write permission for anybody, it is meant to stay as it is.
+bool is_read_only(const std::string& path)
 {
-public:
-    explicit PartFile(const fs::path& target)
-    {
-        const auto lock = hold_interruptions();
-        do {
-            path_ = next_name(target);
-            removal_.emplace([path = path_] { std::remove(path.c_str()); });
-            file_ = std::fopen(path_.c_str(), "wbx");
-        } while (file_ == nullptr && errno == EEXIST);
-        if (file_ == nullptr) {
-            removal_.reset();
-        }
-    }
-    PartFile(const PartFile&) = delete;
-    PartFile& operator=(const PartFile&) = delete;
-    ~PartFile()
-    {
-        close();
-        if (removal_) {
-            std::remove(path_.c_str());
-        }
-    }
+    constexpr auto writable = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    std::error_code none;
+    return (fs::status(path, none).permissions() & writable) == fs::perms::none || access(path.c_str(), W_OK) != 0;
+}
 
-    bool write(std::string_view bytes)
-    {
-        return file_ != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size() && close();
-    }
-
-    /// Takes the target's place, and its permissions.
-    bool replace(const fs::path& target)
-    {
-        std::error_code none;
-        if (const fs::file_status old = fs::status(target, none); fs::exists(old)) {
-            fs::permissions(path_, old.permissions(), none);
-        }
-        if (std::rename(path_.c_str(), target.c_str()) != 0) {
-            return false;
-        }
-        removal_.reset();
-        return true;
-    }
-
-private:
-    /// Short, whatever the target's name, and hidden, so that it is no input if it should stay behind.
-    static std::string next_name(const fs::path& target)
-    {
-        static std::atomic<unsigned> parts{0};
-        return target.parent_path() / fmt::format(".kivconvert-{}-{}", getpid(), ++parts);
-    }
-
-    bool close()
-    {
-        std::FILE* const open = std::exchange(file_, nullptr);
-        return open == nullptr || std::fclose(open) == 0;
-    }
-
-    std::string path_;
-    std::FILE* file_ = nullptr;
-    std::optional<UndoneByInterruption> removal_;
-};
-
-/// Where a new file takes the place of what is at `path`: behind a symbolic link, the link stays.
+/// The file that is replaced when `path` is written: a symbolic link stays, and its target is replaced.
 fs::path replaceable(const std::string& path)
 {
     std::error_code none;
@@ -98,6 +38,9 @@ fs::path replaceable(const std::string& path)
     }
     if (!fs::is_regular_file(path, none)) {
         throw FileError(path, "is there already and not a regular file");
+    }
+    if (is_read_only(path)) {
+        throw FileError(path, "is read-only");
     }
     return fs::canonical(path);
 }
@@ -156,9 +99,8 @@ std::string read_text(const std::string& path)
 
 void write_file(const std::string& path, std::string_view bytes)
 {
-    const fs::path target = replaceable(path);
-    PartFile part(target);
-    if (!part.write(bytes) || !part.replace(target)) {
+    PartFile part(replaceable(path));
+    if (!part.write(bytes) || !part.replace_target()) {
         throw FileError(path, "cannot be written: " + reason());
     }
 }

@@ -20,9 +20,10 @@ std::string read_file(const std::string& path);
 /// The same without the byte order mark that some programs begin a text with.
 std::string read_text(const std::string& path);
 
-/// Writes beside the target and renames when all is written: a failure leaves whatever was at `path` as it was.
+/// Replaces the file at `path`, or the target of a symbolic link there, once all bytes are written: after a failure,
+/// whatever was there is unchanged.
 ///
-/// @throws FileError if the file cannot be written, or if something other than a regular file is at `path`.
+/// @throws FileError if the file cannot be written, is read-only, or is not a regular file
 void write_file(const std::string& path, std::string_view bytes);
 
 } // namespace kivconvert

@@ -75,11 +75,16 @@ void expect_no_other_input_replaced(const std::vector<Task>& tasks)
     }
 }
 
+fs::path output_in(const fs::path& folder, const fs::path& input, const std::string& ending)
+{
+    return folder / (name_without_ending(input) + ending);
+}
+
 std::vector<Task> tasks_for(const fs::path& input, const fs::path& output, const std::string& ending)
 {
     std::vector<Task> tasks;
     for (const fs::path& file : files_of(input)) {
-        tasks.push_back({file, output / (name_without_ending(file) + ending)});
+        tasks.push_back({file, output_in(output, file, ending)});
     }
     expect_distinct_outputs(tasks);
     expect_no_other_input_replaced(tasks);
@@ -103,8 +108,9 @@ void on_all_processors(std::size_t count, const std::function<void(std::size_t)>
             work(i);
         }
     };
-    std::vector<std::jthread> helpers;
     const std::size_t workers = std::min<std::size_t>(count, std::thread::hardware_concurrency());
+    std::vector<std::thread> helpers;
+    helpers.reserve(workers);
     try {
         while (helpers.size() + 1 < workers) {
             helpers.emplace_back(worker);
@@ -112,6 +118,9 @@ void on_all_processors(std::size_t count, const std::function<void(std::size_t)>
     } catch (const std::system_error&) { // no more threads can be had: those that there are do the work
     }
     worker();
+    for (std::thread& helper : helpers) {
+        helper.join();
+    }
 }
 
 /// Pipes would keep the program waiting for ever, and links may lead nowhere.
@@ -142,19 +151,21 @@ Failures run_all(const std::vector<Task>& tasks,
     return failures;
 }
 
-void report_all(const Failures& failures)
+void expect_no_failures(const Failures& failures)
 {
     std::size_t failed = 0;
-    int status = 0;
+    Failure all{0, {}};
     for (const std::optional<Failure>& failure : failures) {
         if (failure) {
-            report(*failure);
             ++failed;
-            status = std::max(status, failure->status);
+            all.status = std::max(all.status, failure->status);
+            all.lines += failure->lines;
         }
     }
     if (failed > 0) {
-        throw FilesFailed(status, fmt::format("{} of {} files could not be converted", failed, failures.size()));
+        const std::string summary = fmt::format("{} of {} files could not be converted", failed, failures.size());
+        all.lines += error_line(summary);
+        throw FilesFailed(all, summary);
     }
 }
 
@@ -171,7 +182,14 @@ void convert_folder(const std::string& input, const std::string& output, const s
 {
     const std::vector<Task> tasks = tasks_for(input, output, ending);
     make_folder(output);
-    report_all(run_all(tasks, convert));
+    expect_no_failures(run_all(tasks, convert));
+}
+
+void convert_into_folder(const std::string& input, const std::string& output, const std::string& ending,
+                         const std::function<void(const std::string& input, const std::string& output)>& convert)
+{
+    make_folder(output);
+    convert(input, output_in(output, input, ending));
 }
 
 } // namespace kivconvert

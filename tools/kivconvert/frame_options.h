@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// --width and --height, the frame of what has none of its own; and --contour, for which there is none.
+// --width and --height, the frame of inputs without one; and --contour, which needs none.
 #pragma once
 
 #include "kivconvert/contents.h"

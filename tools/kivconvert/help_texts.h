@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the help of several subcommands has in common.
+// Texts that several subcommands use in their help.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 namespace kivconvert
 {
 
-/// What may stand for a shape.
+/// The inputs that describe a shape.
 inline constexpr const char* any_content = "image, run file, contours, points or shape (--roi SHAPE:NUMBERS)";
 
 inline constexpr const char* any_run_file = "run file, .csv, .json, .coco.json or .coco-counts.json";
@@ -16,7 +16,7 @@ inline constexpr const char* any_image = "image, .png, .bmp, .pgm or .tif";
 /// One command line, without the program's name.
 std::string example(const std::string& arguments);
 
-/// The same, and the shapes that may stand in the place of a file.
+/// The same, with the shapes that can be given instead of a file.
 std::string example_with_shapes(const std::string& arguments);
 
 } // namespace kivconvert

@@ -23,10 +23,13 @@ bool is_mask(const Painting& painting, const Frame& frame)
            (painting.height == mask.height || painting.height == frame.height);
 }
 
-/// What has a frame of its own is painted into that, if no other size is asked for.
-void paint(const std::string& input, const std::string& output, const Painting& painting)
+/// Paints into the frame of the input unless the options give another size.
+void paint(const std::string& input, const std::string& output, const Painting& painting, const ImagePart& part)
 {
-    Content content = read_content(input);
+    Content content = read_content(input, part);
+    if (!std::holds_alternative<KivImage>(content)) {
+        expect_no_part(part);
+    }
     place(content, {painting.width, painting.height});
     expect_placed(content, input);
     if (is_mask(painting, frame_of(content))) {
@@ -44,9 +47,10 @@ void add_image_command(CLI::App& app)
     const auto painting = std::make_shared<Painting>();
     CLI::App* const command = app.add_subcommand("image", "Paints runs, contours, points or a shape into an image");
     command->footer(example_with_shapes("image --roi ring:320,240,60,120 --width 640 --height 480 -o ring.png"));
-    add_conversion(
-        *command, {any_content, any_image, ".png", expect_lossless_image},
-        [painting](const std::string& input, const std::string& output) { paint(input, output, *painting); });
+    add_conversion(*command, {any_content, any_image, ".png", expect_lossless_image},
+                   [painting](const std::string& input, const std::string& output, const ImagePart& part) {
+                       paint(input, output, *painting, part);
+                   });
 
     const auto add_number = [&](const char* name, int& value, int least, int most, const char* description) {
         command->add_option(name, value, description)->type_name("N")->check(CLI::Range(least, most));

@@ -3,16 +3,14 @@
 
 #include "kivconvert/errors.h"
 #include "kivconvert/files.h"
+#include "kivconvert/image_decoder.h"
+#include "kivconvert/image_encoder.h"
 
 #include <algorithm>
-#include <fcntl.h>
 #include <fmt/format.h>
 #include <iterator>
-#include <mutex>
-#include <opencv2/imgcodecs.hpp>
-#include <opencv2/imgproc.hpp>
-#include <string_view>
-#include <unistd.h>
+#include <opencv2/core.hpp>
+#include <utility>
 #include <vector>
 
 namespace kivconvert
@@ -20,91 +18,240 @@ namespace kivconvert
 namespace
 {
 
-constexpr std::string_view lossless_extensions[] = {".png", ".bmp", ".pgm", ".tif", ".tiff"};
+struct ReadFormat {
+    bool (*begins)(std::string_view bytes);
+    int (*count_pages)(const ImageBytes& file);
+    ImageDecoderPtr (*decode)(const ImageBytes& file, int page);
+};
 
-/// Keeps the image codecs from writing complaints of their own to standard error, as long as it lives. There may be
-/// several at a time; what other threads write to standard error meanwhile is lost.
-class QuietCodecs
+int one_page(const ImageBytes&)
+{
+    return 1;
+}
+
+template <ImageDecoderPtr (*decode)(const ImageBytes&)>
+ImageDecoderPtr decode_only_page(const ImageBytes& file, int)
+{
+    return decode(file);
+}
+
+bool begins_like_tiff(std::string_view bytes)
+{
+    using namespace std::string_view_literals;
+    constexpr std::string_view marks[] = {"II*\0"sv, "MM\0*"sv, "II+\0"sv, "MM\0+"sv};
+    return std::find(std::begin(marks), std::end(marks), bytes.substr(0, 4)) != std::end(marks);
+}
+
+constexpr ReadFormat read_formats[] = {
+    {[](std::string_view bytes) { return bytes.starts_with("\x89PNG\r\n\x1a\n"); }, one_page,
+     decode_only_page<decode_png>},
+    {begins_like_tiff, count_tiff_pages, decode_tiff},
+    {[](std::string_view bytes) { return bytes.starts_with("\xff\xd8\xff"); }, one_page, decode_only_page<decode_jpeg>},
+    {[](std::string_view bytes) { return bytes.starts_with("BM"); }, one_page, decode_only_page<decode_bmp>},
+    {[](std::string_view bytes) { return bytes.size() > 2 && bytes[0] == 'P' && bytes[1] >= '1' && bytes[1] <= '6'; },
+     one_page, decode_only_page<decode_pnm>},
+};
+
+const ReadFormat& format_of(const ImageBytes& file)
+{
+    const auto* const format = std::find_if(std::begin(read_formats), std::end(read_formats),
+                                            [&](const ReadFormat& entry) { return entry.begins(file.bytes); });
+    if (format == std::end(read_formats)) {
+        throw FileError(file.path, "is no image of a known format; PNG, TIFF, JPEG, BMP and PNM are read");
+    }
+    return *format;
+}
+
+std::string counted_pages(int pages)
+{
+    return pages == 1 ? "1 page" : fmt::format("{} pages", pages);
+}
+
+ImageDecoderPtr decoder_of(const ImageBytes& file, int page)
+{
+    const ReadFormat& format = format_of(file);
+    const int pages = format.count_pages(file);
+    if (page > pages || pages == 0) {
+        throw FileError(file.path, fmt::format("has {} and no page {}", counted_pages(pages), std::max(page, 1)));
+    }
+    if (page == 0 && pages > 1) {
+        throw FileError(file.path, fmt::format("has {} pages; --page N takes one of them", pages));
+    }
+    return format.decode(file, std::max(page, 1));
+}
+
+/// The picture as it is meant to be seen.
+/// @param orientation as in ImageLayout
+cv::Mat upright(const cv::Mat& pixels, int orientation)
+{
+    constexpr int both = -1;
+    constexpr int horizontally = 1;
+    constexpr int vertically = 0;
+    cv::Mat turned = pixels;
+    if (orientation >= 5) {
+        cv::transpose(pixels, turned);
+    }
+    switch (orientation) {
+    case 2:
+    case 6:
+        cv::flip(turned, turned, horizontally);
+        break;
+    case 3:
+    case 7:
+        cv::flip(turned, turned, both);
+        break;
+    case 4:
+    case 8:
+        cv::flip(turned, turned, vertically);
+        break;
+    default:
+        break;
+    }
+    return turned;
+}
+
+/// Reduces the pixels of a row to one value each.
+class RowReducer
 {
 public:
-    QuietCodecs()
+    RowReducer(const ImageLayout& layout, Alpha alpha, const std::string& path)
+        : layout_(layout), alpha_(alpha), path_(path)
     {
-        const std::lock_guard lock(mutex_);
-        if (living_++ == 0) {
-            saved_ = dup(STDERR_FILENO);
-            const int nowhere = open("/dev/null", O_WRONLY);
-            dup2(nowhere, STDERR_FILENO);
-            close(nowhere);
+        if (alpha == Alpha::taken && !layout.has_alpha) {
+            throw FileError(path, "has no alpha channel");
         }
     }
-    QuietCodecs(const QuietCodecs&) = delete;
-    QuietCodecs& operator=(const QuietCodecs&) = delete;
-    ~QuietCodecs()
+
+    /// @param to a row of one channel
+    void reduce(const cv::Mat& row, cv::Mat to)
     {
-        const std::lock_guard lock(mutex_);
-        if (--living_ == 0) {
-            dup2(saved_, STDERR_FILENO);
-            close(saved_);
+        cv::split(row, channels_);
+        if (alpha_ == Alpha::taken) {
+            channels_.back().copyTo(to);
+            return;
+        }
+        if (layout_.has_alpha && alpha_ == Alpha::refused) {
+            expect_opaque(channels_.back());
+        }
+        channels_[0].copyTo(to);
+        for (int i = 1; i < layout_.colours; ++i) {
+            cv::max(to, channels_[static_cast<std::size_t>(i)], to);
         }
     }
 
 private:
-    static inline std::mutex mutex_;
-    static inline int living_ = 0;
-    static inline int saved_ = -1;
+    void expect_opaque(const cv::Mat& opacities) const
+    {
+        const double most = layout_.depth == CV_8U ? 255.0 : 65535.0;
+        double least = 0.0;
+        cv::minMaxLoc(opacities, &least);
+        if (least < most) {
+            throw FileError(path_, "is not opaque; --alpha takes its alpha channel, --no-alpha the other ones");
+        }
+    }
+
+    const ImageLayout& layout_;
+    Alpha alpha_;
+    const std::string& path_;
+    std::vector<cv::Mat> channels_;
 };
 
-/// @param mode one of cv::ImreadModes
-cv::Mat decode(const std::string& bytes, int mode)
+/// The values of the image are held at once, at up to 8 bytes each.
+void expect_possible_values(const std::string& path, int width, int height, int depth)
 {
-    const QuietCodecs quiet;
-    const std::vector<uchar> buffer(bytes.begin(), bytes.end());
-    try {
-        return cv::imdecode(buffer, mode);
-    } catch (const cv::Exception&) {
-        return {};
+    constexpr std::size_t max_bytes = std::size_t{1} << 30U;
+    const std::size_t pixels = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    if (pixels > max_bytes / CV_ELEM_SIZE1(depth)) {
+        throw FileError(path, fmt::format("{} x {} numbers of {} bits are too large; {} bytes are the most", width,
+                                          height, 8 * CV_ELEM_SIZE1(depth), max_bytes));
     }
 }
 
-/// Whether a JPEG lacks its end, which the decoder would make up.
-bool is_cut_off(std::string_view bytes)
+cv::Mat read_one_channel(ImageDecoder& decoder, Alpha alpha, const std::string& path)
 {
-    constexpr unsigned marker = 0xff;
-    constexpr unsigned begin_of_data = 0xda;
-    const auto byte = [bytes](std::size_t at) -> unsigned { return static_cast<unsigned char>(bytes[at]); };
-    if (!bytes.starts_with("\xff\xd8")) {
-        return false;
+    const ImageLayout& layout = decoder.layout();
+    expect_possible_values(path, layout.width, layout.height, layout.depth);
+    RowReducer reducer(layout, alpha, path);
+    cv::Mat row(1, layout.width, layout.type());
+    cv::Mat pixels(layout.height, layout.width, layout.depth);
+    for (int y = 0; y < layout.height; ++y) {
+        if (layout.channels() == 1 && alpha != Alpha::taken) {
+            decoder.read_row(pixels.ptr(y));
+        } else {
+            decoder.read_row(row.data);
+            reducer.reduce(row, pixels.row(y));
+        }
     }
-    // Past the segments, as a preview in one of them has an end of its own; in the data there are no such two bytes.
-    std::size_t at = 2;
-    while (at + 3 < bytes.size() && byte(at) == marker && byte(at + 1) != begin_of_data) {
-        at += byte(at + 1) == marker ? 1 : 2 + 256 * byte(at + 2) + byte(at + 3);
-    }
-    return bytes.find("\xff\xd9", at) == bytes.npos;
+    return upright(pixels, layout.orientation);
 }
 
-cv::Mat read_image(const std::string& path, int mode)
+/// A row of palette indices as red, green and blue, with the opacities that it has.
+cv::Mat coloured(const cv::Mat& row, const std::vector<cv::Vec3b>& palette)
 {
-    const std::string bytes = read_file(path);
-    cv::Mat pixels = is_cut_off(bytes) ? cv::Mat() : decode(bytes, mode);
-    if (pixels.empty()) {
-        throw FileError(path, "is not an image of a known format, or a damaged or too large one");
+    std::vector<cv::Mat> channels;
+    cv::split(row, channels);
+    cv::Mat3b colours(row.size());
+    std::transform(channels[0].begin<uchar>(), channels[0].end<uchar>(), colours.begin(),
+                   [&](uchar index) { return palette[index]; });
+    if (channels.size() == 1) {
+        return colours;
     }
-    return pixels;
+    std::vector<cv::Mat> all;
+    cv::split(colours, all);
+    all.push_back(channels[1]);
+    cv::Mat merged;
+    cv::merge(all, merged);
+    return merged;
 }
 
-std::vector<uchar> encode(const std::string& extension, const cv::Mat& pixels)
+/// All channels with 8 bits each, in the order of PNG files.
+cv::Mat read_for_eyes(ImageDecoder& decoder, const std::string& path)
 {
-    const QuietCodecs quiet;
-    std::vector<uchar> bytes;
-    try {
-        return cv::imencode(extension, pixels, bytes) ? bytes : std::vector<uchar>();
-    } catch (const cv::Exception&) {
-        return {};
+    const ImageLayout& layout = decoder.layout();
+    if (layout.depth != CV_8U && layout.depth != CV_16U) {
+        throw FileError(path, "is no picture: its numbers are not 8-bit or 16-bit");
     }
+    constexpr double to_8_bits = 1.0 / 257.0;
+    cv::Mat row(1, layout.width, layout.type());
+    cv::Mat pixels(layout.height, layout.width, CV_8UC(layout.channels() + (layout.palette.empty() ? 0 : 2)));
+    for (int y = 0; y < layout.height; ++y) {
+        decoder.read_row(row.data);
+        cv::Mat to = pixels.row(y);
+        if (!layout.palette.empty()) {
+            coloured(row, layout.palette).copyTo(to);
+        } else {
+            row.convertTo(to, CV_8U, layout.depth == CV_8U ? 1.0 : to_8_bits);
+        }
+    }
+    return upright(pixels, layout.orientation);
+}
+
+struct WrittenFormat {
+    const char* extension;
+    std::string (*encode)(const cv::Mat& pixels);
+};
+
+constexpr WrittenFormat written_formats[] = {
+    {".png", encode_png}, {".bmp", encode_bmp}, {".pgm", encode_pgm}, {".tif", encode_tiff}, {".tiff", encode_tiff},
+};
+
+const WrittenFormat& written_format_of(const std::string& path)
+{
+    const auto* const format = std::find_if(
+        std::begin(written_formats), std::end(written_formats),
+        [extension = extension_of(path)](const WrittenFormat& entry) { return entry.extension == extension; });
+    if (format == std::end(written_formats)) {
+        throw FileError(path, "is not named like an image that keeps every pixel; those end in .png, .bmp, .pgm, .tif");
+    }
+    return *format;
 }
 
 } // namespace
+
+void fail_decoding(const ImageBytes& file, const char* format, const char* complaint)
+{
+    throw FileError(file.path, fmt::format("is a damaged or cut off {} file: {}", format, complaint));
+}
 
 void expect_possible_frame(const std::string& path, int width, int height)
 {
@@ -116,41 +263,57 @@ void expect_possible_frame(const std::string& path, int width, int height)
     }
 }
 
-KivImage read_grey_image(const std::string& path)
+void expect_no_part(const ImagePart& part)
 {
-    cv::Mat pixels = read_image(path, cv::IMREAD_GRAYSCALE | cv::IMREAD_ANYDEPTH);
-    if (pixels.channels() == 3) { // some decoders do not make grey of colour themselves
-        cv::cvtColor(pixels, pixels, cv::COLOR_BGR2GRAY);
+    if (part.alpha != Alpha::refused) {
+        throw InputError(part.alpha == Alpha::taken ? "--alpha" : "--no-alpha", "is for images");
     }
-    return KivImage(pixels);
+    if (part.page > 0) {
+        throw InputError("--page", "is for images");
+    }
+}
+
+KivImage decode_image(std::string_view bytes, const std::string& path, const ImagePart& part)
+{
+    const ImageDecoderPtr decoder = decoder_of({bytes, path}, part.page);
+    return KivImage(read_one_channel(*decoder, part.alpha, path));
+}
+
+KivImage read_image(const std::string& path, const ImagePart& part)
+{
+    return decode_image(read_file(path), path, part);
+}
+
+int count_pages(const std::string& path)
+{
+    const std::string bytes = read_file(path);
+    const ImageBytes file{bytes, path};
+    return format_of(file).count_pages(file);
 }
 
 PngPicture read_as_png(const std::string& path)
 {
-    const cv::Mat pixels = read_image(path, cv::IMREAD_ANYCOLOR);
-    const std::vector<uchar> bytes = encode(".png", pixels);
-    if (bytes.empty()) {
-        throw FileError(path, "cannot be made a .png");
-    }
-    return {std::string(bytes.begin(), bytes.end()), pixels.cols, pixels.rows};
+    const std::string bytes = read_file(path);
+    const ImageDecoderPtr decoder = decoder_of({bytes, path}, 0);
+    const cv::Mat pixels = read_for_eyes(*decoder, path);
+    return {encode_png(pixels), pixels.cols, pixels.rows};
 }
 
 void expect_lossless_image(const std::string& path)
 {
-    const auto* const last = std::end(lossless_extensions);
-    if (std::find(std::begin(lossless_extensions), last, extension_of(path)) == last) {
-        throw FileError(path, "is not named like an image that keeps every pixel; those end in .png, .bmp, .pgm, .tif");
-    }
+    written_format_of(path);
 }
 
 void write_image(const std::string& path, const KivImage& image)
 {
-    expect_lossless_image(path);
-    const std::vector<uchar> bytes = encode(extension_of(path), image.Mat());
-    if (bytes.empty()) {
-        throw FileError(path, "cannot hold an image of this size");
+    const WrittenFormat& format = written_format_of(path);
+    std::string bytes;
+    try {
+        bytes = format.encode(image.Mat());
+    } catch (const EncodingError& error) {
+        throw FileError(path, error.what());
     }
-    write_file(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    write_file(path, bytes);
 }
 
 } // namespace kivconvert

@@ -2,8 +2,10 @@
 // What is in a file: info.
 #include "kivconvert/commands.h"
 #include "kivconvert/conversions.h"
+#include "kivconvert/failure.h"
 #include "kivconvert/frame_options.h"
 #include "kivconvert/help_texts.h"
+#include "kivconvert/image_options.h"
 #include "kivconvert/operands.h"
 #include "kivconvert/region_facts.h"
 
@@ -17,18 +19,19 @@ namespace kivconvert
 namespace
 {
 
-void print_region(const KivRegion& region)
+void append_facts(std::string& text, const KivRegion& region)
 {
     const RegionFacts facts = facts_of(region);
-    fmt::print("frame      {} x {}\n", region.Width(), region.Height());
-    fmt::print("runs       {}\n", facts.runs);
-    fmt::print("pixels     {}\n", facts.pixels);
+    const auto out = std::back_inserter(text);
+    fmt::format_to(out, "frame      {} x {}\n", region.Width(), region.Height());
+    fmt::format_to(out, "runs       {}\n", facts.runs);
+    fmt::format_to(out, "pixels     {}\n", facts.pixels);
     if (facts.pixels > 0) {
-        fmt::print("columns    {} to {}\n", facts.columns.first, facts.columns.last);
-        fmt::print("rows       {} to {}\n", facts.rows.first, facts.rows.last);
+        fmt::format_to(out, "columns    {} to {}\n", facts.columns.first, facts.columns.last);
+        fmt::format_to(out, "rows       {} to {}\n", facts.rows.first, facts.rows.last);
     }
     if (facts.outside > 0) {
-        fmt::print("outside    {} runs reach outside the frame or cover nothing\n", facts.outside);
+        fmt::format_to(out, "outside    {} runs reach outside the frame or cover nothing\n", facts.outside);
     }
 }
 
@@ -45,34 +48,57 @@ const char* kind_of(const Content& content)
     return kinds[content.index()];
 }
 
-void print_content(const std::string& text, const Frame& frame)
+struct Options {
+    std::string input;
+    Frame frame;
+    ImagePart part;
+    bool all_pages = false;
+};
+
+std::string description_of(const std::string& text, const Frame& frame, const ImagePart& part)
 {
-    Content content = read_operand(text, frame);
+    Content content = read_operand(text, frame, part);
     const KivRegion region = region_of(content, text);
-    fmt::print("kind       {}\n", kind_of(content));
+    std::string description = fmt::format("kind       {}\n", kind_of(content));
     if (const auto* const traced = std::get_if<TracedContours>(&content)) {
-        fmt::print("contours   {}\n", traced->contours.Length());
+        description += fmt::format("contours   {}\n", traced->contours.Length());
     }
     if (const auto* const points = std::get_if<KivPointArray>(&content)) {
-        fmt::print("points     {}\n", points->Length());
+        description += fmt::format("points     {}\n", points->Length());
     }
-    print_region(region);
+    append_facts(description, region);
+    return description;
+}
+
+std::string description_of_pages(const Options& options)
+{
+    std::string description;
+    ImagePart part = options.part;
+    const int pages = count_pages(options.input);
+    for (part.page = 1; part.page <= pages; ++part.page) {
+        description += fmt::format("page       {}\n", part.page);
+        description += description_of(options.input, options.frame, part);
+    }
+    return description;
+}
+
+std::string description_of(const Options& options)
+{
+    return options.all_pages ? description_of_pages(options)
+                             : description_of(options.input, options.frame, options.part);
 }
 
 } // namespace
 
-void add_info_command(CLI::App& app)
+void add_info_command(CLI::App& app, std::string& out)
 {
-    struct Options {
-        std::string input;
-        Frame frame;
-    };
     const auto options = std::make_shared<Options>();
-    CLI::App* const command = app.add_subcommand("info", "Tells the frame, runs and pixels of a file or a shape");
+    CLI::App* const command = app.add_subcommand("info", "Prints the frame, runs and pixels of a file or a shape");
     command->footer(example_with_shapes("info parts.csv"));
     command->add_option("FILE", options->input, any_content)->required();
     add_frame_options(*command, options->frame);
-    command->callback([options] { print_content(options->input, options->frame); });
+    add_image_options(*command, options->part, options->all_pages);
+    command->callback([options, &out] { report_under(options->input, [&] { out += description_of(*options); }); });
 }
 
 } // namespace kivconvert

@@ -18,8 +18,8 @@ void add_matrix_command(CLI::App& app)
     add_conversion(
         *command,
         {"matrix, .csv, or image of any bit depth", "matrix, .csv, or 8-bit image", ".csv", expect_matrix_output},
-        [](const std::string& input, const std::string& output) {
-            KivMatrix matrix = read_matrix(input);
+        [](const std::string& input, const std::string& output, const ImagePart& part) {
+            KivMatrix matrix = read_matrix(input, part);
             write_matrix(output, matrix);
         });
 }

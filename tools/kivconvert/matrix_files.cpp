@@ -8,7 +8,7 @@
 
 #include <KivDataConvert/KivDataConvert.h>
 
-#include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <iterator>
 #include <limits>
 #include <vector>
@@ -23,17 +23,11 @@ bool is_csv(const std::string& path)
     return extension_of(path) == ".csv";
 }
 
-double read_value(CsvScanner& scanner)
+void read_row(const CsvScanner& scanner, std::vector<double>& values)
 {
-    return scanner.read_number("value", std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
-}
-
-void read_row(CsvScanner& scanner, std::vector<double>& values)
-{
-    values.push_back(read_value(scanner));
-    while (!scanner.at_line_end()) {
-        scanner.expect(",");
-        values.push_back(read_value(scanner));
+    for (std::size_t i = 0; i < scanner.field_count(); ++i) {
+        values.push_back(
+            scanner.number_at(i, "value", std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
     }
 }
 
@@ -45,14 +39,12 @@ KivMatrix parse_matrix_csv(std::string_view text, const std::string& file)
     std::vector<double> values;
     std::size_t columns = 0;
     int rows = 0;
-    for (; !scanner.at_end(); ++rows) {
-        const std::size_t begin = values.size();
-        read_row(scanner, values);
-        columns = rows == 0 ? values.size() : columns;
-        if (values.size() - begin != columns) {
-            scanner.fail(fmt::format("has {} values, but the first line has {}", values.size() - begin, columns));
+    for (; scanner.next_line(); ++rows) {
+        columns = rows == 0 ? scanner.field_count() : columns;
+        if (scanner.field_count() != columns) {
+            scanner.fail(fmt::format("has {} values, but the first line has {}", scanner.field_count(), columns));
         }
-        scanner.expect_line_end();
+        read_row(scanner, values);
     }
     if (rows == 0) {
         scanner.fail("holds no values");
@@ -72,14 +64,15 @@ std::string matrix_as_csv(const KivMatrix& matrix)
     return text;
 }
 
-KivMatrix read_matrix(const std::string& path)
+KivMatrix read_matrix(const std::string& path, const ImagePart& part)
 {
     if (is_csv(path)) {
+        expect_no_part(part);
         KivMatrix matrix = parse_matrix_csv(read_text(path), path);
         expect_possible_frame(path, matrix.Mat().cols, matrix.Mat().rows);
         return matrix;
     }
-    KivImage image = read_grey_image(path);
+    KivImage image = read_image(path, part);
     KivMatrix matrix;
     expect_success(KIVMV::KivImageToMatrix(image, &matrix), path);
     return matrix;

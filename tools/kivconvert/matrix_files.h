@@ -2,6 +2,8 @@
 // Matrices as files: CSV, a line per row, or the pixels of an image.
 #pragma once
 
+#include "kivconvert/image_files.h"
+
 #include <KivData/KivData.h>
 
 #include <string>
@@ -16,8 +18,8 @@ KivMatrix parse_matrix_csv(std::string_view text, const std::string& file);
 /// A matrix of one channel.
 std::string matrix_as_csv(const KivMatrix& matrix);
 
-/// Reads CSV, or the values of an image in its own bit depth. @throws FileError, ResultError
-KivMatrix read_matrix(const std::string& path);
+/// Reads CSV, or the values of an image in its own bit depth. @throws InputError, ResultError
+KivMatrix read_matrix(const std::string& path, const ImagePart& part = {});
 
 /// @throws FileError unless the file is named .csv or like an image that keeps every pixel
 void expect_matrix_output(const std::string& path);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <numeric>
 #include <opencv2/imgproc.hpp>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -12,43 +13,66 @@ namespace kivconvert
 namespace
 {
 
-std::vector<cv::Point> pixels_of(const KivContour& border)
+/// A point on the border of a hole, and the contour that it belongs to.
+struct HolePoint {
+    int row;
+    int column;
+    std::size_t hole;
+
+    bool operator<(const HolePoint& other) const { return std::tie(row, column) < std::tie(other.row, other.column); }
+};
+
+std::vector<HolePoint> points_of_holes(const TracedContours& traced)
 {
-    return {border.AllPoints().begin(), border.AllPoints().end()};
+    std::vector<HolePoint> points;
+    for (int i = 0; i < traced.contours.Length(); ++i) {
+        if (traced.contours[i].IsHole()) {
+            const cv::Point pixel(traced.contours[i].AllPoints().front());
+            points.push_back({pixel.y, pixel.x, static_cast<std::size_t>(i)});
+        }
+    }
+    std::sort(points.begin(), points.end());
+    return points;
 }
 
-/// For every pixel of the frame, the index of the smallest outer border around it, or -1: they are painted over the
-/// larger ones.
-cv::Mat1i smallest_around(const TracedContours& traced)
+/// The outer borders, the smallest first.
+std::vector<int> outers_by_area(const TracedContours& traced)
 {
     std::vector<std::pair<double, int>> by_area;
     for (int i = 0; i < traced.contours.Length(); ++i) {
         if (!traced.contours[i].IsHole()) {
-            by_area.emplace_back(cv::contourArea(pixels_of(traced.contours[i])), i);
+            const auto& points = traced.contours[i].AllPoints();
+            by_area.emplace_back(cv::contourArea(std::vector<cv::Point>(points.begin(), points.end())), i);
         }
     }
-    std::sort(by_area.rbegin(), by_area.rend());
-    cv::Mat1i smallest(traced.height, traced.width, -1);
+    std::sort(by_area.begin(), by_area.end());
+    std::vector<int> outers;
     for (const auto& [area, outer] : by_area) {
-        cv::fillPoly(smallest, std::vector{pixels_of(traced.contours[outer])}, outer);
+        outers.push_back(outer);
     }
-    return smallest;
+    return outers;
 }
 
-/// The border of a hole runs along pixels of the foreground that it is a hole in, and belongs to the border of that.
+/// The outer border of each contour, its own for an outer border. The border of a hole runs along pixels of the
+/// foreground that it is a hole in, so its outer border is the smallest one around any of its points.
 std::vector<int> outers_around(const TracedContours& traced)
 {
     std::vector<int> outers(static_cast<std::size_t>(traced.contours.Length()));
     std::iota(outers.begin(), outers.end(), 0);
-    const auto is_hole = [&](int i) { return traced.contours[i].IsHole(); };
-    if (std::none_of(outers.begin(), outers.end(), is_hole)) {
+    std::vector<HolePoint> points = points_of_holes(traced);
+    if (points.empty()) {
         return outers;
     }
-    const cv::Mat1i smallest = smallest_around(traced);
-    for (int& outer : outers) {
-        const cv::Point pixel(traced.contours[outer].AllPoints().front());
-        if (is_hole(outer) && cv::Rect(cv::Point(), smallest.size()).contains(pixel) && smallest(pixel) >= 0) {
-            outer = smallest(pixel);
+    std::vector<char> is_placed(outers.size(), 0);
+    for (const int outer : outers_by_area(traced)) {
+        for (const Run& run : KivContourArray({traced.contours[outer]}).FilledRuns(traced.width, traced.height)) {
+            auto point = std::lower_bound(points.begin(), points.end(), HolePoint{run.row, run.colBegin, 0});
+            for (; point != points.end() && point->row == run.row && point->column <= run.colEnd; ++point) {
+                if (is_placed[point->hole] == 0) {
+                    outers[point->hole] = outer;
+                    is_placed[point->hole] = 1;
+                }
+            }
         }
     }
     return outers;

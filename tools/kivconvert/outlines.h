@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Contours, sorted by the piece of foreground that they belong to.
+// Contours, grouped by the piece of foreground that they belong to.
 #pragma once
 
 #include "kivconvert/contour_files.h"
@@ -15,9 +15,9 @@ struct Outline {
     std::vector<const KivContour*> holes;
 };
 
-/// The outlines in the order of their outer borders. They point into `traced`. Where that does not tell which hole is
-/// in which outer border, it is the smallest one around it. A border of a hole that lies in none of them, as tracing
-/// never gives it, becomes an outline of its own.
+/// The outlines in the order of their outer borders. They point into `traced`. Where that does not say which outer
+/// border a hole belongs to, it is the smallest one around it. A hole in none of them, which tracing never gives,
+/// becomes an outline by itself. Costs as filling the outer borders into runs does; the frame costs nothing.
 std::vector<Outline> outlines_of(const TracedContours& traced);
 
 } // namespace kivconvert

@@ -4,12 +4,13 @@
 #include "kivconvert/csv_scanner.h"
 #include "kivconvert/errors.h"
 #include "kivconvert/files.h"
+#include "kivconvert/memory_limit.h"
 #include "kivconvert/result_codes.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <algorithm>
-#include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -19,27 +20,25 @@ namespace kivconvert
 namespace
 {
 
-constexpr std::string_view column_names = "x,y";
+constexpr std::string_view column_names[] = {"x", "y"};
 
-double read_coordinate(CsvScanner& scanner, std::string_view name)
+KivPoint read_point(const CsvScanner& scanner)
 {
-    return scanner.read_number(name, -farthest_coordinate, farthest_coordinate);
+    scanner.expect_fields_for(column_names);
+    return {scanner.number_at(0, "x", -farthest_coordinate, farthest_coordinate),
+            scanner.number_at(1, "y", -farthest_coordinate, farthest_coordinate)};
 }
 
-KivPoint read_point(CsvScanner& scanner)
+std::string header()
 {
-    const double x = read_coordinate(scanner, "x");
-    scanner.expect_column("y");
-    const double y = read_coordinate(scanner, "y");
-    scanner.expect_line_end();
-    return {x, y};
+    return fmt::format("{}\n", fmt::join(column_names, ","));
 }
 
 } // namespace
 
 std::string points_as_csv(const KivPointArray& points)
 {
-    std::string text = fmt::format("{}\n", column_names);
+    std::string text = header();
     for (const KivPoint& point : points) {
         fmt::format_to(std::back_inserter(text), "{},{}\n", point.x, point.y);
     }
@@ -48,7 +47,7 @@ std::string points_as_csv(const KivPointArray& points)
 
 std::string points_as_csv(const KivVarArray& xs, const KivVarArray& ys)
 {
-    std::string text = fmt::format("{}\n", column_names);
+    std::string text = header();
     for (int i = 0; i < xs.Length(); ++i) {
         fmt::format_to(std::back_inserter(text), "{},{}\n", xs[i].I(), ys[i].I());
     }
@@ -57,16 +56,16 @@ std::string points_as_csv(const KivVarArray& xs, const KivVarArray& ys)
 
 bool looks_like_points(std::string_view text)
 {
-    return text.substr(0, column_names.size()) == column_names;
+    return begins_with_fields(text, column_names);
 }
 
 KivPointArray parse_points_csv(std::string_view text, const std::string& file)
 {
     CsvScanner scanner(text, file);
-    scanner.expect(column_names);
-    scanner.expect_line_end();
+    scanner.next_line();
+    scanner.expect_fields(column_names);
     std::vector<KivPoint> points;
-    while (!scanner.at_end()) {
+    while (scanner.next_line()) {
         points.push_back(read_point(scanner));
     }
     return KivPointArray(std::move(points));
@@ -74,13 +73,11 @@ KivPointArray parse_points_csv(std::string_view text, const std::string& file)
 
 void expect_listable(const std::vector<Run>& runs, const std::string& subject)
 {
-    long long points = 0;
+    double points = 0;
     for (const Run& run : runs) {
-        points += std::max(0LL, static_cast<long long>(run.colEnd) - run.colBegin + 1);
-        if (points > max_listed_points) {
-            throw FileError(subject, fmt::format("has more than {} pixels, too many to list", max_listed_points));
-        }
+        points += std::max(0.0, static_cast<double>(run.colEnd) - run.colBegin + 1);
     }
+    expect_affordable(subject, points, "points", bytes_per_point);
 }
 
 void expect_point_file(const std::string& path)

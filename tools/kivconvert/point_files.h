@@ -14,22 +14,19 @@ namespace kivconvert
 /// How far from 0 the coordinates of points and contours may lie in files: as far as a frame reaches.
 inline constexpr int farthest_coordinate = 1 << 20;
 
-/// The most pixels that are listed, so that a short run file cannot ask for a list that fills the memory.
-inline constexpr long long max_listed_points = 1LL << 27;
-
 /// A line with the names of the columns, x and y, and a line for each point.
 std::string points_as_csv(const KivPointArray& points);
 
 /// The same for two parallel arrays of ints.
 std::string points_as_csv(const KivVarArray& xs, const KivVarArray& ys);
 
-/// Whether a text begins as points_as_csv() begins it.
+/// Whether a text begins with the column names of points.
 bool looks_like_points(std::string_view text);
 
 /// `file` is named in error messages. @throws FileError for anything that is not the format.
 KivPointArray parse_points_csv(std::string_view text, const std::string& file);
 
-/// @throws FileError if the runs have more pixels than are listed; `subject` is where they are from
+/// @throws InputError if the list of the runs' pixels would exceed the memory limit; `subject` is where they are from
 void expect_listable(const std::vector<Run>& runs, const std::string& subject);
 
 /// @throws FileError if the file is not named .csv

@@ -6,6 +6,7 @@
 #include "kivconvert/conversions.h"
 #include "kivconvert/frame_options.h"
 #include "kivconvert/help_texts.h"
+#include "kivconvert/memory_limit.h"
 #include "kivconvert/operands.h"
 #include "kivconvert/point_files.h"
 #include "kivconvert/result_codes.h"
@@ -50,16 +51,18 @@ std::string pixels_once(KivRegion& region, const std::string& subject)
     return points_as_csv(xs, ys);
 }
 
-void list_points(const std::string& input, const std::string& output, const Options& options)
+void list_points(const std::string& input, const std::string& output, const Options& options, const ImagePart& part)
 {
     if (options.contour) {
+        expect_no_part(part);
         const KivContour contour = contour_at(read_content(input), *options.contour, input);
         write_point_file(output, points_of(contour, options.rounded, input));
         return;
     }
-    Content content = read_operand(input, options.frame);
+    Content content = read_operand(input, options.frame, part);
     KivRegion region = region_of(content, input);
     if (options.once) {
+        expect_paintable(input, {region.Width(), region.Height()});
         expect_listable(visible_runs(region), input);
         write_point_file(output, pixels_once(region, input));
     } else {
@@ -74,9 +77,10 @@ void add_points_command(CLI::App& app)
     const auto options = std::make_shared<Options>();
     CLI::App* const command = app.add_subcommand("points", "Lists the pixels, run by run, or a contour's points");
     command->footer(example_with_shapes("points parts.csv -o pixels.csv"));
-    add_conversion(
-        *command, {any_content, "points, .csv", ".csv", expect_point_file},
-        [options](const std::string& input, const std::string& output) { list_points(input, output, *options); });
+    add_conversion(*command, {any_content, "points, .csv", ".csv", expect_point_file},
+                   [options](const std::string& input, const std::string& output, const ImagePart& part) {
+                       list_points(input, output, *options, part);
+                   });
     CLI::Option* const once =
         command->add_flag("--once", options->once, "each pixel of the frame once, row by row from left to right");
     add_frame_options(*command, options->frame);

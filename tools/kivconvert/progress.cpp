@@ -1,80 +1,58 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/progress.h"
 
-#include <algorithm>
+#include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/ioctl.h>
+#include <string>
 #include <unistd.h>
-#include <utility>
 
 namespace kivconvert
 {
 namespace
 {
 
-constexpr const char* clear_line = "\r\033[K";
+constexpr std::size_t bar_length = 20;
+constexpr std::chrono::milliseconds draw_interval{100};
 
-/// A descriptor of its own: standard error leads nowhere while images are being read.
-std::FILE* open_terminal()
+/// The terminal opened once more, so that O_NONBLOCK concerns nobody else's output.
+int open_terminal()
 {
-    return isatty(STDERR_FILENO) == 1 ? fdopen(dup(STDERR_FILENO), "w") : nullptr;
-}
-
-/// So that the line stays one: where it wraps, each step would leave it behind.
-std::size_t bar_length_for(std::size_t total)
-{
-    constexpr std::size_t longest = 40;
-    winsize size = {};
-    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
-        return longest;
-    }
-    const std::size_t rest = fmt::formatted_size("[] {0} of {0}", total);
-    return std::min(longest, size.ws_col - std::min<std::size_t>(size.ws_col, rest));
+    const char* const name = ttyname(STDERR_FILENO);
+    return name == nullptr ? -1 : open(name, O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
 }
 
 } // namespace
 
-Progress::Progress(std::size_t total)
-    : total_(total), terminal_(open_terminal()), bar_length_(bar_length_for(total)), clearing_([this] {
-          mutex_.lock(); // for good: nothing draws after this
-          clear();
-      })
+Progress::Progress(std::size_t total) : total_(total), terminal_(open_terminal())
 {
-    draw();
+    draw(0);
 }
 
 Progress::~Progress()
 {
-    const auto lock = hold_interruptions();
-    clear();
-    if (terminal_ != nullptr) {
-        std::fclose(std::exchange(terminal_, nullptr));
-    }
-}
-
-void Progress::clear()
-{
-    if (terminal_ != nullptr) {
-        std::fputs(clear_line, terminal_);
-        std::fflush(terminal_);
-    }
+    print("\r\033[K");
+    close(terminal_);
 }
 
 void Progress::advance()
 {
-    const std::lock_guard lock(mutex_);
-    ++done_;
-    draw();
+    const std::size_t done = ++done_;
+    const std::unique_lock lock(drawing_, std::try_to_lock);
+    if (lock && std::chrono::steady_clock::now() >= next_draw_) {
+        draw(done);
+    }
 }
 
-void Progress::draw()
+void Progress::draw(std::size_t done)
 {
-    if (terminal_ != nullptr) {
-        const std::size_t filled = bar_length_ * done_ / total_;
-        fmt::print(terminal_, "{}[{:#<{}}{:.<{}}] {} of {}", clear_line, "", filled, "", bar_length_ - filled, done_,
-                   total_);
-        std::fflush(terminal_);
-    }
+    const std::size_t filled = bar_length * done / total_;
+    print(fmt::format("\r[{:#<{}}{:.<{}}] {} of {}", "", filled, "", bar_length - filled, done, total_));
+    next_draw_ = std::chrono::steady_clock::now() + draw_interval;
+}
+
+void Progress::print(std::string_view text) const
+{
+    [[maybe_unused]] const ssize_t written = write(terminal_, text.data(), text.size()); // a lost bar is no failure
 }
 
 } // namespace kivconvert

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
-// How far the work is, for those who watch it on a terminal.
+// A progress bar for interactive terminals.
 #pragma once
 
-#include "kivconvert/interruptions.h"
-
+#include <atomic>
+#include <chrono>
 #include <cstddef>
-#include <cstdio>
 #include <mutex>
+#include <string_view>
 
 namespace kivconvert
 {
 
-/// A bar on standard error while the object lives; nothing where that is no terminal.
+/// A bar on standard error while the object lives; nothing where that is no terminal. It never keeps the work waiting:
+/// while a terminal takes no output, the bar is not drawn.
 class Progress
 {
 public:
@@ -24,15 +25,14 @@ public:
     void advance();
 
 private:
-    void draw();
-    void clear();
+    void draw(std::size_t done);
+    void print(std::string_view text) const;
 
     std::size_t total_;
-    std::size_t done_ = 0;
-    std::mutex mutex_;
-    std::FILE* terminal_;    // null: nobody watches
-    std::size_t bar_length_; // as the terminal has room
-    UndoneByInterruption clearing_;
+    std::atomic<std::size_t> done_{0};
+    int terminal_; ///< -1: none
+    std::mutex drawing_;
+    std::chrono::steady_clock::time_point next_draw_;
 };
 
 } // namespace kivconvert

@@ -14,8 +14,8 @@
 
 #include <KivDataConvert/KivDataConvert.h>
 
+#include <fmt/format.h>
 #include <memory>
-#include <opencv2/imgproc.hpp>
 #include <optional>
 #include <string>
 
@@ -24,6 +24,9 @@ namespace kivconvert
 namespace
 {
 
+/// Of images with 16 bits.
+constexpr int max_threshold = 65535;
+
 struct Options {
     std::optional<int> least;
     std::optional<int> contour;
@@ -31,17 +34,25 @@ struct Options {
     Frame frame;
 };
 
-/// The pixels of at least the given value. The library refuses images that are not 8-bit, as it does without a
-/// threshold.
+void expect_possible(int least, int depth)
+{
+    const int most = depth == CV_8U ? 255 : max_threshold;
+    if (least > most) {
+        throw InputError("--threshold", fmt::format("is more than {}, the most that the image can hold", most));
+    }
+}
+
+/// The pixels of at least the given value.
 KivRegion thresholded(Content& content, int least, const std::string& subject)
 {
     auto* const image = std::get_if<KivImage>(&content);
     if (image == nullptr) {
         throw InputError("--threshold", "is for images; nothing else has grey values");
     }
-    if (image->Mat().depth() == CV_8U) {
-        cv::threshold(image->Mat(), image->Mat(), least - 1.0, 255.0, cv::THRESH_BINARY);
-    }
+    expect_possible(least, image->Mat().depth());
+    cv::Mat foreground;
+    cv::compare(image->Mat(), static_cast<double>(least), foreground, cv::CMP_GE);
+    image->Mat() = foreground;
     KivRegion region;
     expect_success(KIVMV::KivBinImageToRegion(*image, &region), subject);
     return region;
@@ -71,12 +82,13 @@ KivRegion sorted_by_row(KivRegion& region)
     return sorted;
 }
 
-KivRegion region_for(const std::string& input, const Options& options)
+KivRegion region_for(const std::string& input, const Options& options, const ImagePart& part)
 {
     if (options.contour) {
+        expect_no_part(part);
         return enclosed(contour_at(read_content(input), *options.contour, input), input);
     }
-    Content content = read_operand(input, options.frame);
+    Content content = read_operand(input, options.frame, part);
     return options.least ? thresholded(content, *options.least, input) : region_of(content, input);
 }
 
@@ -88,13 +100,13 @@ void add_region_command(CLI::App& app)
     CLI::App* const command = app.add_subcommand("region", "Writes the runs of an image's foreground, or of a shape");
     command->footer(example_with_shapes("region parts.png --threshold 128 -o parts.csv"));
     add_conversion(*command, {any_content, any_run_file, ".csv", expect_run_file},
-                   [options](const std::string& input, const std::string& output) {
-                       KivRegion region = region_for(input, *options);
+                   [options](const std::string& input, const std::string& output, const ImagePart& part) {
+                       KivRegion region = region_for(input, *options, part);
                        write_runs(output, options->sorted ? sorted_by_row(region) : region);
                    });
     CLI::Option* const threshold =
         command->add_option("--threshold", options->least, "foreground is what is at least N, not all non-zero pixels");
-    threshold->type_name("N")->check(CLI::Range(0, 255));
+    threshold->type_name("N")->check(CLI::Range(0, max_threshold));
     command->add_flag("--sort", options->sorted, "order the runs by row; runs of a row keep their order");
     add_frame_options(*command, options->frame);
     add_contour_option(*command, options->contour, "what the contour N alone encloses, counted from 0")

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What can be told about a region.
+// Counts and extents of a region.
 #pragma once
 
 #include <KivData/KivData.h>

@@ -2,6 +2,7 @@
 #include "kivconvert/region_files.h"
 
 #include "kivconvert/image_files.h"
+#include "kivconvert/memory_limit.h"
 #include "kivconvert/operands.h"
 #include "kivconvert/result_codes.h"
 #include "kivconvert/run_files.h"
@@ -23,6 +24,7 @@ void write_painted(const std::string& path, KivRegion& region, const Painting& p
     const int width = painting.width > 0 ? painting.width : region.Width();
     const int height = painting.height > 0 ? painting.height : region.Height();
     expect_possible_frame(path, width, height);
+    expect_paintable(subject, {width, height});
     KivImage image;
     expect_success(KIVMV::KivRegionToImage(&image, region, painting.foreground, painting.background, width, height),
                    subject);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The library's result codes in words.
+// Result codes of the library as messages and exceptions.
 #pragma once
 
 #include <stdexcept>
@@ -8,7 +8,7 @@
 namespace kivconvert
 {
 
-/// The library refused something; the message names the code and tells its meaning.
+/// The library refused something; the message has the code and its meaning.
 struct ResultError : std::runtime_error {
     using runtime_error::runtime_error;
 };

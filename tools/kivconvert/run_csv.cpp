@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Runs as CSV: a line with the frame, a line with the column names, a line per run.
+#include "kivconvert/contents.h"
 #include "kivconvert/csv_scanner.h"
+#include "kivconvert/numbers.h"
 #include "kivconvert/run_files.h"
 
-#include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -13,67 +15,66 @@ namespace kivconvert
 namespace
 {
 
-constexpr std::string_view first_word = "# width=";
-constexpr std::string_view column_names = "row,colBegin,colEnd";
+constexpr std::string_view width_word = "# width=";
+constexpr std::string_view height_word = " height=";
+constexpr std::string_view column_names[] = {"row", "colBegin", "colEnd"};
 
-int read_size(CsvScanner& scanner, std::string_view name)
+int read_size(const CsvScanner& scanner, std::string_view text, std::string_view name)
 {
-    const int value = scanner.read_int(name);
-    if (value < 0) {
-        scanner.fail(fmt::format("{} is negative", name));
+    const Parsed<int> size = parse_int(text);
+    if (size.error != std::errc() || size.value < 0) {
+        scanner.fail(fmt::format("{} is not an int of at least 0", name));
     }
-    return value;
+    return size.value;
 }
 
-std::pair<int, int> read_frame(CsvScanner& scanner)
+/// From the line "# width=W height=H".
+Frame read_frame(const CsvScanner& scanner)
 {
-    scanner.expect(first_word);
-    const int width = read_size(scanner, "width");
-    scanner.expect(" height=");
-    const int height = read_size(scanner, "height");
-    scanner.expect_line_end();
-    return {width, height};
+    std::string_view line = scanner.line().substr(width_word.size());
+    line = line.substr(0, line.find_last_not_of(" \t\r") + 1);
+    const auto height_at = line.find(height_word);
+    if (height_at == line.npos) {
+        scanner.fail(fmt::format("expected \"{}\"", height_word));
+    }
+    return {read_size(scanner, line.substr(0, height_at), "width"),
+            read_size(scanner, line.substr(height_at + height_word.size()), "height")};
 }
 
-int read_next_column(CsvScanner& scanner, std::string_view name)
+Run read_run(const CsvScanner& scanner)
 {
-    scanner.expect_column(name);
-    return scanner.read_int(name);
-}
-
-Run read_run(CsvScanner& scanner)
-{
-    const int row = scanner.read_int("row");
-    const int begin = read_next_column(scanner, "colBegin");
-    const int end = read_next_column(scanner, "colEnd");
-    scanner.expect_line_end();
-    return {row, begin, end};
+    scanner.expect_fields_for(column_names);
+    return {scanner.int_at(0, "row"), scanner.int_at(1, "colBegin"), scanner.int_at(2, "colEnd")};
 }
 
 } // namespace
 
 bool looks_like_runs(std::string_view text)
 {
-    return text.starts_with(first_word);
+    return text.starts_with(width_word) || begins_with_fields(text, column_names);
 }
 
 KivRegion parse_runs_csv(std::string_view text, const std::string& file)
 {
     CsvScanner scanner(text, file);
-    const auto [width, height] = read_frame(scanner);
-    scanner.expect(column_names);
-    scanner.expect_line_end();
-
+    scanner.next_line();
+    Frame frame;
+    if (scanner.line().starts_with(width_word)) {
+        frame = read_frame(scanner);
+        scanner.next_line();
+    }
+    scanner.expect_fields(column_names);
     std::vector<Run> runs;
-    while (!scanner.at_end()) {
+    while (scanner.next_line()) {
         runs.push_back(read_run(scanner));
     }
-    return KivRegion(width, height, std::move(runs));
+    return KivRegion(frame.width, frame.height, std::move(runs));
 }
 
 std::string runs_as_csv(const KivRegion& region)
 {
-    std::string text = fmt::format("# width={} height={}\n{}\n", region.Width(), region.Height(), column_names);
+    std::string text = fmt::format("{}{}{}{}\n{}\n", width_word, region.Width(), height_word, region.Height(),
+                                   fmt::join(column_names, ","));
     for (const Run& run : region.Runs()) {
         fmt::format_to(std::back_inserter(text), "{},{},{}\n", run.row, run.colBegin, run.colEnd);
     }

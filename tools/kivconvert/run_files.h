@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Regions as text: CSV and JSON, which keep all runs exactly, and the JSON of COCO data sets, which keeps the pixels.
-// tools/README.md tells the formats.
+// The manual page describes the formats.
 #pragma once
 
 #include <KivData/KivData.h>
@@ -11,10 +11,11 @@
 namespace kivconvert
 {
 
-/// Whether a text begins as runs_as_csv() begins it.
+/// Whether a text begins with the frame or the column names of runs.
 bool looks_like_runs(std::string_view text);
 
-/// Parses CSV. `file` is named in error messages. @throws FileError for anything that is not the format.
+/// Parses CSV, of which the line with the frame may be missing: the region's frame is 0 x 0 then. `file` is
+/// named in error messages. @throws FileError for anything that is not the format.
 KivRegion parse_runs_csv(std::string_view text, const std::string& file);
 
 /// The same for JSON.
@@ -27,7 +28,8 @@ KivRegion parse_runs_coco(std::string_view text, const std::string& file);
 std::string runs_as_csv(const KivRegion& region);
 std::string runs_as_json(const KivRegion& region);
 
-/// The pixels of the frame alone, each once. The frame must be a possible one. @throws FileError on too many runs
+/// The pixels of the frame alone, each once. The frame must be a possible one. @throws InputError if they would exceed
+/// the memory limit
 std::string runs_as_coco(const KivRegion& region);
 
 /// The same with the counts as an array.
@@ -42,7 +44,7 @@ std::string name_without_ending(const std::string& path);
 /// @throws FileError unless is_run_file()
 void expect_run_file(const std::string& path);
 
-/// Writes a run file, its format told by the file's name. @throws FileError
+/// Writes a run file, in the format of the file's name. @throws FileError
 void write_runs(const std::string& path, const KivRegion& region);
 
 } // namespace kivconvert

@@ -2,9 +2,9 @@
 #include "kivconvert/shape_text.h"
 
 #include "kivconvert/errors.h"
+#include "kivconvert/numbers.h"
 
 #include <algorithm>
-#include <charconv>
 #include <fmt/format.h>
 #include <iterator>
 #include <string_view>
@@ -89,11 +89,11 @@ Numbers parse_numbers(std::string_view list, const std::string& text)
 {
     Numbers numbers;
     for (const std::string_view part : split(list, ',')) {
-        const char* const stop = part.data() + part.size();
-        const auto result = std::from_chars(part.data(), stop, numbers.emplace_back());
-        if (result.ec != std::errc() || result.ptr != stop) {
+        const Parsed<double> number = parse_double(part);
+        if (number.error != std::errc()) {
             throw InputError(text, fmt::format("\"{}\" is not a number", part));
         }
+        numbers.push_back(number.value);
     }
     return numbers;
 }

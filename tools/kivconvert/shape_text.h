@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Shapes of regions of interest in words: "roi:circle:320,240,100".
+// Shapes of regions of interest as text: "roi:circle:320,240,100".
 #pragma once
 
 #include <KivData/KivData.h>
@@ -10,7 +10,7 @@
 namespace kivconvert
 {
 
-/// Whether the text is meant as a shape: it begins with "roi:".
+/// Whether the text begins with "roi:".
 bool is_shape(const std::string& text);
 
 /// The shape, in a frame. @throws InputError if the text names no shape, or if its numbers are not those of the shape

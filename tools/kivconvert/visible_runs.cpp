@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/visible_runs.h"
 
-#include "kivconvert/errors.h"
+#include "kivconvert/memory_limit.h"
 
 #include <algorithm>
-#include <fmt/format.h>
 #include <iterator>
 #include <tuple>
 #include <utility>
@@ -51,9 +50,7 @@ private:
             begin = row;
             return;
         }
-        if (runs_.size() == max_transposed_runs) {
-            throw FileError(file_, fmt::format("has more than {} runs, too many for this format", max_transposed_runs));
-        }
+        expect_affordable(file_, static_cast<double>(runs_.size() + 1), "runs", bytes_per_run);
         runs_.push_back({column, std::exchange(begin, none), row - 1});
     }
 

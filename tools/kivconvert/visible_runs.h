@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Regions as what is seen of them in their frame, told from the runs alone: a frame of a thousand million pixels costs
-// nothing by itself.
+// The pixels of a region in its frame, as runs. The frame's size costs nothing.
 #pragma once
 
 #include <KivData/KivData.h>
@@ -18,12 +17,9 @@ bool lies_inside(const Run& run, const KivRegion& frame);
 /// possible.
 std::vector<Run> visible_runs(const KivRegion& region);
 
-/// The most runs that transposing makes, so that a short file cannot fill the memory: columns that alternate in a high
-/// frame have a run for each pixel.
-inline constexpr std::size_t max_transposed_runs = 1U << 24;
-
 /// The visible runs with rows and columns exchanged, in the exchanged frame.
-/// @throws FileError on too many runs; `file` is the one concerned
+/// @throws InputError if they would exceed the memory limit: columns that alternate in a high frame have a run for each
+/// pixel. `file` is the one concerned
 KivRegion transposed(const KivRegion& region, const std::string& file);
 
 } // namespace kivconvert

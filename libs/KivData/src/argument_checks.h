@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Sentences about indices outside of an array, arrays longer than an int can tell, and impossible frames.
+// Checks of indices, of the lengths of arrays, and of frames, with the messages of their exceptions.
 #pragma once
 
 #include <cstddef>
+#include <vector>
 
 namespace kivdata
 {
@@ -21,6 +22,14 @@ inline std::size_t checked_index(const char* type, int index, int length)
 
 /// Throws std::length_error, naming the type, when an array of this length has no room for as many elements more.
 void check_room(const char* type, std::size_t length, std::size_t added);
+
+/// The elements, when an array of the type has room for them all; throws std::length_error otherwise.
+template <class Element>
+std::vector<Element> checked_elements(const char* type, std::vector<Element> elements)
+{
+    check_room(type, 0, elements.size());
+    return elements;
+}
 
 /// Throws std::invalid_argument when width or height is negative.
 void check_frame(int width, int height);

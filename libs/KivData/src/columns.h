@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Columns of one row, found by halving.
+// Columns of one row, found by binary search.
 //
 // Every part of a shape meets a row in one stretch of columns. A part says so by two conditions, begun(x, y) and
 // ended(x, y), each of which, going right, turns true at most once and stays true; its columns are those that have
-// begun and not ended. Rounding never falls as its operand rises, so conditions built from sums and products that only
-// rise or only fall with x keep that promise in floating point, too: what halving finds is exactly what asking every
-// column would find.
+// begun and not ended. Rounding is monotonic, so conditions built from sums and products that are monotonic in x stay
+// monotonic in floating point, and a binary search finds exactly what a linear scan would.
 #pragma once
 
 #include <numeric>

@@ -3,6 +3,46 @@
 
 #include "argument_checks.h"
 
+#include <KivRLC/KivPolygonFill.h>
+
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <utility>
+
+namespace
+{
+
+int nearest_column_or_row(double coordinate)
+{
+    return cvRound(std::clamp<double>(coordinate, INT_MIN, INT_MAX)); // ties to even
+}
+
+/// Replaces the pixels by those nearest to the points; points that are no numbers are left out.
+void find_nearest_pixels(const KivContour::Points& points, std::vector<KivPixel>& pixels)
+{
+    pixels.resize(points.size());
+    std::size_t count = 0;
+    for (const cv::Point_<double>& point : points) {
+        if (!std::isnan(point.x) && !std::isnan(point.y)) {
+            pixels[count++] = {nearest_column_or_row(point.x), nearest_column_or_row(point.y)};
+        }
+    }
+    pixels.resize(count);
+}
+
+KivContour contour_of(const KivPixel* begin, const KivPixel* end)
+{
+    KivContour::Points points(static_cast<std::size_t>(end - begin));
+    std::transform(begin, end, points.begin(),
+                   [](const KivPixel& pixel) { return cv::Point_<double>(pixel.x, pixel.y); });
+    return KivContour(std::move(points));
+}
+
+} // namespace
+
+KivContour::KivContour(Points points) : points_(kivdata::checked_elements("KivContour", std::move(points))) {}
+
 bool KivContour::IsHole() const noexcept
 {
     if (points_.empty()) {
@@ -17,7 +57,42 @@ bool KivContour::IsHole() const noexcept
     return doubled_area > 0.0;
 }
 
+KivContourArray::KivContourArray(std::vector<KivContour> contours)
+    : contours_(kivdata::checked_elements("KivContourArray", std::move(contours)))
+{
+}
+
+void KivContourArray::Append(KivContour contour)
+{
+    kivdata::check_room("KivContourArray", contours_.size(), 1);
+    contours_.push_back(std::move(contour));
+}
+
 std::size_t KivContourArray::checked(int index) const
 {
     return kivdata::checked_index("KivContourArray", index, Length());
+}
+
+KivContourArray KivContourArray::BordersOf(KivRunView runs, int width, int height)
+{
+    kivdata::check_frame(width, height);
+    const KivRunBorders borders = KivRunBorders::Of(runs, {0, height - 1, 0, width - 1});
+    KivContourArray contours;
+    contours.contours_.reserve(borders.borders.size());
+    for (const KivRunBorder& border : borders.borders) {
+        contours.Append(contour_of(borders.points.data() + border.begin, borders.points.data() + border.end));
+    }
+    return contours;
+}
+
+std::vector<Run> KivContourArray::FilledRuns(int width, int height) const
+{
+    kivdata::check_frame(width, height);
+    KivPolygonFill fill({0, height - 1, 0, width - 1});
+    std::vector<KivPixel> pixels;
+    for (const KivContour& contour : contours_) {
+        find_nearest_pixels(contour.AllPoints(), pixels);
+        fill.Add(pixels.data(), pixels.size());
+    }
+    return fill.Runs();
 }

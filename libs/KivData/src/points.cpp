@@ -4,6 +4,12 @@
 #include "argument_checks.h"
 
 #include <cstdint>
+#include <utility>
+
+KivPointArray::KivPointArray(std::vector<KivPoint> points)
+    : points_(kivdata::checked_elements("KivPointArray", std::move(points)))
+{
+}
 
 void KivPointArray::append_slowly(const KivPoint& point)
 {

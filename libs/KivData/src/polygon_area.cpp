@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Row by row, with a list of the edges that touch the row. The inside of the polygon is found between the first and the
-// second, the third and the fourth, … column from which on one more edge lies to the left; the edges themselves are
-// added to that as stretches of their own.
+// Row by row, with a list of the edges that touch the row. What lies inside is found between the columns from which on
+// one more edge lies to the left; the edges themselves are added to that as stretches of their own.
 #include "polygon_area.h"
 
 #include "convex_set.h"
@@ -17,14 +16,24 @@ namespace
 using kivdata::Columns;
 using kivdata::PolygonEdge;
 using kivdata::Rows;
+using KivRuns::FillRule;
 
-double scale_of(const std::vector<cv::Point_<double>>& points)
+double scale_of(const std::vector<cv::Point_<double>>* rings, std::size_t count)
 {
     double largest = 1.0;
-    for (const cv::Point_<double>& point : points) {
-        largest = std::max({largest, std::abs(point.x), std::abs(point.y)});
+    for (std::size_t i = 0; i < count; ++i) {
+        for (const cv::Point_<double>& point : rings[i]) {
+            largest = std::max({largest, std::abs(point.x), std::abs(point.y)});
+        }
     }
     return kivdata::unit_scale(largest);
+}
+
+/// The edges in ascending order of their upper ends.
+std::vector<PolygonEdge> from_top_to_bottom(std::vector<PolygonEdge> edges)
+{
+    std::sort(edges.begin(), edges.end(), [](const PolygonEdge& a, const PolygonEdge& b) { return a.top() < b.top(); });
+    return edges;
 }
 
 /// The rows of the frame from the uppermost to the lowermost point.
@@ -38,18 +47,37 @@ Rows rows_of(const std::vector<PolygonEdge>& edges, int height)
     return kivdata::rows_between(edges.front().top(), lowest->bottom(), height);
 }
 
-/// Appends the stretches of a row that lie inside, borders apart.
-void append_inside(const std::vector<PolygonEdge>& edges, int row, Columns frame, std::vector<Columns>& found)
+/// From a column on, one more edge lies to the left.
+struct Crossing {
+    int column;
+    int turn;
+};
+
+/// Whether so many turns round a point mean that it is inside. An odd number of edges makes an odd number of turns.
+bool is_inside(int turns, FillRule rule)
 {
-    std::vector<int> crossings;
+    return rule == FillRule::EvenOdd ? turns % 2 != 0 : turns != 0;
+}
+
+/// Appends the stretches of a row that lie inside, borders apart.
+void append_inside(const std::vector<PolygonEdge>& edges, int row, FillRule rule, Columns frame,
+                   std::vector<Columns>& found)
+{
+    std::vector<Crossing> crossings;
     for (const PolygonEdge& edge : edges) {
         if (edge.crosses(row)) {
-            crossings.push_back(kivdata::first_column(frame, [&](double x) { return edge.side(x, row) < 0.0; }));
+            const int column = kivdata::first_column(frame, [&](double x) { return edge.side(x, row) < 0.0; });
+            crossings.push_back({column, edge.turn()});
         }
     }
-    std::sort(crossings.begin(), crossings.end());
-    for (std::size_t i = 1; i < crossings.size(); i += 2) {
-        found.push_back({crossings[i - 1], crossings[i]});
+    std::sort(crossings.begin(), crossings.end(),
+              [](const Crossing& a, const Crossing& b) { return a.column < b.column; });
+    int turns = 0;
+    for (std::size_t i = 1; i < crossings.size(); ++i) {
+        turns += crossings[i - 1].turn;
+        if (is_inside(turns, rule)) {
+            found.push_back({crossings[i - 1].column, crossings[i].column});
+        }
     }
 }
 
@@ -78,10 +106,11 @@ void append_merged(std::vector<Columns> stretches, int row, std::vector<Run>& ru
     }
 }
 
-void append_runs(const std::vector<PolygonEdge>& touching, int row, Columns frame, std::vector<Run>& runs)
+void append_runs(const std::vector<PolygonEdge>& touching, int row, FillRule rule, Columns frame,
+                 std::vector<Run>& runs)
 {
     std::vector<Columns> stretches;
-    append_inside(touching, row, frame, stretches);
+    append_inside(touching, row, rule, frame, stretches);
     append_borders(touching, row, frame, stretches);
     append_merged(std::move(stretches), row, runs);
 }
@@ -93,7 +122,8 @@ kivdata::PolygonEdge::PolygonEdge(cv::Point_<double> a, cv::Point_<double> b, do
       lower_(a.y <= b.y ? b : a),
       left_(std::min(a.x, b.x)),
       right_(std::max(a.x, b.x)),
-      scale_(scale)
+      scale_(scale),
+      turn_(a.y <= b.y ? 1 : -1)
 {
 }
 
@@ -104,15 +134,16 @@ double kivdata::PolygonEdge::side(double x, double y) const
            difference(lower_.y, upper_.y) * difference(x, upper_.x);
 }
 
-kivdata::PolygonArea::PolygonArea(const std::vector<cv::Point_<double>>& points)
+kivdata::PolygonArea::PolygonArea(const Ring* rings, std::size_t count, KivRuns::FillRule rule) : rule_(rule)
 {
-    const double scale = scale_of(points);
-    edges_.reserve(points.size());
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        edges_.emplace_back(points[i], points[i + 1 < points.size() ? i + 1 : 0], scale);
+    const double scale = scale_of(rings, count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const Ring& points = rings[i];
+        edges_.reserve(edges_.size() + points.size());
+        for (std::size_t k = 0; k < points.size(); ++k) {
+            edges_.emplace_back(points[k], points[k + 1 < points.size() ? k + 1 : 0], scale);
+        }
     }
-    std::sort(edges_.begin(), edges_.end(),
-              [](const PolygonEdge& a, const PolygonEdge& b) { return a.top() < b.top(); });
 }
 
 bool kivdata::PolygonArea::contains(double x, double y) const
@@ -127,16 +158,17 @@ bool kivdata::PolygonArea::contains(double x, double y) const
 
 std::vector<Run> kivdata::PolygonArea::runs(int width, int height) const
 {
+    const std::vector<PolygonEdge> edges = from_top_to_bottom(edges_);
     std::vector<Run> runs;
     std::vector<PolygonEdge> touching;
-    auto next = edges_.begin();
-    const Rows rows = rows_of(edges_, height);
+    auto next = edges.begin();
+    const Rows rows = rows_of(edges, height);
     for (int row = rows.begin; row < rows.stop; ++row) {
-        for (; next != edges_.end() && next->top() <= row; ++next) {
+        for (; next != edges.end() && next->top() <= row; ++next) {
             touching.push_back(*next);
         }
         std::erase_if(touching, [row](const PolygonEdge& edge) { return !edge.touches(row); });
-        append_runs(touching, row, {0, width}, runs);
+        append_runs(touching, row, rule_, {0, width}, runs);
     }
     return runs;
 }

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The area of a polygon by the even-odd rule, its edges included.
+// The area of polygons, their edges included.
 #pragma once
 
 #include "columns.h"
 
-#include <KivRLC/KivRLC.h>
+#include <KivData/KivRunPolygons.h>
+#include <KivRLC/KivRun.h>
 
 #include <opencv2/core.hpp>
 
+#include <cstddef>
 #include <vector>
 
 namespace kivdata
@@ -32,6 +34,9 @@ public:
     /// downward count once where they meet.
     bool crosses(double y) const { return top() <= y && y < bottom(); }
 
+    /// 1 if the polygon goes down along the edge, -1 if it goes up.
+    int turn() const { return turn_; }
+
     /// Whether any point of row y may lie on the edge.
     bool touches(double y) const { return top() <= y && y <= bottom(); }
 
@@ -47,19 +52,25 @@ private:
     double left_;
     double right_;
     double scale_;
+    int turn_;
 };
 
-/// A closed polygon.
+/// Closed polygons, filled together.
 class PolygonArea
 {
 public:
-    explicit PolygonArea(const std::vector<cv::Point_<double>>& points);
+    using Ring = std::vector<cv::Point_<double>>;
 
+    explicit PolygonArea(const Ring& points) : PolygonArea(&points, 1, KivRuns::FillRule::EvenOdd) {}
+    PolygonArea(const Ring* rings, std::size_t count, KivRuns::FillRule rule);
+
+    /// By the even-odd rule.
     bool contains(double x, double y) const;
     std::vector<Run> runs(int width, int height) const;
 
 private:
-    std::vector<PolygonEdge> edges_; // in ascending order of top()
+    std::vector<PolygonEdge> edges_;
+    KivRuns::FillRule rule_;
 };
 
 } // namespace kivdata

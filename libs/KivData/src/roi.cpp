@@ -42,8 +42,10 @@ void IKivROIPara::GetMask(KivVarArray* rows, KivVarArray* colBegins, KivVarArray
 
 void IKivROIPara::GetMask(KivContourArray* contours, int* width, int* height)
 {
-    cv::Mat mask = kivdata::mask_of_runs(MaskRuns(), width_, height_);
-    MatToMask(mask, contours, width, height);
+    *contours = KeptRuns() != nullptr ? kivdata::trace_contours(*KeptRuns(), width_, height_)
+                                      : kivdata::trace_contours(MaskRuns(), width_, height_);
+    *width = width_;
+    *height = height_;
 }
 
 void IKivROIPara::GenMask(KivVarArray& rows, KivVarArray& colBegins, KivVarArray& colEnds, int width, int height)

@@ -14,7 +14,7 @@ KivVarArray::KivVarArray(std::initializer_list<KivVar> values)
     }
 }
 
-KivVarArray::KivVarArray(std::vector<int> ints) noexcept : ints_(std::move(ints)) {}
+KivVarArray::KivVarArray(std::vector<int> ints) : ints_(kivdata::checked_elements("KivVarArray", std::move(ints))) {}
 
 void KivVarArray::Remove(int index)
 {

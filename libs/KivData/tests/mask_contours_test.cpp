@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <KivData/KivROI.h>
+#include <KivRLC/KivRLC.h>
 
 #include "support/pictures.h"
 
@@ -20,6 +21,7 @@ namespace
 
 using support::mask_of;
 using support::picture_of;
+using Runs = std::vector<Run>;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
@@ -305,6 +307,100 @@ TEST(MaskContours, RefusesMasksThatLeaveNoRoomForAFrame)
     longest.rows = 1;
     longest.cols = std::numeric_limits<int>::max() - 1;
     EXPECT_THROW(IKivROIPara::MatToMask(longest, &contours, &width, &height), std::invalid_argument);
+}
+
+TEST(MaskContours, AreTracedFromRunsAsFromTheMask)
+{
+    std::mt19937 random(21);
+    for (int i = 0; i < 500; ++i) {
+        cv::Mat mask = random_mask(random);
+        Runs runs;
+        KivRLC::AppendRuns(mask, runs);
+        const KivContourArray expected = traced(mask);
+        ASSERT_EQ(KivContourArray::BordersOf(runs, mask.cols, mask.rows), expected);
+        int width = -1;
+        int height = -1;
+        KivContourArray contours{KivContour{{1.0, 2.0}}};
+        KivROI::Mask(runs, mask.cols, mask.rows).Parameters().GetMask(&contours, &width, &height);
+        ASSERT_EQ(contours, expected);
+        ASSERT_EQ(cv::Size(width, height), mask.size());
+    }
+    KivContourArray contours;
+    int width = -1;
+    int height = -1;
+    KivROI circle = KivROI::Circle(10, 12, 7.5, 30, 16);
+    circle.Parameters().GetMask(&contours, &width, &height);
+    EXPECT_EQ(contours, KivContourArray::BordersOf(circle.Parameters().MaskRuns(), 30, 16));
+}
+
+TEST(MaskContours, AreTracedFromRunsWithinTheFrame)
+{
+    const Runs runs = {{0, 2, 9}, {-1, 0, 3}, {0, -5, 0}, {1, 5, 5}, {0, 3, 1}};
+    EXPECT_EQ(KivContourArray::BordersOf(runs, 4, 1),
+              (KivContourArray{KivContour{{2.0, 0.0}, {3.0, 0.0}}, KivContour{{0.0, 0.0}}}));
+    EXPECT_EQ(KivContourArray::BordersOf(runs, 0, 1), KivContourArray());
+    EXPECT_EQ(KivContourArray::BordersOf(runs, 4, 0), KivContourArray());
+    EXPECT_THROW(KivContourArray::BordersOf(runs, -1, 1), std::invalid_argument);
+    EXPECT_THROW(KivContourArray::BordersOf(runs, 4, -1), std::invalid_argument);
+}
+
+/// Raises the exception that asking a mask of one pixel in the frame for its outlines ends in, with the outputs kept.
+void trace_in_frame(int width, int height)
+{
+    const KivContourArray before{KivContour{{1.0, 2.0}}};
+    KivContourArray contours(before);
+    int width_out = -1;
+    int height_out = -2;
+    try {
+        KivROI::Mask({{0, 0, 0}}, width, height).Parameters().GetMask(&contours, &width_out, &height_out);
+    } catch (...) {
+        EXPECT_EQ(contours, before);
+        EXPECT_EQ(width_out, -1);
+        EXPECT_EQ(height_out, -2);
+        throw;
+    }
+    EXPECT_EQ(contours, (KivContourArray{KivContour{{0.0, 0.0}}}));
+}
+
+TEST(MaskContours, OfFramesThatNoMaskCanHaveAreRefused)
+{
+    constexpr int largest = std::numeric_limits<int>::max();
+    EXPECT_THROW(trace_in_frame(largest, largest), cv::Exception);
+    EXPECT_THROW(trace_in_frame(largest - 2, 1 << 17), cv::Exception);
+    EXPECT_THROW(trace_in_frame(1 << 23, 1 << 24), cv::Exception);
+    EXPECT_THROW(trace_in_frame(largest - 1, 1), std::invalid_argument);
+    EXPECT_THROW(trace_in_frame(1, largest - 1), std::invalid_argument);
+    EXPECT_NO_THROW(trace_in_frame(largest - 2, 1));
+    EXPECT_NO_THROW(trace_in_frame(1 << 23, (1 << 24) - 1));
+}
+
+TEST(ContourFilling, GivesTheRunsOfTheMask)
+{
+    std::mt19937 random(22);
+    for (int round = 0; round < 300; ++round) {
+        KivContourArray contours;
+        std::uniform_real_distribution<double> coordinate(-20.0, 60.0);
+        for (int polygon = 0; polygon < 2; ++polygon) {
+            KivContour::Points points(static_cast<std::size_t>(round % 9));
+            for (auto& point : points) {
+                point = {coordinate(random), coordinate(random)};
+            }
+            contours.Append(KivContour(points));
+        }
+        Runs expected;
+        KivRLC::AppendRuns(filled(contours, 40, 30), expected);
+        ASSERT_EQ(contours.FilledRuns(40, 30), expected);
+    }
+}
+
+TEST(ContourFilling, GivesRunsInFramesOfAnySize)
+{
+    constexpr int largest = std::numeric_limits<int>::max();
+    const KivContourArray far{KivContour{{2e9, 2e9}, {2e9 + 2, 2e9}, {2e9 + 2, 2e9 + 1}}};
+    EXPECT_EQ(far.FilledRuns(largest, largest),
+              (Runs{{2000000000, 2000000000, 2000000002}, {2000000001, 2000000002, 2000000002}}));
+    EXPECT_THROW(far.FilledRuns(-1, 1), std::invalid_argument);
+    EXPECT_THROW(far.FilledRuns(1, -1), std::invalid_argument);
 }
 
 TEST(ContourFilling, FillsNothingFromNothing)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What each shape looks like, its degenerate cases, and the parameters that are refused.
+// What each shape looks like, its degenerate cases, and the parameters that are rejected.
 #include <KivData/KivROI.h>
 
 #include "support/pictures.h"

@@ -46,6 +46,27 @@ TEST(VarArray, KeepsWhatIsAppended)
     EXPECT_EQ(array[2], KivVar("six"));
 }
 
+TEST(VarArray, TakesAndGivesNumbersOfAnyType)
+{
+    const std::vector<int> pixels(3);
+    KivVarArray array;
+    array.Append(pixels.size());
+    array.Append(5L);
+    array.Append(6U);
+    array.Replace(2, 7UL);
+    EXPECT_EQ(array, (KivVarArray{3, 5, 7}));
+    EXPECT_NE(array.PackedInts(), nullptr);
+    EXPECT_THROW(array.Append(5'000'000'000), std::out_of_range);
+    EXPECT_THROW(array.Replace(0, 5'000'000'000), std::out_of_range);
+    EXPECT_EQ(array, (KivVarArray{3, 5, 7}));
+
+    const long through_reference = array[0];
+    const long through_const = std::as_const(array)[1];
+    EXPECT_EQ(through_reference, 3);
+    EXPECT_EQ(through_const, 5);
+    EXPECT_TRUE(array[2] == 7);
+}
+
 TEST(VarArray, ReadsTheSameThroughConst)
 {
     for (const KivVarArray& sample : samples) {

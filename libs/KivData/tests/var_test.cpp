@@ -5,7 +5,9 @@
 
 #include <climits>
 #include <cmath>
+#include <cstddef>
 #include <limits>
+#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -79,6 +81,74 @@ TEST(Var, TakesNotANumberAsZeroInt)
     EXPECT_TRUE(std::isnan(KivVar(std::nan("")).D()));
 }
 
+TEST(Var, HoldsAnyIntegerInTheRangeOfInt)
+{
+    EXPECT_EQ(KivVar(true), KivVar(1));
+    EXPECT_EQ(KivVar('a'), KivVar(97));
+    EXPECT_EQ(KivVar(static_cast<short>(-3)), KivVar(-3));
+    EXPECT_EQ(KivVar(5U), KivVar(5));
+    EXPECT_EQ(KivVar(5L), KivVar(5));
+    EXPECT_EQ(KivVar(long_text.size()), KivVar(100));
+    EXPECT_EQ(KivVar(2147483647ULL), KivVar(INT_MAX));
+    EXPECT_EQ(KivVar(-2147483648LL), KivVar(INT_MIN));
+}
+
+/// What is said of a value that is no int.
+template <class Integer>
+std::string refusal_of(Integer value)
+{
+    try {
+        KivVar var(value);
+        return "";
+    } catch (const std::out_of_range& error) {
+        return error.what();
+    }
+}
+
+TEST(Var, RejectsIntegersOutsideTheRangeOfInt)
+{
+    EXPECT_EQ(refusal_of(2147483648U), "KivVar: 2147483648 is outside the range of int");
+    EXPECT_EQ(refusal_of(2147483648L), "KivVar: 2147483648 is outside the range of int");
+    EXPECT_EQ(refusal_of(-2147483649L), "KivVar: -2147483649 is outside the range of int");
+    EXPECT_EQ(refusal_of(4294967296ULL), "KivVar: 4294967296 is outside the range of int");
+    EXPECT_EQ(refusal_of(ULLONG_MAX), "KivVar: 18446744073709551615 is outside the range of int");
+    EXPECT_EQ(refusal_of(LLONG_MIN), "KivVar: -9223372036854775808 is outside the range of int");
+}
+
+TEST(Var, ConvertsToAnyNumber)
+{
+    const long long_int = KivVar(-7);
+    const long long beyond_int = KivVar(3e9);
+    const std::size_t size = KivVar(7.9);
+    const float as_float = KivVar(0.25);
+    const long double as_long_double = KivVar(0.1);
+    EXPECT_EQ(long_int, -7);
+    EXPECT_EQ(beyond_int, 3'000'000'000);
+    EXPECT_EQ(size, 7U);
+    EXPECT_EQ(as_float, 0.25F);
+    EXPECT_EQ(as_long_double, static_cast<long double>(0.1));
+}
+
+TEST(Var, SaturatesToTheRangeOfAnyInteger)
+{
+    const auto convert_to = [](auto zero, const KivVar& var) {
+        decltype(zero) number = var;
+        return number;
+    };
+    EXPECT_EQ(convert_to(0L, infinity), LONG_MAX);
+    EXPECT_EQ(convert_to(0L, 9223372036854775808.0), LONG_MAX);
+    EXPECT_EQ(convert_to(0L, 9223372036854774784.0), 9223372036854774784);
+    EXPECT_EQ(convert_to(0L, -infinity), LONG_MIN);
+    EXPECT_EQ(convert_to(0UL, -1), 0U);
+    EXPECT_EQ(convert_to(0UL, -0.5), 0U);
+    EXPECT_EQ(convert_to(0UL, 1e300), ULONG_MAX);
+    EXPECT_EQ(convert_to(static_cast<unsigned char>(0), 300), 255);
+    EXPECT_EQ(convert_to(static_cast<signed char>(0), -128.9), -128);
+    EXPECT_EQ(convert_to(static_cast<short>(0), 32767.5), 32767);
+    EXPECT_EQ(convert_to(0L, std::nan("")), 0);
+    EXPECT_EQ(convert_to(0L, "17"), 0);
+}
+
 TEST(Var, ConvertsAsItsAccessorsDo)
 {
     const KivVar var(-3.5);
@@ -99,6 +169,22 @@ TEST(Var, ComparesKindAndValue)
     EXPECT_TRUE(KivVar("a") == KivVar(std::string("a")));
     EXPECT_TRUE(KivVar("a") != KivVar("b"));
     EXPECT_TRUE(KivVar("") != KivVar(0));
+}
+
+TEST(Var, EqualsTheNumberThatItIs)
+{
+    EXPECT_TRUE(KivVar(1) == 1);
+    EXPECT_TRUE(KivVar(1.0) == 1);
+    EXPECT_TRUE(KivVar(1) == 1.0);
+    EXPECT_TRUE(1U == KivVar(1));
+    EXPECT_TRUE(KivVar(-1) != ULONG_MAX);
+    EXPECT_TRUE(KivVar(1.5) != 1);
+    EXPECT_TRUE(4294967297 != KivVar(1));
+    EXPECT_TRUE(KivVar(9007199254740992.0) == 9007199254740992);
+    EXPECT_TRUE(KivVar(9007199254740992.0) != 9007199254740993);
+    EXPECT_TRUE(KivVar(std::nan("")) != std::nan(""));
+    EXPECT_FALSE(KivVar("") == 0);
+    EXPECT_TRUE(KivVar("1") != 1);
 }
 
 /// Values of all kinds.

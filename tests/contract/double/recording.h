@@ -12,7 +12,7 @@
 namespace recording
 {
 
-/// What a call throws that was told to.
+/// What a call throws that is made to fail.
 struct Injected {
 };
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <KivData/KivDataExport.h>
+#include <KivRLC/KivRunBuffer.h>
 
 #include <opencv2/core.hpp>
 
@@ -11,7 +12,8 @@
 #include <utility>
 #include <vector>
 
-/// An outline: points in pixel coordinates, in outline order, the last one joined to the first.
+/// An outline: points in pixel coordinates, in outline order, the last one joined to the first; at most 2^31 - 1
+/// points.
 ///
 /// The first member points to the point vector, always, also when the contour is empty or moved from.
 class KIVDATA_API KivContour
@@ -19,11 +21,16 @@ class KIVDATA_API KivContour
 public:
     using Points = std::vector<cv::Point_<double>>; ///< x is the column, y the row
 
-    KivContour() = default;                                                           ///< A contour without points.
-    KivContour(std::initializer_list<cv::Point_<double>> points) : points_(points) {} ///< The given points.
-    explicit KivContour(Points points) noexcept : points_(std::move(points)) {}       ///< The given points, taken over.
-    KivContour(const KivContour& other) : points_(other.points_) {}                   ///< Equal points.
-    KivContour(KivContour&& other) noexcept : points_(std::move(other.points_)) {}    ///< Leaves `other` empty.
+    KivContour() = default; ///< A contour without points.
+    KivContour(std::initializer_list<cv::Point_<double>> points) : KivContour(Points(points)) {} ///< The given points.
+
+    /// The given points, taken over without copying.
+    ///
+    /// @throws std::length_error if there are more than 2^31 - 1.
+    explicit KivContour(Points points);
+
+    KivContour(const KivContour& other) : points_(other.points_) {}                ///< Equal points.
+    KivContour(KivContour&& other) noexcept : points_(std::move(other.points_)) {} ///< Leaves `other` empty.
     ~KivContour() = default;
 
     /// Becomes equal to `other`; on std::bad_alloc it keeps its points.
@@ -41,7 +48,7 @@ public:
 
     /// Whether the points run round clockwise as seen on the screen (y down), as IKivROIPara::MatToMask() traces the
     /// border of a hole. It traces outer borders the other way round, and those without an inside, single pixels and
-    /// lines, are outer ones, too. Told from the points alone, in one pass; for a contour that crosses itself the
+    /// lines, are outer ones, too. Computed from the points in one pass; for a contour that crosses itself the
     /// larger part decides.
     bool IsHole() const noexcept;
 
@@ -54,16 +61,18 @@ private:
     Points points_;
 };
 
-/// An array of contours with 0-based int indices.
+/// An array of contours with 0-based int indices and at most 2^31 - 1 elements.
 ///
-/// An operation that throws (std::out_of_range, std::bad_alloc) leaves the array as it was.
+/// An operation that throws (std::out_of_range, std::bad_alloc, std::length_error) leaves the array as it was.
 class KIVDATA_API KivContourArray
 {
 public:
-    KivContourArray() = default;                                                         ///< An empty array.
-    KivContourArray(std::initializer_list<KivContour> contours) : contours_(contours) {} ///< The given contours.
-    explicit KivContourArray(std::vector<KivContour> contours) noexcept
-        : contours_(std::move(contours)) {}                      ///< Taken over.
+    KivContourArray() = default; ///< An empty array.
+
+    /// The given contours.
+    KivContourArray(std::initializer_list<KivContour> contours) : KivContourArray(std::vector<KivContour>(contours)) {}
+
+    explicit KivContourArray(std::vector<KivContour> contours);  ///< The given contours, taken over without copying.
     KivContourArray(const KivContourArray& other) = default;     ///< Equal contours.
     KivContourArray(KivContourArray&& other) noexcept = default; ///< Leaves `other` empty.
     ~KivContourArray() = default;
@@ -79,11 +88,27 @@ public:
     KivContour& operator[](int index) { return contours_[checked(index)]; }             ///< 0 <= index < Length().
     const KivContour& operator[](int index) const { return contours_[checked(index)]; } ///< 0 <= index < Length().
 
-    void Append(KivContour contour) { contours_.push_back(std::move(contour)); } ///< Adds a contour at the end.
-    void Clear() noexcept { contours_.clear(); }                                 ///< Makes the array empty.
+    void Append(KivContour contour);             ///< Adds a contour at the end.
+    void Clear() noexcept { contours_.clear(); } ///< Makes the array empty.
 
     auto begin() const noexcept { return contours_.begin(); } ///< The first contour.
     auto end() const noexcept { return contours_.end(); }     ///< Past the last contour.
+
+    /// The borders of the pixels that any of the runs covers in a frame of width x height pixels: those that
+    /// IKivROIPara::MatToMask() traces in a mask with the runs painted into it, without the mask. The runs may come in
+    /// any order, overlap, and reach outside of the frame.
+    ///
+    /// Cost: linear in the runs and the points if the runs are maximal, ordered and inside of the frame; otherwise they
+    /// are made so first.
+    ///
+    /// @throws std::invalid_argument if width or height is negative.
+    static KivContourArray BordersOf(KivRunView runs, int width, int height);
+
+    /// The maximal runs of the pixels that IKivROIPara::ToMAT() fills in a mask of the frame, ordered by row, then by
+    /// column, without the mask. Costs as KivPolygonFill does, whatever the size of the frame.
+    ///
+    /// @throws std::invalid_argument if width or height is negative.
+    std::vector<Run> FilledRuns(int width, int height) const;
 
     /// Equal when of equal contours in the same order.
     friend bool operator==(const KivContourArray& a, const KivContourArray& b) { return a.contours_ == b.contours_; }

@@ -8,7 +8,6 @@
 #include <climits>
 #include <cstddef>
 #include <initializer_list>
-#include <utility>
 #include <vector>
 
 /// A point in pixel coordinates; the integer point (x, y) is the centre of the pixel in column x and row y.
@@ -27,9 +26,12 @@ struct KivPoint {
 class KIVDATA_API KivPointArray
 {
 public:
-    KivPointArray() = default;                                                                    ///< An empty array.
-    KivPointArray(std::initializer_list<KivPoint> points) : points_(points) {}                    ///< The given points.
-    explicit KivPointArray(std::vector<KivPoint> points) noexcept : points_(std::move(points)) {} ///< Taken over.
+    KivPointArray() = default; ///< An empty array.
+
+    /// The given points.
+    KivPointArray(std::initializer_list<KivPoint> points) : KivPointArray(std::vector<KivPoint>(points)) {}
+
+    explicit KivPointArray(std::vector<KivPoint> points); ///< The given points, taken over without copying.
 
     int Length() const noexcept { return static_cast<int>(points_.size()); } ///< Number of points.
 

@@ -57,7 +57,7 @@ public:
     /// the frame whose centres lie in it (see KivShape); their runs are maximal, rows from top to bottom, within a row
     /// from left to right.
     ///
-    /// Cost: for each row of the frame that the shape reaches, a few searches by halving in the frame's columns (for a
+    /// Cost: for each row of the frame that the shape reaches, a few binary searches in the frame's columns (for a
     /// polygon, two for each edge on the row); never the area of the shape or of the frame.
     std::vector<Run> MaskRuns() const;
 
@@ -68,7 +68,10 @@ public:
         return mask != nullptr ? &mask->runs : nullptr;
     }
 
-    /// Whether one of MaskRuns() covers the pixel in column x and row y, told without making the runs.
+    /// Whether one of MaskRuns() covers the pixel in column x and row y.
+    ///
+    /// Cost: linear in the runs of a mask or the corners of a polygon, constant for any other shape. To ask for many
+    /// pixels, make MaskRuns() once.
     bool Contains(int x, int y) const;
 
     /// MaskRuns() as three arrays, which are replaced, and the frame. The arrays must be three different objects.
@@ -95,9 +98,8 @@ public:
     ///
     /// A point outside of all or inside of two contours is not filled (even-odd rule); the borders themselves are.
     /// Points are rounded to the nearest pixel, ties to even, and saturated to the range of int. Points of which a
-    /// coordinate is NaN and contours without points are left out. What lies more than 2^16 pixels outside of the mask
-    /// is cut off before it is drawn; an edge that leads there is drawn to the pixel nearest to the cut. Filling what
-    /// MatToMask() traced gives the traced mask back.
+    /// coordinate is NaN and contours without points are left out. KivPolygonFill says which pixels an edge passes from
+    /// point to point. Filling what MatToMask() traced gives the traced mask back.
     ///
     /// @throws std::invalid_argument if a size is negative.
     static cv::Mat ToMAT(KivContourArray& contours, int width, int height);
@@ -111,9 +113,9 @@ public:
 
     /// The borders of the mask's non-zero pixels and the mask's size. The array is replaced. The mask is not changed.
     ///
-    /// Every outer border and every border of a hole is a contour of its own, a closed 8-connected chain of the
-    /// foreground pixels along it; foreground is 8-connected, background 4-connected. KivContour::IsHole() tells which
-    /// it is.
+    /// Every outer border and every border of a hole is a separate contour, a closed 8-connected chain of the
+    /// foreground pixels along it; foreground is 8-connected, background 4-connected. KivContour::IsHole()
+    /// distinguishes the two kinds.
     ///
     /// @throws std::invalid_argument if the mask has more than two dimensions, more than one channel, or more than
     /// 2^31 - 3 rows or columns.

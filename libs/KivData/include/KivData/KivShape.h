@@ -40,6 +40,7 @@ struct Rectangle {
     {
         return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
     }
+    friend bool operator!=(const Rectangle& a, const Rectangle& b) noexcept { return !(a == b); }
 };
 
 /// A rectangle turned about its centre: |c * dx + s * dy| <= length / 2 and |c * dy - s * dx| <= breadth / 2, where c
@@ -58,6 +59,7 @@ struct RotatedRectangle {
     {
         return a.cx == b.cx && a.cy == b.cy && a.length == b.length && a.breadth == b.breadth && a.angle == b.angle;
     }
+    friend bool operator!=(const RotatedRectangle& a, const RotatedRectangle& b) noexcept { return !(a == b); }
 };
 
 /// No shape at all.
@@ -66,6 +68,7 @@ struct Empty {
 
     /// Always equal.
     friend bool operator==(const Empty&, const Empty&) noexcept { return true; }
+    friend bool operator!=(const Empty&, const Empty&) noexcept { return false; }
 };
 
 /// A disc: dx * dx + dy * dy <= radius * radius.
@@ -81,6 +84,7 @@ struct Circle {
     {
         return a.cx == b.cx && a.cy == b.cy && a.radius == b.radius;
     }
+    friend bool operator!=(const Circle& a, const Circle& b) noexcept { return !(a == b); }
 };
 
 /// An ellipse, turned about its centre.
@@ -106,6 +110,7 @@ struct Ellipse {
     {
         return a.cx == b.cx && a.cy == b.cy && a.radius1 == b.radius1 && a.radius2 == b.radius2 && a.angle == b.angle;
     }
+    friend bool operator!=(const Ellipse& a, const Ellipse& b) noexcept { return !(a == b); }
 };
 
 /// What lies between two circles about one centre, both circles included:
@@ -123,6 +128,7 @@ struct Ring {
     {
         return a.cx == b.cx && a.cy == b.cy && a.inner == b.inner && a.outer == b.outer;
     }
+    friend bool operator!=(const Ring& a, const Ring& b) noexcept { return !(a == b); }
 };
 
 /// The part of a ring that a ray from the centre passes over when it turns from the start angle through the sweep.
@@ -147,6 +153,7 @@ struct RingSector {
         return a.cx == b.cx && a.cy == b.cy && a.inner == b.inner && a.outer == b.outer && a.start == b.start &&
                a.sweep == b.sweep;
     }
+    friend bool operator!=(const RingSector& a, const RingSector& b) noexcept { return !(a == b); }
 };
 
 /// Pixels given as runs; kept as they are given, not clipped, sorted or merged.
@@ -157,6 +164,7 @@ struct Mask {
 
     /// Equal when of the same runs in the same order.
     friend bool operator==(const Mask& a, const Mask& b) { return a.runs == b.runs; }
+    friend bool operator!=(const Mask& a, const Mask& b) { return !(a == b); }
 };
 
 /// A polygon, the last point joined to the first.
@@ -175,6 +183,7 @@ struct Polygon {
 
     /// Equal when of the same points in the same order.
     friend bool operator==(const Polygon& a, const Polygon& b) { return a.points == b.points; }
+    friend bool operator!=(const Polygon& a, const Polygon& b) { return !(a == b); }
 };
 
 /// A line through points, not closed: it has no area and so no pixels.
@@ -185,6 +194,7 @@ struct OpenCurve {
 
     /// Equal when of the same points in the same order.
     friend bool operator==(const OpenCurve& a, const OpenCurve& b) { return a.points == b.points; }
+    friend bool operator!=(const OpenCurve& a, const OpenCurve& b) { return !(a == b); }
 };
 
 /// Any of the shapes.

@@ -13,8 +13,8 @@
 
 /// An array of KivVar with 0-based int indices and at most 2^31 - 1 elements.
 ///
-/// As long as all elements are ints and nobody has asked for a reference to one, they are kept packed, 4 bytes each
-/// (see PackedInts()); this shows in memory and speed only. Every operation either succeeds or throws and leaves the
+/// As long as all elements are ints and no reference to one has been taken, they are kept packed, 4 bytes each (see
+/// PackedInts()); this affects memory and speed only. Every operation either succeeds or throws and leaves the
 /// array as it was: std::out_of_range for an index outside the array, std::bad_alloc, std::length_error past the
 /// largest length.
 ///
@@ -23,11 +23,11 @@
 class KIVDATA_API KivVarArray
 {
 public:
-    KivVarArray() = default;                              ///< An empty array.
-    KivVarArray(std::initializer_list<KivVar> values);    ///< The given values.
-    explicit KivVarArray(std::vector<int> ints) noexcept; ///< The given ints, taken over without copying.
-    KivVarArray(const KivVarArray& other) = default;      ///< Equal elements.
-    KivVarArray(KivVarArray&& other) noexcept = default;  ///< Leaves `other` empty.
+    KivVarArray() = default;                             ///< An empty array.
+    KivVarArray(std::initializer_list<KivVar> values);   ///< The given values.
+    explicit KivVarArray(std::vector<int> ints);         ///< The given ints, taken over without copying.
+    KivVarArray(const KivVarArray& other) = default;     ///< Equal elements.
+    KivVarArray(KivVarArray&& other) noexcept = default; ///< Leaves `other` empty.
     ~KivVarArray() = default;
 
     /// Becomes equal to `other`.

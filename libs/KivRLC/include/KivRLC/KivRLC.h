@@ -3,32 +3,12 @@
 /// Run extraction: the runs of foreground pixels in an 8-bit mask.
 #pragma once
 
+#include <KivRLC/KivRLCExport.h>
+#include <KivRLC/KivRun.h>
+
 #include <opencv2/core.hpp>
 
 #include <vector>
-
-#if defined(__GNUC__)
-#define KIVRLC_API __attribute__((visibility("default")))
-#else
-#define KIVRLC_API
-#endif
-
-/// A horizontal stretch of pixels: (colBegin, row) through (colEnd, row), both ends included.
-///
-/// Coordinates are 0-based pixels. A one-pixel run has colBegin == colEnd; a run whose begin lies past its end
-/// covers nothing.
-struct Run {
-    int row;      ///< y of the run
-    int colBegin; ///< x of the first pixel
-    int colEnd;   ///< x of the last pixel, inclusive
-
-    /// Equal when all members are.
-    friend constexpr bool operator==(const Run& a, const Run& b) noexcept
-    {
-        return a.row == b.row && a.colBegin == b.colBegin && a.colEnd == b.colEnd;
-    }
-    friend constexpr bool operator!=(const Run& a, const Run& b) noexcept { return !(a == b); }
-};
 
 /// The run extractor. It has no state; an object of it is never needed.
 class KIVRLC_API KivRLC

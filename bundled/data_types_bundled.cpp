@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// The seam to the data types on the bundled ones, whose runs, ints and points are flat lists: nothing is converted to
+// variants and back, and no mask is made where runs are at hand.
+#include "foundation/data_types.h"
+
+#include "foundation/first_member.h"
+#include "foundation/masks.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace kiv
+{
+namespace
+{
+
+/// The runs of pixels that are listed row by row and from left to right; nothing if one comes out of order. Ignores
+/// pixels with a negative coordinate. bench/kiv/arrays.cpp measures it.
+std::optional<RunList> runs_of_ordered_pixels(const PixelLists& pixels)
+{
+    RunList runs;
+    Run run = {-1, 0, -1};
+    for (std::size_t i = 0; i < pixels.columns.size(); ++i) {
+        const int column = pixels.columns[i];
+        const int row = pixels.rows[i];
+        if (column < 0 || row < 0) {
+            continue;
+        }
+        if (row == run.row && column - run.colEnd == 1) {
+            run.colEnd = column;
+        } else if (row > run.row || (row == run.row && column > run.colEnd)) {
+            if (run.row >= 0) {
+                runs.push_back(run);
+            }
+            run = {row, column, column};
+        } else if (row != run.row || column != run.colEnd) {
+            return std::nullopt;
+        }
+    }
+    if (run.row >= 0) {
+        runs.push_back(run);
+    }
+    return runs;
+}
+
+} // namespace
+
+FramedRuns parts_of(KivRegion& region)
+{
+    return {{region.Width(), region.Height()}, RunView(region.Runs())};
+}
+
+void create_region(KivRegion& region, Frame frame, RunList runs)
+{
+    region.CreateRegion(frame.width, frame.height, std::move(runs));
+}
+
+FramedRuns mask_of(const KivROI& roi)
+{
+    const IKivROIPara& parameters = roi.Parameters();
+    const Frame frame{parameters.Width(), parameters.Height()};
+    if (const RunList* kept = parameters.KeptRuns()) {
+        return {frame, RunView(*kept)};
+    }
+    return {frame, parameters.MaskRuns()};
+}
+
+bool has_columns(KivROI& /*roi*/, const FramedRuns& mask)
+{
+    require_mask_frame(mask.frame);
+    return mask.frame.width > 0;
+}
+
+void become_mask(KivROI& roi, Frame frame, RunList runs)
+{
+    roi.Parameters().GenMask(std::move(runs), frame.width, frame.height);
+}
+
+RunList runs_of_image(const cv::Mat& pixels, MaskBytes /*bytes*/)
+{
+    RunList runs;
+    KivRLC::AppendRuns(pixels, runs);
+    return runs;
+}
+
+RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
+{
+    if (std::optional<RunList> runs = runs_of_ordered_pixels(pixels)) {
+        require_mask_frame(frame); // whether a frame is rejected must not depend on the order of the pixels
+        return *std::move(runs);
+    }
+    cv::Mat mask = painted_mask(frame, pixels);
+    return extract_runs(mask);
+}
+
+int count_leading_numbers(KivVarArray& values)
+{
+    if (values.PackedInts() != nullptr) {
+        return values.Length();
+    }
+    const KivVarArray& unpacked = values;
+    int count = 0;
+    while (count < unpacked.Length() &&
+           (unpacked[count].ValType() == KivVar::IntKind || unpacked[count].ValType() == KivVar::DoubleKind)) {
+        ++count;
+    }
+    return count;
+}
+
+ViewOrCopy<int> ints_of(KivVarArray& values, int count)
+{
+    const std::vector<int>* packed = values.PackedInts();
+    if (packed != nullptr && count <= values.Length()) {
+        return std::span(*packed).first(static_cast<std::size_t>(count));
+    }
+    std::vector<int> ints;
+    ints.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        ints.push_back(
+            std::as_const(values)[i].I()); // reading a constant array never rearranges it, so threads can share it
+    }
+    return ints;
+}
+
+void overwrite(KivVarArray& values, std::span<const int> ints)
+{
+    const std::vector<int>* packed = values.PackedInts();
+    if (packed != nullptr && packed->data() == ints.data()) {
+        return;
+    }
+    for (std::size_t i = 0; i < ints.size(); ++i) {
+        values.Replace(static_cast<int>(i), KivVar(ints[i]));
+    }
+}
+
+void fill(KivVarArray& values, std::vector<int> ints)
+{
+    values = KivVarArray(std::move(ints));
+}
+
+void reserve(KivPointArray& points, std::size_t count)
+{
+    points.Reserve(count);
+}
+
+void append_pixels(KivPointArray& points, RunView runs)
+{
+    std::size_t count = 0;
+    for (const Run& run : runs) {
+        count += run.colBegin <= run.colEnd ? length_of(run.colBegin, run.colEnd) : 0;
+    }
+    points.Reserve(count);
+    for (const Run& run : runs) {
+        if (run.colBegin <= run.colEnd) {
+            points.AppendPixels(run.row, run.colBegin, run.colEnd);
+        }
+    }
+}
+
+} // namespace kiv

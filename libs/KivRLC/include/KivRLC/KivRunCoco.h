@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+/// @file
+/// Run sets from and to the run lengths of the COCO data sets. This header needs no OpenCV.
+#pragma once
+
+#include <KivRLC/KivRLCExport.h>
+#include <KivRLC/KivRunSet.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Counts describe a frame of width x height pixels column by column, each from top to bottom: how many pixels do not
+/// belong, then how many do, then how many do not, and so on. The first count is 0 if pixel (0, 0) belongs; the sum is
+/// width * height. As text, each count is 5 bits a character, the lowest first, and from the fourth one on less the
+/// count two before.
+///
+/// Each function throws std::invalid_argument if width or height is negative and std::bad_alloc if memory runs out.
+namespace KivRuns
+{
+
+/// The set of the pixels that belong, as the data sets' "counts" list them. Counts of 0 are taken in any place.
+///
+/// All counts are checked before memory is asked for. Linear in the counts, the columns that they cover, and the runs
+/// of the result, which has as many as height for a stretch of full columns, whatever their number.
+///
+/// @throws std::invalid_argument if a count is negative or their sum is not width * height.
+KIVRLC_API KivRunSet FromCocoCounts(const std::vector<std::int64_t>& counts, int width, int height);
+
+/// The same from counts packed as text.
+///
+/// @throws std::invalid_argument if a character is none of those from '0' to 'o', the text ends within a count, or a
+/// count does not fit into 64 bits; and as FromCocoCounts().
+KIVRLC_API KivRunSet FromCocoText(std::string_view text, int width, int height);
+
+/// The counts of the set's pixels in the frame; pixels outside of it are left out. No count but the first one is 0,
+/// except that a frame without pixels has the one count 0.
+///
+/// Linear in the runs of the set and in the counts, sets whose columns are full from top to bottom included.
+KIVRLC_API std::vector<std::int64_t> ToCocoCounts(const KivRunSet& set, int width, int height);
+
+/// The same packed as text.
+KIVRLC_API std::string ToCocoText(const KivRunSet& set, int width, int height);
+
+} // namespace KivRuns

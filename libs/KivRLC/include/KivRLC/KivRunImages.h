@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+/// @file
+/// Run sets from and into images: masks, ranges of grey values and labels. This header needs no OpenCV; KivRunMat.h has
+/// the same for cv::Mat.
+#pragma once
+
+#include <KivRLC/KivImageView.h>
+#include <KivRLC/KivRLCExport.h>
+#include <KivRLC/KivRunSet.h>
+
+#include <cstdint>
+#include <vector>
+
+/// Pixel (x, y) of an image is pixel (x, y) of the set. Each function throws std::invalid_argument if an image has a
+/// negative width or height, and std::bad_alloc if memory runs out.
+namespace KivRuns
+{
+
+/// @name From images
+/// In one pass over the pixels, 64 at a time, and linear in the runs of the result.
+/// @{
+
+/// The pixels that are not 0.
+KIVRLC_API KivRunSet FromMask(const KivImageView<const std::uint8_t>& mask);
+
+/// The pixels whose value is at least `least` and at most `greatest`; none if these are inverted. No mask is made.
+KIVRLC_API KivRunSet FromRange(const KivImageView<const std::uint8_t>& image, std::uint8_t least,
+                               std::uint8_t greatest);
+/// The same of 16-bit values.
+KIVRLC_API KivRunSet FromRange(const KivImageView<const std::uint16_t>& image, std::uint16_t least,
+                               std::uint16_t greatest);
+/// The same of real numbers. What is not a number (NaN) is in no range; with a bound that is none no pixel is.
+KIVRLC_API KivRunSet FromRange(const KivImageView<const float>& image, float least, float greatest);
+
+/// @}
+
+/// The pixels of one label.
+struct LabelledSet {
+    std::int32_t label; ///< not 0
+    KivRunSet set;      ///< its pixels, at least one
+};
+
+/// @name From label images
+/// The pixels of every label but 0, which is the background, in ascending order of the labels. In one pass over the
+/// pixels, linear in these and the runs, whatever the labels are.
+/// @{
+KIVRLC_API std::vector<LabelledSet> FromLabels(const KivImageView<const std::uint8_t>& labels);  ///< 8-bit labels
+KIVRLC_API std::vector<LabelledSet> FromLabels(const KivImageView<const std::uint16_t>& labels); ///< 16-bit labels
+KIVRLC_API std::vector<LabelledSet> FromLabels(const KivImageView<const std::int32_t>& labels);  ///< 32-bit labels
+/// @}
+
+/// @name Into images
+/// Gives the set's pixels that lie in the image a value and leaves all others as they are. Linear in the runs on the
+/// image's rows and the pixels that are written.
+/// @{
+KIVRLC_API void Paint(const KivRunSet& set, const KivImageView<std::uint8_t>& image, std::uint8_t value);   ///< 8-bit
+KIVRLC_API void Paint(const KivRunSet& set, const KivImageView<std::uint16_t>& image, std::uint16_t value); ///< 16-bit
+KIVRLC_API void Paint(const KivRunSet& set, const KivImageView<std::int32_t>& image, std::int32_t value);   ///< 32-bit
+KIVRLC_API void Paint(const KivRunSet& set, const KivImageView<float>& image, float value); ///< real numbers
+
+/// Gives the pixels of the first set the value 1, those of the second one 2, and so on; where sets overlap, the later
+/// one counts. Leaves all other pixels as they are.
+KIVRLC_API void PaintLabels(const std::vector<KivRunSet>& sets, const KivImageView<std::int32_t>& image);
+/// @}
+
+} // namespace KivRuns

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// Which runs of neighbouring rows touch. Runs of a row ascend and lie apart, so two rows are walked once, side by side:
+// of two runs, the one that ends first can touch nothing that comes later in the other row.
+#pragma once
+
+#include <KivRLC/KivRunBuffer.h>
+
+#include <cstdint>
+
+namespace kivrlc
+{
+
+/// How far apart the columns of two runs may be that touch: by an edge they share one, by a corner they are neighbours.
+constexpr std::int64_t by_edges = 0;
+constexpr std::int64_t by_corners = 1;
+
+inline std::int64_t length_of(const Run& run)
+{
+    return std::int64_t{run.colEnd} - run.colBegin + 1;
+}
+
+inline bool ends_before(const Run& run, const Run& other, std::int64_t reach)
+{
+    return run.colEnd + reach < other.colBegin;
+}
+
+/// The first run of the next row.
+inline const Run* end_of_row(const Run* run, const Run* end)
+{
+    const int row = run->row;
+    do {
+        ++run;
+    } while (run != end && run->row == row);
+    return run;
+}
+
+/// Calls `visit(above, above_end, row, row_end)` for each row with the runs of the row above, which may be none.
+template <class Visit>
+void for_each_row(KivRunView runs, Visit visit)
+{
+    const Run* above = runs.begin();
+    for (const Run* row = runs.begin(); row != runs.end();) {
+        const Run* const row_end = end_of_row(row, runs.end());
+        const bool follows = above != row && above->row + std::int64_t{1} == row->row;
+        visit(follows ? above : row, row, row, row_end);
+        above = row;
+        row = row_end;
+    }
+}
+
+/// Calls `visit(upper, lower)` for each pair of runs in neighbouring rows that touch.
+template <class Visit>
+void for_each_touching_pair(KivRunView runs, std::int64_t reach, Visit visit)
+{
+    for_each_row(runs, [&](const Run* above, const Run* above_end, const Run* run, const Run* row_end) {
+        while (above != above_end && run != row_end) {
+            if (!ends_before(*above, *run, reach) && !ends_before(*run, *above, reach)) {
+                visit(*above, *run);
+            }
+            if (above->colEnd < run->colEnd) {
+                ++above;
+            } else {
+                ++run;
+            }
+        }
+    });
+}
+
+} // namespace kivrlc

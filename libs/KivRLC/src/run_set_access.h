@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// How the library's own operations make sets from runs that are maximal and in order already.
+#pragma once
+
+#include <KivRLC/KivRunSet.h>
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+namespace kivrlc
+{
+
+struct RunSetAccess {
+    /// The set of these runs, which are taken over as they are, or copied where they fill less than half of their room.
+    static KivRunSet make(RunBuffer&& runs)
+    {
+        assert(KivRunSet::WhyNotCanonical(runs).empty());
+        if (runs.size() < runs.capacity() / 2) {
+            runs = RunBuffer(runs.begin(), runs.end());
+        }
+        KivRunSet set;
+        set.runs_ = std::move(runs);
+        return set;
+    }
+};
+
+/// The set of runs that are maximal and in order already.
+inline KivRunSet set_of_canonical(RunBuffer&& runs)
+{
+    return RunSetAccess::make(std::move(runs));
+}
+
+/// The first run on a row or below it.
+inline const Run* first_from_row(KivRunView runs, int row)
+{
+    return std::lower_bound(runs.begin(), runs.end(), row, [](const Run& run, int wanted) { return run.row < wanted; });
+}
+
+/// The first run below a row.
+inline const Run* behind_row(KivRunView runs, int row)
+{
+    return std::upper_bound(runs.begin(), runs.end(), row, [](int wanted, const Run& run) { return wanted < run.row; });
+}
+
+/// Whether two runs of one row, the second of which begins no further left, leave no pixel between them.
+inline bool touch_or_overlap(const Run& left, const Run& right)
+{
+    return right.colBegin <= left.colEnd || right.colBegin - 1 == left.colEnd;
+}
+
+} // namespace kivrlc

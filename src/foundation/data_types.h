@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// The seam to the data types: everything that the algorithms need from regions, ROIs, arrays and images, except for the
+// few members that an exported function calls directly.
+//
+// Two sources define these functions. data_types_contract.cpp uses only what the contract of the data types lists, so
+// the library can be built on any implementation of them. bundled/data_types_bundled.cpp has the same results by faster
+// operations, which only the bundled types offer. A library is linked with one of the two.
+#pragma once
+
+#include "foundation/pixels.h"
+#include "foundation/runs.h"
+
+#include <KivData/KivData.h>
+
+#include <opencv2/core.hpp>
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace kiv
+{
+
+// Regions.
+
+/// The frame and the runs of a region, in the order in which it delivers them. The runs may be a view of the region.
+FramedRuns parts_of(KivRegion& region);
+
+/// Replaces a region by one of the given frame and runs.
+void create_region(KivRegion& region, Frame frame, RunList runs);
+
+// Masks of ROIs.
+
+/// The frame and the runs of an ROI's mask. The runs may be a view of the ROI.
+FramedRuns mask_of(const KivROI& roi);
+
+/// Whether the mask of the ROI, given as `mask`, has a column once it is painted. Raises the exception that painting
+/// raises if no matrix can have its frame.
+bool has_columns(KivROI& roi, const FramedRuns& mask);
+
+/// Replaces an ROI by a mask of the given frame and runs.
+void become_mask(KivROI& roi, Frame frame, RunList runs);
+
+// Runs from pixels, in the order of the extractor.
+
+enum class MaskBytes { as_stored, normalised };
+
+/// The runs of the non-zero bytes at the start of each row, one byte for each column. An extractor that may write to
+/// its mask gets a copy, in which normalised bytes are 0 or 255.
+RunList runs_of_image(const cv::Mat& pixels, MaskBytes bytes);
+
+/// The runs of the listed pixels, which must not lie beyond the frame. Pixels with a negative coordinate are ignored.
+RunList runs_of_pixels(const PixelLists& pixels, Frame frame);
+
+// Arrays.
+
+/// The number of leading elements that are numbers, that is, of one of the two kinds that convert to int.
+int count_leading_numbers(KivVarArray& values);
+
+/// The first `count` elements as ints, possibly a view of the array. The array rejects indices past its end.
+ViewOrCopy<int> ints_of(KivVarArray& values, int count);
+
+/// Overwrites the first elements, as many as there are ints. The ints may be what ints_of() returned for the array.
+void overwrite(KivVarArray& values, std::span<const int> ints);
+
+/// Appends all ints to an empty array.
+void fill(KivVarArray& values, std::vector<int> ints);
+
+/// Makes room for `count` points in all if the array offers that. bench/kiv/contours.cpp measures it.
+void reserve(KivPointArray& points, std::size_t count);
+
+/// Appends the pixels of each run to an empty array, in the order of the runs.
+void append_pixels(KivPointArray& points, RunView runs);
+
+} // namespace kiv

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+// Every allocation of the measures, components and morphology of run sets fails once. Each time the exception reaches
+// the caller, nothing leaks, and the set is as it was.
+#include "failing_allocations.h"
+
+#include <KivRLC/KivRunComponents.h>
+#include <KivRLC/KivRunMeasures.h>
+#include <KivRLC/KivRunMorphology.h>
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <ostream>
+
+namespace
+{
+
+constexpr auto connectivity = KivRuns::Connectivity::Four;
+
+struct Operation {
+    const char* name;
+    void (*run)(const KivRunSet& set);
+};
+
+void PrintTo(const Operation& operation, std::ostream* out)
+{
+    *out << operation.name;
+}
+
+KivRuns::Element three_by_three()
+{
+    return KivRuns::Element::Rectangle(3, 3);
+}
+
+const Operation operations[] = {
+    {"HoleCount", [](const KivRunSet& set) { KivRuns::HoleCount(set, connectivity); }},
+    {"ConvexHull", [](const KivRunSet& set) { KivRuns::ConvexHull(set); }},
+    {"FeretDiametersOf", [](const KivRunSet& set) { KivRuns::FeretDiametersOf(set); }},
+    {"NumberComponents", [](const KivRunSet& set) { KivRuns::NumberComponents(set, connectivity); }},
+    {"Components", [](const KivRunSet& set) { KivRuns::Components(set, connectivity); }},
+    {"SummarizeComponents", [](const KivRunSet& set) { KivRuns::SummarizeComponents(set, connectivity); }},
+    {"MeasureComponents", [](const KivRunSet& set) { KivRuns::MeasureComponents(set, connectivity); }},
+    {"LargestComponent", [](const KivRunSet& set) { KivRuns::LargestComponent(set, connectivity); }},
+    {"ComponentsByArea", [](const KivRunSet& set) { KivRuns::ComponentsByArea(set, connectivity, 2); }},
+    {"WithoutBorderComponents",
+     [](const KivRunSet& set) {
+         KivRuns::WithoutBorderComponents(set, connectivity, {0, 9, 0, 9});
+     }},
+    {"Holes", [](const KivRunSet& set) { KivRuns::Holes(set, connectivity); }},
+    {"FillHoles", [](const KivRunSet& set) { KivRuns::FillHoles(set, connectivity); }},
+    {"Element", [](const KivRunSet& set) { KivRuns::Element{set}; }},
+    {"Rectangle", [](const KivRunSet&) { KivRuns::Element::Rectangle(3, 2); }},
+    {"Disk", [](const KivRunSet&) { KivRuns::Element::Disk(3); }},
+    {"Dilate", [](const KivRunSet& set) { KivRuns::Dilate(set, set); }},
+    {"Erode", [](const KivRunSet& set) { KivRuns::Erode(set, three_by_three()); }},
+    {"Open", [](const KivRunSet& set) { KivRuns::Open(set, three_by_three()); }},
+    {"Close", [](const KivRunSet& set) { KivRuns::Close(set, set); }},
+    {"Gradient", [](const KivRunSet& set) { KivRuns::Gradient(set, three_by_three()); }},
+};
+
+class RunShapeFaults : public testing::TestWithParam<Operation>
+{
+};
+
+bool fails(const Operation& operation, const KivRunSet& set, long fault_at)
+{
+    bool failed = false;
+    faults::fail_allocation(fault_at);
+    try {
+        operation.run(set);
+    } catch (const std::bad_alloc&) {
+        failed = true;
+    }
+    faults::fail_allocation(0);
+    return failed;
+}
+
+TEST_P(RunShapeFaults, LoseNothingWhenMemoryRunsOut)
+{
+    // A ring with a pixel in it, and a bar: two holes, three components.
+    const KivRunSet set{{0, 0, 6}, {1, 0, 0}, {1, 6, 6}, {2, 0, 0}, {2, 3, 3}, {2, 6, 6}, {3, 0, 0},
+                        {3, 6, 6}, {4, 0, 6}, {6, 0, 8}, {7, 0, 1}, {7, 7, 8}, {8, 0, 8}};
+    const KivRunSet before = set;
+    long fault_at = 1;
+    for (bool failed = true; failed; ++fault_at) {
+        SCOPED_TRACE("allocation " + std::to_string(fault_at) + " fails");
+        const long living_before = faults::living_blocks();
+        failed = fails(GetParam(), set, fault_at);
+        EXPECT_EQ(faults::living_blocks(), living_before);
+        EXPECT_EQ(set, before);
+    }
+    EXPECT_GT(fault_at, 2); // at least one did
+}
+
+INSTANTIATE_TEST_SUITE_P(All, RunShapeFaults, testing::ValuesIn(operations),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+} // namespace

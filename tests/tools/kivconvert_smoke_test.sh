@@ -1,0 +1,73 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+# Runs kivconvert as its users do: standard streams that are full or closed, limits of files, memory and threads, and
+# the progress bar.
+#
+#   kivconvert_smoke_test.sh KIVCONVERT
+set -u
+
+kivconvert=$1
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder" || exit 1
+failures=0
+
+fail() {
+    echo "FAILED: $*"
+    failures=$((failures + 1))
+}
+
+# ends STATUS COMMAND...
+ends() {
+    expected=$1
+    shift
+    "$@" >out.txt 2>err.txt
+    status=$?
+    [ "$status" = "$expected" ] || fail "$*: exit status $status instead of $expected: $(cat err.txt)"
+}
+
+says() {
+    [ "$(cat err.txt)" = "kivconvert: $1" ] || fail "says $(cat err.txt) instead of $1"
+}
+
+ends 0 "$kivconvert" image roi:ring:30,24,8,20 --width 64 --height 48 -o ring.png
+ends 0 "$kivconvert" region ring.png -o ring.csv
+
+# What has been printed must arrive.
+ends 2 sh -c '"$1" info ring.csv >/dev/full' sh "$kivconvert"
+says 'standard output: cannot be written: No space left on device'
+ends 2 sh -c '"$1" --help >&-' sh "$kivconvert"
+says 'standard output: cannot be written: Bad file descriptor'
+ends 0 sh -c '"$1" region ring.png -o out.csv <&- >&- 2>&-' sh "$kivconvert"
+cmp ring.csv out.csv || fail 'without standard streams, the output differs'
+ends 2 sh -c '"$1" info none.csv 2>/dev/full' sh "$kivconvert"
+
+# Limits. A thread has a stack as large as the limit of stacks.
+ends 2 sh -c 'ulimit -f 1; "$1" image roi:circle:500,500,500 --width 1000 --height 1000 -o out.bmp' sh "$kivconvert"
+says 'out.bmp: cannot be written: File too large'
+[ "$(ls -A | grep -c '^\.kivconvert')" = 0 ] || fail "leaves $(ls -A)"
+if (ulimit -v 500000 && "$kivconvert" --version) >out.txt 2>&1; then # sanitizers need more
+    truncate -s 2G large.csv
+    ends 1 sh -c 'ulimit -v 500000; "$1" region large.csv -o out.csv' sh "$kivconvert"
+    says 'large.csv: out of memory'
+    ends 1 sh -c 'ulimit -v 500000; "$1" union ring.csv large.csv -o out.csv' sh "$kivconvert"
+    says 'union of ring.csv and large.csv: out of memory'
+    mkdir in
+    cp ring.csv in/1.csv
+    cp ring.csv in/2.csv
+    export OPENBLAS_NUM_THREADS=1 # which cannot live without threads
+    ends 0 sh -c 'ulimit -v 500000; ulimit -s 1000000; "$1" image in -o images' sh "$kivconvert"
+    [ "$(ls images | wc -l)" = 2 ] || fail "converts $(ls images)"
+fi
+
+# A bar on a terminal, and nothing on standard error elsewhere.
+mkdir -p runs
+cp ring.csv runs
+ends 0 "$kivconvert" image runs -o images
+[ ! -s err.txt ] || fail "prints $(cat err.txt)"
+if command -v script >/dev/null; then
+    script -qec "$kivconvert image runs -o images" /dev/null >terminal.txt
+    grep -qF '[....................] 0 of 1' terminal.txt || fail "no bar: $(cat -v terminal.txt)"
+fi
+
+[ "$failures" = 0 ]

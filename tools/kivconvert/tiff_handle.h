@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+// A TIFF file in memory, opened by libtiff.
+#pragma once
+
+#include "kivconvert/image_decoder.h"
+
+#include <cstddef>
+#include <tiffio.h>
+
+namespace kivconvert
+{
+
+/// Keeps libtiff from writing to standard error.
+void silence_libtiff();
+
+/// libtiff reports complaints to functions of the whole process; they are kept for the thread that they concern.
+class TiffHandle
+{
+public:
+    /// @throws FileError if there is no first page
+    explicit TiffHandle(const ImageBytes& file);
+    TiffHandle(const TiffHandle&) = delete;
+    TiffHandle& operator=(const TiffHandle&) = delete;
+    ~TiffHandle();
+
+    TIFF* get() const { return tiff_; }
+
+    /// Leaves the file at its last page. @throws FileError
+    int count_pages();
+
+    /// @param page counted from 1 to count_pages() @throws FileError
+    void go_to_page(int page);
+
+    static void forget_complaints();
+    static bool has_warned();
+
+    /// Throws the FileError that the last complaint amounts to.
+    [[noreturn]] void fail() const;
+
+private:
+    static tmsize_t read(thandle_t self, void* to, tmsize_t count);
+    static toff_t seek(thandle_t self, toff_t offset, int from);
+
+    /// libtiff takes a directory without the place of the next one for the last. @throws FileError
+    void expect_whole_directory() const;
+
+    bool is_page() const;
+    bool go_to_next();
+
+    ImageBytes file_;
+    std::size_t at_ = 0;
+    bool is_cut_off_ = false; ///< whether more has been read than there is
+    TIFF* tiff_ = nullptr;
+};
+
+} // namespace kivconvert
