@@ -19,10 +19,10 @@ function(kiv_warnings target)
     endif()
 endfunction()
 
-# kiv_precompile(<target> <header>...): has the headers precompiled for the target, if KIV_PRECOMPILE_HEADERS asks for it.
-# All sources include what they need themselves.
+# kiv_precompile(<target> <header>...): has the headers precompiled for the target, if KIV_PRECOMPILE_HEADERS asks for it
+# and the target's sources are not compiled as one. All sources include what they need themselves.
 function(kiv_precompile target)
-    if(KIV_PRECOMPILE_HEADERS)
+    if(KIV_PRECOMPILE_HEADERS AND NOT CMAKE_UNITY_BUILD)
         target_precompile_headers(${target} PRIVATE ${ARGN})
         kiv_let_ccache_see_headers(${target})
     endif()
@@ -31,7 +31,7 @@ endfunction()
 # kiv_precompile_as(<target> <other>): takes the headers that are precompiled for another target, whose options are the
 # same.
 function(kiv_precompile_as target other)
-    if(KIV_PRECOMPILE_HEADERS)
+    if(KIV_PRECOMPILE_HEADERS AND NOT CMAKE_UNITY_BUILD)
         target_precompile_headers(${target} REUSE_FROM ${other})
         kiv_let_ccache_see_headers(${target})
     endif()

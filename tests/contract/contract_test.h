@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
-#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,16 +25,7 @@ using Calls = std::vector<std::string>;
 
 /// The recorded calls whose order and number are promised: those that hand something over or write. What only reads
 /// sizes, types and runs, and what makes or copies a helper object, may be called in any order, and again.
-inline Calls calls()
-{
-    static const std::regex reading(
-        R"([\w]+\.(Width|Height|Channels|BitDepth|ImageData|ROIType|Length|GetRegionRuns)\(\))"
-        R"(|\w+\.GetMask\(runs\)|~?KivRLC\(\)|IKivROIPara\(\)|KivROI\(\w+\)|copy = \w+)");
-    Calls promised;
-    std::copy_if(recording::recorder().calls.begin(), recording::recorder().calls.end(), std::back_inserter(promised),
-                 [](const std::string& call) { return !std::regex_match(call, reading); });
-    return promised;
-}
+Calls calls();
 
 /// The constant part of every extraction, around the mask.
 inline std::string find_contours(const std::string& mask)

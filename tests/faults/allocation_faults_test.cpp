@@ -6,6 +6,9 @@
 #include "partly_written.h"
 #include "scenarios.h"
 
+#include <KivData/KivData.h>
+#include <KivDataConvert/KivDataConvert.h>
+
 #include <gtest/gtest.h>
 
 #include <new>

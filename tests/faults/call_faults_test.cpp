@@ -2,8 +2,11 @@
 // Every call into the data types fails once: the first, the second, and so on, until a function goes through. Each time
 // the exception reaches the caller, or becomes a code where that is promised; nothing stays behind, and no argument has
 // changed that should not have.
+#include "given.h"
 #include "partly_written.h"
 #include "scenarios.h"
+
+#include <KivDataConvert/KivDataConvert.h>
 
 #include <gtest/gtest.h>
 

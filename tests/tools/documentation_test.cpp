@@ -4,6 +4,8 @@
 #include "kivconvert/commands.h"
 #include "tools/command_line.h"
 
+#include <CLI/CLI.hpp>
+
 #include <map>
 #include <regex>
 #include <set>

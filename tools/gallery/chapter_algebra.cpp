@@ -15,8 +15,6 @@ namespace gallery
 namespace
 {
 
-const cv::Size part(part_view.size());
-
 KivROI as_roi(KivRegion& region)
 {
     KivROI roi;

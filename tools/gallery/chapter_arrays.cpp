@@ -15,7 +15,6 @@ namespace gallery
 namespace
 {
 
-const cv::Size lens(lens_view.size());
 const cv::Rect beside_it({-3, 0}, lens + cv::Size(6, 0)); ///< the lens, and some columns on both sides
 
 /// The lens with one more run, which reaches over others and out of the frame.

@@ -14,7 +14,6 @@ namespace gallery
 namespace
 {
 
-const cv::Size part(part_view.size());
 const std::string part_in_lines = "A green line along the bar's outer border pixels and an orange one round its hole.";
 
 Drawing shown(const KivImage& image)

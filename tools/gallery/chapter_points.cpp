@@ -26,7 +26,7 @@ KivContour rim()
     return KivContour(std::move(points));
 }
 
-Drawing drawn(const KivContour& contour)
+Drawing joined_dots(const KivContour& contour)
 {
     return Drawing(hole_view.size()).border(contour, "outer").points(contour);
 }
@@ -66,7 +66,7 @@ Entry contour_to_var_array(const KivContour& exact)
             "The points of a contour as ints, in two parallel arrays. Each coordinate is rounded to the nearest int, "
             "ties to even: 2.5 gives 2, 3.5 gives 4.",
             {{"A sub-pixel contour", "A closed line through 16 dots on a circle; most dots lie between pixel centres.",
-              drawn(exact)},
+              joined_dots(exact)},
              {"The listed points", "16 dots, each in the centre of a pixel, beside the line they come from.",
               Drawing(hole_view.size()).border(exact, "outer").points(listed(xs, ys))}},
             fmt::format("for one, ({:.2f}, {:.2f}) gives ({}, {})", first.x, first.y, xs[1].I(), ys[1].I()),
@@ -88,7 +88,7 @@ Entry var_array_to_contour(const KivContour& exact)
         "A contour through the listed pixels, in the order of the list, the last point joined to the first. Ints "
         "become coordinates exactly.",
         {{"Columns and rows in two arrays", "16 dots on pixel centres, roughly on a circle.", dotted(listed(xs, ys))},
-         {"The contour", "The same dots joined by a closed line.", drawn(contour)}},
+         {"The contour", "The same dots joined by a closed line.", joined_dots(contour)}},
         counted(contour.AllPoints().size(), "point"),
         contour == listed(xs, ys)};
 }
@@ -104,7 +104,8 @@ Entry contour_to_point_array(const KivContour& exact)
     }
     return {"KivContourToPointArray",
             "The points of a contour, exactly as they are: not a bit of a coordinate is lost.",
-            {{"A sub-pixel contour", "A closed line through 16 dots on a circle, between pixel centres.", drawn(exact)},
+            {{"A sub-pixel contour", "A closed line through 16 dots on a circle, between pixel centres.",
+              joined_dots(exact)},
              {"Its points", "The same 16 dots at the same places, without the line.", dotted(KivContour(dots))}},
             counted(dots.size(), "point") + ", equal bit for bit",
             KivContour(dots) == exact};
@@ -121,7 +122,7 @@ Entry point_array_to_contour(const KivContour& exact)
     return {"KivPointArrayToContour",
             "A contour through the points, in their order and exactly as they are.",
             {{"Points", "16 dots on a circle, between pixel centres.", dotted(exact)},
-             {"The contour", "The same dots joined by a closed line.", drawn(contour)}},
+             {"The contour", "The same dots joined by a closed line.", joined_dots(contour)}},
             counted(contour.AllPoints().size(), "point") + ", equal bit for bit",
             contour == exact};
 }

@@ -12,10 +12,7 @@ namespace gallery
 namespace
 {
 
-const cv::Size lens(lens_view.size());
-const cv::Size part(part_view.size());
-
-Drawing shown(const KivImage& image)
+Drawing shown_with_values(const KivImage& image)
 {
     return Drawing(image.Mat().size()).grey(image.Mat()).values(image.Mat());
 }
@@ -30,7 +27,7 @@ Entry image_to_region(Stage& stage)
             "The runs of all pixels that are not 0, whatever their grey value. They are maximal and ordered by row, "
             "then by column, and both ends of a run belong to it; the image's size becomes the region's frame.",
             {{"A grey picture, 0 in the hole", "Rows of pixels with their grey values; the hole in the middle is 0.",
-              shown(image)},
+              shown_with_values(image)},
              {"Its region", "A bar for each run: two on each of the upper rows, one across each of the last two.",
               Drawing(lens).runs(region)}},
             counted(region.Runs().size(), "run") + "; the same as those of the mask",
@@ -67,7 +64,8 @@ Entry region_to_image(Stage& stage)
             "the region's frame. Runs are clipped to the image, and what they leave is background.",
             {{"A region", "Blue bars, two on each upper row and one on each of the last two.",
               Drawing(lens).runs(stage.lens)},
-             {"The image", "Light pixels of 230 where the bars were, dark ones of 40 elsewhere.", shown(image)}},
+             {"The image", "Light pixels of 230 where the bars were, dark ones of 40 elsewhere.",
+              shown_with_values(image)}},
             fmt::format("{} × {} pixels", image.Width(), image.Height()),
             cv::countNonZero(image.Mat() != expected) == 0};
 }
@@ -87,7 +85,7 @@ Entry region_to_bin_image(Stage& stage)
 Entry image_to_matrix(Stage& stage)
 {
     KivImage image(stage.lens_grey.Mat().clone());
-    const Drawing before = shown(image);
+    const Drawing before = shown_with_values(image);
     KivMatrix matrix;
     kivconvert::expect_success(KIVMV::KivImageToMatrix(image, &matrix), "KivImageToMatrix");
     matrix.Mat().row(3).setTo(255);
@@ -96,7 +94,7 @@ Entry image_to_matrix(Stage& stage)
             "is seen through the other.",
             {{"The image", "Rows of pixels with their grey values.", before},
              {"The image, after row 3 of the matrix was set to 255",
-              "The same pixels, but one row from side to side is white and reads 255.", shown(image)}},
+              "The same pixels, but one row from side to side is white and reads 255.", shown_with_values(image)}},
             "one buffer for both",
             matrix.Mat().data == image.ImageData()};
 }
@@ -115,7 +113,8 @@ Entry matrix_to_image(Stage& stage)
             "rescaled; the image shares nothing with the matrix.",
             {{"A matrix of doubles", "Numbers in a grid, some of them below 0 and some above 255.",
               Drawing(matrix.Mat().size()).values(matrix.Mat())},
-             {"The image", "Grey pixels with the rounded numbers; none is below 0 or above 255.", shown(image)}},
+             {"The image", "Grey pixels with the rounded numbers; none is below 0 or above 255.",
+              shown_with_values(image)}},
             "no value is off by more than a half, apart from the clamped ones",
             cv::norm(error, cv::NORM_INF) <= 0.5};
 }

@@ -13,7 +13,6 @@ namespace gallery
 namespace
 {
 
-const cv::Size part(part_view.size());
 const cv::Point2d centre(27.5, 30.5);
 constexpr double inner = 9.3;
 constexpr double outer = 23.7;

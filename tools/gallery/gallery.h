@@ -60,6 +60,8 @@ struct Stage {
 /// Where the cut-outs lie in the scene.
 inline const cv::Rect part_view(928, 824, 56, 62);
 inline const cv::Rect lens_view(950, 851, 22, 7);
+inline const cv::Size part(part_view.size());
+inline const cv::Size lens(lens_view.size());
 
 /// Descriptions of the part.
 inline const std::string part_in_bars = "The end of a bar with a round hole, made of horizontal blue bars.";

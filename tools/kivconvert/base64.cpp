@@ -8,7 +8,7 @@ namespace kivconvert
 namespace
 {
 
-constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr std::string_view alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
 /// The first three bytes, or what there is of them, as a number of 24 bits.
 std::uint32_t group_of(std::string_view bytes)
@@ -30,7 +30,7 @@ std::string base64_of(std::string_view bytes)
         const std::string_view rest = bytes.substr(i, 3);
         const std::uint32_t group = group_of(rest);
         for (std::size_t digit = 0; digit < 4; ++digit) {
-            text += digit <= rest.size() ? digits[group >> (18 - 6 * digit) & 63U] : '=';
+            text += digit <= rest.size() ? alphabet[group >> (18 - 6 * digit) & 63U] : '=';
         }
     }
     return text;

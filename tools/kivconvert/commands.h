@@ -3,7 +3,7 @@
 // command line is parsed.
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "kivconvert/cli_types.h"
 
 #include <string>
 

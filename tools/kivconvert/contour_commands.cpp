@@ -10,6 +10,8 @@
 #include "kivconvert/image_files.h"
 #include "kivconvert/operands.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <memory>
 #include <string>

@@ -7,6 +7,8 @@
 #include "kivconvert/folders.h"
 #include "kivconvert/image_options.h"
 
+#include <CLI/CLI.hpp>
+
 #include <filesystem>
 #include <fmt/format.h>
 #include <memory>

@@ -2,9 +2,8 @@
 // The arguments that all conversions share: an input and an output, two files or two folders, and the parts of images.
 #pragma once
 
+#include "kivconvert/cli_types.h"
 #include "kivconvert/image_files.h"
-
-#include <CLI/CLI.hpp>
 
 #include <functional>
 #include <string>

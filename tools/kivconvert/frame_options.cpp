@@ -3,6 +3,8 @@
 
 #include "kivconvert/image_files.h"
 
+#include <CLI/CLI.hpp>
+
 #include <limits>
 
 namespace kivconvert

@@ -2,9 +2,8 @@
 // --width and --height, the frame of inputs without one; and --contour, which needs none.
 #pragma once
 
+#include "kivconvert/cli_types.h"
 #include "kivconvert/contents.h"
-
-#include <CLI/CLI.hpp>
 
 #include <optional>
 

@@ -6,6 +6,8 @@
 #include "kivconvert/image_files.h"
 #include "kivconvert/region_files.h"
 
+#include <CLI/CLI.hpp>
+
 #include <memory>
 #include <string>
 

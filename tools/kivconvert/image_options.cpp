@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/image_options.h"
 
+#include <CLI/CLI.hpp>
+
 #include <limits>
 #include <string>
 

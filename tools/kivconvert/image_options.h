@@ -2,9 +2,8 @@
 // --alpha, --no-alpha and --page: what is read of an image.
 #pragma once
 
+#include "kivconvert/cli_types.h"
 #include "kivconvert/image_files.h"
-
-#include <CLI/CLI.hpp>
 
 namespace kivconvert
 {

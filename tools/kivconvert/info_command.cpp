@@ -9,6 +9,7 @@
 #include "kivconvert/operands.h"
 #include "kivconvert/region_facts.h"
 
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 #include <iterator>
 #include <memory>
@@ -48,7 +49,7 @@ const char* kind_of(const Content& content)
     return kinds[content.index()];
 }
 
-struct Options {
+struct InfoOptions {
     std::string input;
     Frame frame;
     ImagePart part;
@@ -70,7 +71,7 @@ std::string description_of(const std::string& text, const Frame& frame, const Im
     return description;
 }
 
-std::string description_of_pages(const Options& options)
+std::string description_of_pages(const InfoOptions& options)
 {
     std::string description;
     ImagePart part = options.part;
@@ -82,7 +83,7 @@ std::string description_of_pages(const Options& options)
     return description;
 }
 
-std::string description_of(const Options& options)
+std::string description_of(const InfoOptions& options)
 {
     return options.all_pages ? description_of_pages(options)
                              : description_of(options.input, options.frame, options.part);
@@ -92,7 +93,7 @@ std::string description_of(const Options& options)
 
 void add_info_command(CLI::App& app, std::string& out)
 {
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<InfoOptions>();
     CLI::App* const command = app.add_subcommand("info", "Prints the frame, runs and pixels of a file or a shape");
     command->footer(example_with_shapes("info parts.csv"));
     command->add_option("FILE", options->input, any_content)->required();

@@ -14,7 +14,7 @@ namespace kivconvert
 namespace
 {
 
-Json parse_json(std::string_view text, const std::string& file)
+Json parsed(std::string_view text, const std::string& file)
 {
     try {
         return Json::parse(text);
@@ -41,7 +41,7 @@ bool is_position(const Json& value)
 
 Json parse_json_object(std::string_view text, const std::string& file)
 {
-    Json document = parse_json(text, file);
+    Json document = parsed(text, file);
     if (!document.is_object()) {
         throw FileError(file, "is not a JSON object");
     }

@@ -5,6 +5,8 @@
 #include "kivconvert/help_texts.h"
 #include "kivconvert/matrix_files.h"
 
+#include <CLI/CLI.hpp>
+
 #include <string>
 
 namespace kivconvert

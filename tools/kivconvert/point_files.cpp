@@ -20,18 +20,18 @@ namespace kivconvert
 namespace
 {
 
-constexpr std::string_view column_names[] = {"x", "y"};
+constexpr std::string_view point_columns[] = {"x", "y"};
 
 KivPoint read_point(const CsvScanner& scanner)
 {
-    scanner.expect_fields_for(column_names);
+    scanner.expect_fields_for(point_columns);
     return {scanner.number_at(0, "x", -farthest_coordinate, farthest_coordinate),
             scanner.number_at(1, "y", -farthest_coordinate, farthest_coordinate)};
 }
 
 std::string header()
 {
-    return fmt::format("{}\n", fmt::join(column_names, ","));
+    return fmt::format("{}\n", fmt::join(point_columns, ","));
 }
 
 } // namespace
@@ -56,14 +56,14 @@ std::string points_as_csv(const KivVarArray& xs, const KivVarArray& ys)
 
 bool looks_like_points(std::string_view text)
 {
-    return begins_with_fields(text, column_names);
+    return begins_with_fields(text, point_columns);
 }
 
 KivPointArray parse_points_csv(std::string_view text, const std::string& file)
 {
     CsvScanner scanner(text, file);
     scanner.next_line();
-    scanner.expect_fields(column_names);
+    scanner.expect_fields(point_columns);
     std::vector<KivPoint> points;
     while (scanner.next_line()) {
         points.push_back(read_point(scanner));

@@ -12,6 +12,8 @@
 #include "kivconvert/result_codes.h"
 #include "kivconvert/visible_runs.h"
 
+#include <CLI/CLI.hpp>
+
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <memory>
@@ -23,7 +25,7 @@ namespace kivconvert
 namespace
 {
 
-struct Options {
+struct PointsOptions {
     std::optional<int> contour;
     bool rounded = false;
     bool once = false;
@@ -51,7 +53,8 @@ std::string pixels_once(KivRegion& region, const std::string& subject)
     return points_as_csv(xs, ys);
 }
 
-void list_points(const std::string& input, const std::string& output, const Options& options, const ImagePart& part)
+void list_points(const std::string& input, const std::string& output, const PointsOptions& options,
+                 const ImagePart& part)
 {
     if (options.contour) {
         expect_no_part(part);
@@ -74,7 +77,7 @@ void list_points(const std::string& input, const std::string& output, const Opti
 
 void add_points_command(CLI::App& app)
 {
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<PointsOptions>();
     CLI::App* const command = app.add_subcommand("points", "Lists the pixels, run by run, or a contour's points");
     command->footer(example_with_shapes("points parts.csv -o pixels.csv"));
     add_conversion(*command, {any_content, "points, .csv", ".csv", expect_point_file},

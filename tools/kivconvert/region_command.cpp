@@ -12,6 +12,8 @@
 #include "kivconvert/result_codes.h"
 #include "kivconvert/run_files.h"
 
+#include <CLI/CLI.hpp>
+
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <fmt/format.h>
@@ -27,7 +29,7 @@ namespace
 /// Of images with 16 bits.
 constexpr int max_threshold = 65535;
 
-struct Options {
+struct RegionOptions {
     std::optional<int> least;
     std::optional<int> contour;
     bool sorted = false;
@@ -82,7 +84,7 @@ KivRegion sorted_by_row(KivRegion& region)
     return sorted;
 }
 
-KivRegion region_for(const std::string& input, const Options& options, const ImagePart& part)
+KivRegion region_for(const std::string& input, const RegionOptions& options, const ImagePart& part)
 {
     if (options.contour) {
         expect_no_part(part);
@@ -96,7 +98,7 @@ KivRegion region_for(const std::string& input, const Options& options, const Ima
 
 void add_region_command(CLI::App& app)
 {
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<RegionOptions>();
     CLI::App* const command = app.add_subcommand("region", "Writes the runs of an image's foreground, or of a shape");
     command->footer(example_with_shapes("region parts.png --threshold 128 -o parts.csv"));
     add_conversion(*command, {any_content, any_run_file, ".csv", expect_run_file},

@@ -6,6 +6,8 @@
 #include "kivconvert/failure.h"
 #include "kivconvert/memory_limit.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <fmt/format.h>
 #include <limits>

@@ -17,7 +17,7 @@ namespace
 
 constexpr std::string_view width_word = "# width=";
 constexpr std::string_view height_word = " height=";
-constexpr std::string_view column_names[] = {"row", "colBegin", "colEnd"};
+constexpr std::string_view run_columns[] = {"row", "colBegin", "colEnd"};
 
 int read_size(const CsvScanner& scanner, std::string_view text, std::string_view name)
 {
@@ -43,7 +43,7 @@ Frame read_frame(const CsvScanner& scanner)
 
 Run read_run(const CsvScanner& scanner)
 {
-    scanner.expect_fields_for(column_names);
+    scanner.expect_fields_for(run_columns);
     return {scanner.int_at(0, "row"), scanner.int_at(1, "colBegin"), scanner.int_at(2, "colEnd")};
 }
 
@@ -51,7 +51,7 @@ Run read_run(const CsvScanner& scanner)
 
 bool looks_like_runs(std::string_view text)
 {
-    return text.starts_with(width_word) || begins_with_fields(text, column_names);
+    return text.starts_with(width_word) || begins_with_fields(text, run_columns);
 }
 
 KivRegion parse_runs_csv(std::string_view text, const std::string& file)
@@ -63,7 +63,7 @@ KivRegion parse_runs_csv(std::string_view text, const std::string& file)
         frame = read_frame(scanner);
         scanner.next_line();
     }
-    scanner.expect_fields(column_names);
+    scanner.expect_fields(run_columns);
     std::vector<Run> runs;
     while (scanner.next_line()) {
         runs.push_back(read_run(scanner));
@@ -74,7 +74,7 @@ KivRegion parse_runs_csv(std::string_view text, const std::string& file)
 std::string runs_as_csv(const KivRegion& region)
 {
     std::string text = fmt::format("{}{}{}{}\n{}\n", width_word, region.Width(), height_word, region.Height(),
-                                   fmt::join(column_names, ","));
+                                   fmt::join(run_columns, ","));
     for (const Run& run : region.Runs()) {
         fmt::format_to(std::back_inserter(text), "{},{},{}\n", run.row, run.colBegin, run.colEnd);
     }

@@ -11,6 +11,8 @@
 #include "kivconvert/result_codes.h"
 #include "kivconvert/set_costs.h"
 
+#include <CLI/CLI.hpp>
+
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <fmt/format.h>

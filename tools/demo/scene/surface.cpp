@@ -70,7 +70,7 @@ void scratch(cv::Mat1f& marks, int count, cv::RNG& random)
     }
 }
 
-double light_at(double slope_x, double slope_y)
+double light_on(double slope_x, double slope_y)
 {
     const cv::Vec3d normal = cv::normalize(cv::Vec3d(-slope_x, -slope_y, 1.0));
     const double diffuse = std::max(0.0, normal.dot(lamp));
@@ -96,7 +96,7 @@ cv::Mat1f lit_surface(const Part& part, cv::RNG& random)
     for (int row = 0; row < lit.rows; ++row) {
         for (int column = 0; column < lit.cols; ++column) {
             const double light =
-                light_at(static_cast<double>(slope_x(row, column)), static_cast<double>(slope_y(row, column)));
+                light_on(static_cast<double>(slope_x(row, column)), static_cast<double>(slope_y(row, column)));
             lit(row, column) =
                 static_cast<float>(part.reflectance * light * (1.0 + static_cast<double>(marks(row, column))));
         }
