@@ -94,6 +94,23 @@ RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
     return extract_runs(mask);
 }
 
+void trace(const FramedRuns& pixels, KivContourArray* contours)
+{
+    require_mask_frame(pixels.frame);
+    const RunView runs = pixels.runs;
+    *contours = KivContourArray::BordersOf({runs.data(), runs.size()}, pixels.frame.width, pixels.frame.height);
+}
+
+std::optional<RunList> filled_runs(KivContourArray& contours, Frame frame)
+{
+    try {
+        require_mask_frame(frame);
+        return contours.FilledRuns(frame.width, frame.height);
+    } catch (...) {
+        return std::nullopt;
+    }
+}
+
 int count_leading_numbers(KivVarArray& values)
 {
     if (values.PackedInts() != nullptr) {

@@ -69,7 +69,7 @@ void fill_polygon(cv::Mat& mask, Polygon polygon, int value)
     }
 }
 
-int fill_contours(KivContourArray& contours, Frame frame, cv::Mat& mask)
+int check_filling(KivContourArray& contours, Frame frame)
 {
     if (contours.Length() < 1) {
         return KIVMV::KIVMV_ERR_PARAM_1;
@@ -79,11 +79,6 @@ int fill_contours(KivContourArray& contours, Frame frame, cv::Mat& mask)
     }
     if (frame.height < 2) {
         return KIVMV::KIVMV_ERR_PARAM_3;
-    }
-    try {
-        mask = IKivROIPara::ToMAT(contours, frame.width, frame.height);
-    } catch (...) {
-        return KIVMV::KIVMV_ERR_EXCEPTION;
     }
     return KIVMV::KIVMV_OK;
 }

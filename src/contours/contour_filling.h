@@ -38,8 +38,7 @@ Frame frame_of(const Polygon& polygon);
 /// polygon, visible or not. The cut ends of edges are rounded to pixels.
 void fill_polygon(cv::Mat& mask, Polygon polygon, int value);
 
-/// Replaces `mask` by the contours, filled by the data types, in a frame of at least 2 x 2. Returns the result code;
-/// `mask` is unchanged unless that is KIVMV_OK.
-int fill_contours(KivContourArray& contours, Frame frame, cv::Mat& mask);
+/// The result code of contours that cannot be filled in the frame: there must be one, and at least 2 x 2 pixels.
+int check_filling(KivContourArray& contours, Frame frame);
 
 } // namespace kiv

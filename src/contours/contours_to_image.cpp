@@ -6,5 +6,15 @@
 
 int KIVMV::KivContourArrayToBinImage(KivImage* image, KivContourArray& contours, int width, int height)
 {
-    return kiv::fill_contours(contours, {width, height}, kiv::matrix_of(*image));
+    const int code = kiv::check_filling(contours, {width, height});
+    if (code != KIVMV_OK) {
+        return code;
+    }
+    cv::Mat& pixels = kiv::matrix_of(*image);
+    try {
+        pixels = IKivROIPara::ToMAT(contours, width, height);
+    } catch (...) {
+        return KIVMV_ERR_EXCEPTION;
+    }
+    return KIVMV_OK;
 }

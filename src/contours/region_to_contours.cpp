@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/data_types.h"
-#include "foundation/masks.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
@@ -10,9 +9,6 @@ int KIVMV::KivRegionToContourArray(KivRegion& region, KivContourArray* contours)
     if (parts.frame.width < 1) {
         return KIVMV_ERR_PARAM_1;
     }
-    cv::Mat mask = kiv::painted_mask(parts.frame, parts.runs);
-    int width = 0;
-    int height = 0;
-    IKivROIPara::MatToMask(mask, contours, &width, &height);
+    kiv::trace(parts, contours);
     return KIVMV_OK;
 }

@@ -15,6 +15,7 @@
 #include <opencv2/core.hpp>
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -51,6 +52,15 @@ RunList runs_of_image(const cv::Mat& pixels, MaskBytes bytes);
 
 /// The runs of the listed pixels, which must not lie beyond the frame. Pixels with a negative coordinate are ignored.
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame);
+
+// Contours.
+
+/// Replaces `contours` by the borders of the pixels that the runs cover in the frame. Raises the exception that
+/// painting or tracing raises if no mask of this frame can be traced.
+void trace(const FramedRuns& pixels, KivContourArray* contours);
+
+/// The runs of the contours' pixels, filled by the data types in the frame; nothing if an exception ended the filling.
+std::optional<RunList> filled_runs(KivContourArray& contours, Frame frame);
 
 // Arrays.
 

@@ -120,6 +120,24 @@ RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
     return extract_runs(mask);
 }
 
+void trace(const FramedRuns& pixels, KivContourArray* contours)
+{
+    cv::Mat mask = painted_mask(pixels.frame, pixels.runs);
+    Frame traced;
+    IKivROIPara::MatToMask(mask, contours, &traced.width, &traced.height);
+}
+
+std::optional<RunList> filled_runs(KivContourArray& contours, Frame frame)
+{
+    cv::Mat mask;
+    try {
+        mask = IKivROIPara::ToMAT(contours, frame.width, frame.height);
+    } catch (...) {
+        return std::nullopt;
+    }
+    return extract_runs(mask);
+}
+
 int count_leading_numbers(KivVarArray& values)
 {
     const int length = values.Length();

@@ -5,6 +5,7 @@
 #include "kivconvert/result_codes.h"
 
 #include <KivDataConvert/KivDataConvert.h>
+#include <KivRLC/KivRunSet.h>
 
 #include <fmt/format.h>
 #include <opencv2/imgproc.hpp>
@@ -46,17 +47,44 @@ Entry region_to_contours(Stage& stage, KivContourArray& contours)
         contours.Length() == 2 && !contours[0].IsHole() && contours[1].IsHole()};
 }
 
+KivRegion filled(const KivContour& polygon, cv::Size frame)
+{
+    KivContourArray contours;
+    contours.Append(polygon);
+    KivRegion region;
+    kivconvert::expect_success(KIVMV::KivContourArrayToRegion(contours, frame.width, frame.height, &region),
+                               "KivContourArrayToRegion");
+    return region;
+}
+
+Drawing drawn_over(const KivRegion& region, const KivContour& polygon)
+{
+    return Drawing({region.Width(), region.Height()}).pixels(region, "faint").border(polygon, "outer").points(polygon);
+}
+
 Entry contours_to_region(Stage& stage, KivContourArray& contours)
 {
     KivRegion region;
     kivconvert::expect_success(KIVMV::KivContourArrayToRegion(contours, part.width, part.height, &region),
                                "KivContourArrayToRegion");
-    return {"KivContourArrayToRegion",
-            "All contours filled together into a frame of the given size: holes stay open. What was traced comes back "
-            "bit for bit.",
-            {{"Contours", part_in_lines, drawn(contours)}, {"Their region", part_in_bars, Drawing(part).runs(region)}},
-            "equal to the region that was traced",
-            region == stage.part};
+    const KivContour star{{12, 1}, {19, 22}, {1, 9}, {23, 9}, {5, 22}};
+    const KivContour wedge{{1, 1}, {22, 8}, {1, 8}};
+    const KivRegion in_star = filled(star, {25, 24});
+    const KivRegion in_wedge = filled(wedge, {25, 10});
+    return {
+        "KivContourArrayToRegion",
+        "All contours filled together into a frame of the given size: holes stay open. What was traced comes back "
+        "bit for bit. A pixel belongs to it if its centre is enclosed an odd number of times, or if the border passes "
+        "it: on its way, an edge passes the nearest pixel in each column, or in each row if it is steep.",
+        {{"Contours", part_in_lines, drawn(contours)},
+         {"Their region", part_in_bars, Drawing(part).runs(region)},
+         {"A star in one stroke",
+          "Pixels under a five-pointed star; the pentagon in its middle, which the border goes round twice, is empty.",
+          drawn_over(in_star, star)},
+         {"An edge of slope 1/3", "Pixels under a flat wedge; its upper side falls one row every three columns.",
+          drawn_over(in_wedge, wedge)}},
+        "equal to the region that was traced",
+        region == stage.part && !KivRunSet(in_star.Runs()).Contains(12, 12) && KivRunSet(in_wedge.Runs()).Area() == 99};
 }
 
 cv::Mat with_triangle(const cv::Mat& mask, const std::vector<cv::Point>& corners, int value)

@@ -26,3 +26,12 @@ void kivdata::check_frame(int width, int height)
                                     " has a negative side");
     }
 }
+
+void kivdata::check_traced_frame(int width, int height)
+{
+    constexpr int most = std::numeric_limits<int>::max() - 2;
+    if (width > most || height > most) {
+        throw std::invalid_argument("frame: " + std::to_string(width) + " x " + std::to_string(height) +
+                                    " is too large to be traced");
+    }
+}

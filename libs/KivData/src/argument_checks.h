@@ -34,4 +34,7 @@ std::vector<Element> checked_elements(const char* type, std::vector<Element> ele
 /// Throws std::invalid_argument when width or height is negative.
 void check_frame(int width, int height);
 
+/// Throws std::invalid_argument when width or height is larger than 2^31 - 3.
+void check_traced_frame(int width, int height);
+
 } // namespace kivdata

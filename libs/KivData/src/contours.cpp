@@ -76,6 +76,10 @@ std::size_t KivContourArray::checked(int index) const
 KivContourArray KivContourArray::BordersOf(KivRunView runs, int width, int height)
 {
     kivdata::check_frame(width, height);
+    if (width == 0 || height == 0) {
+        return KivContourArray();
+    }
+    kivdata::check_traced_frame(width, height);
     const KivRunBorders borders = KivRunBorders::Of(runs, {0, height - 1, 0, width - 1});
     KivContourArray contours;
     contours.contours_.reserve(borders.borders.size());

@@ -4,24 +4,14 @@
 #include "argument_checks.h"
 #include "mask_runs.h"
 
-#include <climits>
 #include <cstdint>
 #include <stdexcept>
 
 namespace
 {
 
-constexpr int most_traced = INT_MAX - 2;
-
 // More bytes than a process can address on the machines that there are.
 constexpr std::int64_t too_many_pixels = std::int64_t{1} << 47;
-
-void check_can_be_traced(int width, int height)
-{
-    if (width > most_traced || height > most_traced) {
-        throw std::invalid_argument("MatToMask: the mask is too large to be traced");
-    }
-}
 
 } // namespace
 
@@ -33,19 +23,15 @@ KivContourArray kivdata::trace_contours(const cv::Mat& mask)
     if (mask.empty()) {
         return KivContourArray();
     }
-    check_can_be_traced(mask.cols, mask.rows);
+    kivdata::check_traced_frame(mask.cols, mask.rows); // before the runs are found
     return KivContourArray::BordersOf(runs_of_mask(mask.depth() == CV_8U ? mask : mask != 0), mask.cols, mask.rows);
 }
 
 KivContourArray kivdata::trace_contours(KivRunView runs, int width, int height)
 {
-    if (width == 0 || height == 0) {
-        return KivContourArray();
-    }
     if (std::int64_t{width} * height >= too_many_pixels) {
         CV_Error(cv::Error::StsNoMem, "GetMask: no mask can have the frame");
     }
-    check_can_be_traced(width, height);
     return KivContourArray::BordersOf(runs, width, height);
 }
 

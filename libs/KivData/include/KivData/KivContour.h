@@ -101,7 +101,7 @@ public:
     /// Cost: linear in the runs and the points if the runs are maximal, ordered and inside of the frame; otherwise they
     /// are made so first.
     ///
-    /// @throws std::invalid_argument if width or height is negative.
+    /// @throws std::invalid_argument if width or height is negative, or larger than 2^31 - 3 in a frame with pixels.
     static KivContourArray BordersOf(KivRunView runs, int width, int height);
 
     /// The maximal runs of the pixels that IKivROIPara::ToMAT() fills in a mask of the frame, ordered by row, then by
