@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Regions of few runs in frames whose masks would take 32 GB: with the bundled data types, contours and regions are made
-// of each other without a mask.
+// Regions of few runs in frames whose masks would take 32 GB: with the bundled data types, contours and regions are
+// made of each other without a mask.
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <gtest/gtest.h>

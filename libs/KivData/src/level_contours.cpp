@@ -19,7 +19,10 @@ struct LevelCrossing {
     Pixel bright;
     Pixel out; ///< a step of one pixel to the left, right, up or down
 
-    friend bool operator==(const LevelCrossing& a, const LevelCrossing& b) { return a.bright == b.bright && a.out == b.out; }
+    friend bool operator==(const LevelCrossing& a, const LevelCrossing& b)
+    {
+        return a.bright == b.bright && a.out == b.out;
+    }
 };
 
 constexpr int up = -1;
@@ -29,7 +32,8 @@ class LevelLines
 {
 public:
     LevelLines(const cv::Mat& image, double level)
-        : image_(image), level_(level),
+        : image_(image),
+          level_(level),
           followed_(static_cast<std::size_t>(image.rows) * static_cast<std::size_t>(image.cols))
     {
     }
@@ -157,6 +161,7 @@ KivContourArray KivContours::AtLevel(const cv::Mat& image, double level)
         }
         return LevelLines<float>(image, level).all();
     default:
-        throw std::invalid_argument("KivContours: the image must have one channel of 8, 16 or 32 bits: CV_8U, CV_16U, CV_32F");
+        throw std::invalid_argument(
+            "KivContours: the image must have one channel of 8, 16 or 32 bits: CV_8U, CV_16U, CV_32F");
     }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Measures of contours, and contours made of contours, held against values computed by hand, and against OpenCV where it
-// has the same measure.
+// Measures of contours, and contours made of contours, held against values computed by hand, and against OpenCV where
+// it has the same measure.
 #include <KivData/KivContourMeasures.h>
 
 #include <gtest/gtest.h>
@@ -115,8 +115,8 @@ TEST(ContourMeasures, MomentsAgreeWithThoseOfOpenCv)
         EXPECT_NEAR(std::abs(KivContours::SignedArea(contour)), moments.m00, 1e-6);
         EXPECT_NEAR(KivContours::Centroid(contour).x, moments.m10 / moments.m00, 1e-6);
         EXPECT_NEAR(KivContours::Centroid(contour).y, moments.m01 / moments.m00, 1e-6);
-        EXPECT_NEAR(KivContours::Orientation(contour), std::atan2(2.0 * moments.mu11, moments.mu20 - moments.mu02) / 2.0,
-                    1e-6);
+        EXPECT_NEAR(KivContours::Orientation(contour),
+                    std::atan2(2.0 * moments.mu11, moments.mu20 - moments.mu02) / 2.0, 1e-6);
         EXPECT_NEAR(KivContours::Length(contour), cv::arcLength(floats_of(contour), true), 1e-4);
     }
 }
@@ -226,7 +226,9 @@ TEST(ContourMeasures, HullAgreesWithOpenCv)
         const KivContour hull = KivContours::Hull(contour);
         std::vector<cv::Point2f> expected;
         cv::convexHull(floats_of(contour), expected);
-        const auto by_place = [](const cv::Point2f& a, const cv::Point2f& b) { return a.y != b.y ? a.y < b.y : a.x < b.x; };
+        const auto by_place = [](const cv::Point2f& a, const cv::Point2f& b) {
+            return a.y != b.y ? a.y < b.y : a.x < b.x;
+        };
         std::vector<cv::Point2f> found = floats_of(hull);
         std::sort(found.begin(), found.end(), by_place);
         std::sort(expected.begin(), expected.end(), by_place);

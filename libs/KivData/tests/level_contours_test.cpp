@@ -17,7 +17,8 @@ namespace
 cv::Mat bytes(int rows, int columns, std::initializer_list<int> values)
 {
     cv::Mat image(rows, columns, CV_8UC1);
-    std::transform(values.begin(), values.end(), image.data, [](int value) { return static_cast<unsigned char>(value); });
+    std::transform(values.begin(), values.end(), image.data,
+                   [](int value) { return static_cast<unsigned char>(value); });
     return image;
 }
 

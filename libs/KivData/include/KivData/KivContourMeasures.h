@@ -5,8 +5,8 @@
 ///
 /// A contour is the closed line through its points, the last one joined to the first. Coordinates are pixel
 /// coordinates, y downwards. All is computed in double from the coordinates as they are. Every function throws
-/// std::invalid_argument if a coordinate is NaN or infinite; unless said otherwise it takes any number of points and costs
-/// one or two passes over them.
+/// std::invalid_argument if a coordinate is NaN or infinite; unless said otherwise it takes any number of points and
+/// costs one or two passes over them.
 #pragma once
 
 #include <KivData/KivContour.h>

@@ -12,16 +12,16 @@ namespace KivContours
 {
 
 /// The closed lines around everything that is at least as bright as `level`, by marching squares: between a pixel that
-/// is and a neighbour above, below, left or right that is not, the line passes where linear interpolation from centre to
-/// centre has the level.
+/// is and a neighbour above, below, left or right that is not, the line passes where linear interpolation from centre
+/// to centre has the level.
 ///
-/// Outer lines run counterclockwise as seen on the screen and those around holes clockwise, so KivContour::IsHole() tells
-/// them apart. The image ends at the centres of its outermost pixels, and what is bright there is closed along them.
-/// Where two bright pixels meet two dark ones crosswise, the bright ones are joined if the mean of the four is at least
-/// the level. Points that would follow an equal one are left out.
+/// Outer lines run counterclockwise as seen on the screen and those around holes clockwise, so KivContour::IsHole()
+/// tells them apart. The image ends at the centres of its outermost pixels, and what is bright there is closed along
+/// them. Where two bright pixels meet two dark ones crosswise, the bright ones are joined if the mean of the four is at
+/// least the level. Points that would follow an equal one are left out.
 ///
-/// Lines come in the order of their uppermost, then leftmost bright pixels below a dark one or the upper end of the image,
-/// and start above that pixel. Cost: one pass over the pixels, one bit each, and the points.
+/// Lines come in the order of their uppermost, then leftmost bright pixels below a dark one or the upper end of the
+/// image, and start above that pixel. Cost: one pass over the pixels, one bit each, and the points.
 ///
 /// @param image one channel of 8- or 16-bit unsigned integers or 32-bit floats; any stride
 /// @throws std::invalid_argument if the image is of another type or has more than two dimensions, or if the level or a
