@@ -1,14 +1,22 @@
 // SPDX-License-Identifier: MIT
-// Every allocation of the measures, components and morphology of run sets fails once. Each time the exception reaches
-// the caller, nothing leaks, and the set is as it was.
+// Every allocation of the operations on run sets, and of what makes contours of contours, runs and grey images, fails
+// once. Each time the exception reaches the caller, nothing leaks, and the set is as it was.
 #include "failing_allocations.h"
 
+#include <KivData/KivContourMeasures.h>
+#include <KivData/KivLevelContours.h>
+#include <KivData/KivRunPolygons.h>
+#include <KivRLC/KivRunCoco.h>
 #include <KivRLC/KivRunComponents.h>
+#include <KivRLC/KivRunImages.h>
 #include <KivRLC/KivRunMeasures.h>
 #include <KivRLC/KivRunMorphology.h>
+#include <KivRLC/KivRunOutlines.h>
+#include <KivRLC/KivRunTransforms.h>
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <new>
 #include <ostream>
 
@@ -32,7 +40,64 @@ KivRuns::Element three_by_three()
     return KivRuns::Element::Rectangle(3, 3);
 }
 
+const KivRunSet other{{0, 2, 9}, {2, 2, 4}, {5, 0, 0}, {8, 4, 4}};
+
+constexpr std::uint8_t mask[] = {0, 1, 0, 1, 1, 0, 1, 1, 0};
+constexpr KivImageView<const std::uint8_t> mask_view = {mask, 3, 3, 3};
+
+const KivContour triangle{{1, 1}, {2, 5}, {3, 5.25}, {9, 1}};
+
 const Operation operations[] = {
+    {"RunsInDisorder",
+     [](const KivRunSet&) {
+         KivRunSet{{4, 1, 2}, {0, 3, 3}, {4, 2, 9}};
+     }},
+    {"Union", [](const KivRunSet& set) { set | other; }},
+    {"Intersection", [](const KivRunSet& set) { set& other; }},
+    {"Difference", [](const KivRunSet& set) { set - other; }},
+    {"SymmetricDifference", [](const KivRunSet& set) { set ^ other; }},
+    {"Complement",
+     [](const KivRunSet& set) {
+         set.Complement({0, 9, 0, 9});
+     }},
+    {"UnionOfMany",
+     [](const KivRunSet& set) {
+         KivRunSet::Union({set, other, set});
+     }},
+    {"Translate", [](const KivRunSet& set) { KivRuns::Translate(set, 1, 2); }},
+    {"FlipLeftRight",
+     [](const KivRunSet& set) {
+         KivRuns::FlipLeftRight(set, {0, 9, 0, 9});
+     }},
+    {"Turn",
+     [](const KivRunSet& set) {
+         KivRuns::Turn(set, 1, {0, 9, 0, 9});
+     }},
+    {"Crop",
+     [](const KivRunSet& set) {
+         KivRuns::Crop(set, {1, 7, 1, 7});
+     }},
+    {"ScaleUp", [](const KivRunSet& set) { KivRuns::ScaleUp(set, 2, 3); }},
+    {"ScaleDown", [](const KivRunSet& set) { KivRuns::ScaleDown(set, 2, 3, KivRuns::BlockRule::Most); }},
+    {"FromMask", [](const KivRunSet&) { KivRuns::FromMask(mask_view); }},
+    {"FromRange", [](const KivRunSet&) { KivRuns::FromRange(mask_view, 1, 2); }},
+    {"FromLabels", [](const KivRunSet&) { KivRuns::FromLabels(mask_view); }},
+    {"ToCocoCounts", [](const KivRunSet& set) { KivRuns::ToCocoCounts(set, 10, 10); }},
+    {"ToCocoText", [](const KivRunSet& set) { KivRuns::ToCocoText(set, 10, 10); }},
+    {"FromCocoCounts",
+     [](const KivRunSet&) {
+         KivRuns::FromCocoCounts({1, 4, 7}, 4, 3);
+     }},
+    {"FromCocoText", [](const KivRunSet&) { KivRuns::FromCocoText("147", 4, 3); }},
+    {"OutlinesOf", [](const KivRunSet& set) { KivRuns::OutlinesOf(set); }},
+    {"FromPolygons", [](const KivRunSet&) { KivRuns::FromPolygons({triangle.AllPoints()}, 10, 10); }},
+    {"BordersOf", [](const KivRunSet& set) { KivContourArray::BordersOf(set.Runs(), 10, 10); }},
+    {"FilledRuns", [](const KivRunSet&) { KivContourArray{triangle}.FilledRuns(10, 10); }},
+    {"Simplified", [](const KivRunSet&) { KivContours::Simplified(triangle, 1.0); }},
+    {"HullOfContour", [](const KivRunSet&) { KivContours::Hull(triangle); }},
+    {"Resampled", [](const KivRunSet&) { KivContours::Resampled(triangle, 5); }},
+    {"AtLevel",
+     [](const KivRunSet&) { KivContours::AtLevel(cv::Mat(3, 3, CV_8UC1, const_cast<std::uint8_t*>(mask)), 0.5); }},
     {"HoleCount", [](const KivRunSet& set) { KivRuns::HoleCount(set, connectivity); }},
     {"ConvexHull", [](const KivRunSet& set) { KivRuns::ConvexHull(set); }},
     {"FeretDiametersOf", [](const KivRunSet& set) { KivRuns::FeretDiametersOf(set); }},
