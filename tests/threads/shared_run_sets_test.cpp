@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Operations on run sets and measures of contours in several threads at once, on operands that all of them share: reading
-// never changes a set, not even for a moment.
+// Operations on run sets and measures of contours in several threads at once, on operands that all of them share:
+// reading never changes a set, not even for a moment.
 #include "concurrent_calls.h"
 
 #include <KivData/KivContourMeasures.h>

@@ -6,6 +6,7 @@
 #include "kivconvert/tiff_handle.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <fmt/format.h>
 #include <iterator>
@@ -304,7 +305,7 @@ private:
     /// Grey values and colours of fewer than 8 bits are spread over 0 to 255, and 0 is made black.
     void spread_values()
     {
-        const double largest = static_cast<double>((std::uint64_t{1} << bits()) - 1);
+        const double largest = std::ldexp(1.0, tags_.bits) - 1.0;
         const double scale = layout_.palette.empty() && bits() < 8 ? 255.0 / largest : 1.0;
         if (is_inverted()) {
             band_.convertTo(band_, -1, -scale, scale * largest);
