@@ -11,6 +11,12 @@ namespace
 
 using tools_tests::run_file;
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool frees_at_once = false; // the address sanitizer keeps freed memory for a while, to see uses of it
+#else
+constexpr bool frees_at_once = true;
+#endif
+
 class SmallFiles : public tools_tests::CommandLine
 {
 protected:
@@ -32,7 +38,9 @@ protected:
     {
         const long memory = peak_memory(status, arguments);
         EXPECT_GE(memory, 0) << arguments;
-        EXPECT_LE(memory, most) << arguments;
+        if (frees_at_once) {
+            EXPECT_LE(memory, most) << arguments;
+        }
     }
 };
 
