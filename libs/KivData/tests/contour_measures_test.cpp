@@ -74,6 +74,7 @@ TEST(ContourMeasures, BoundsAreReached)
 {
     EXPECT_EQ(KivContours::BoundsOf({{2, -1}, {0.5, 7}, {9, 3}}), (KivContours::Bounds{0.5, -1, 9, 7}));
     EXPECT_EQ(KivContours::BoundsOf(point), (KivContours::Bounds{3, 4, 3, 4}));
+    EXPECT_NE(KivContours::BoundsOf(point), (KivContours::Bounds{3, 4, 3, 5}));
     EXPECT_THROW(KivContours::BoundsOf({}), std::invalid_argument);
 }
 
