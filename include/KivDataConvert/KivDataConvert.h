@@ -261,7 +261,9 @@ KIVMV_API int KivPointArrayToContour(KivPointArray& points, KivContour* contour)
 /// @param[out] contours replaced by what IKivROIPara::MatToMask() traces
 /// @retval KIVMV_ERR_PARAM_1 the region is empty
 ///
-/// Raises cv::Exception for a frame of negative height. Cost: as KivRegionToImage(), and linear in the points.
+/// Raises cv::Exception for a frame of negative height. Cost: linear in the runs and the points if the runs are maximal
+/// and ordered, which they are made first otherwise; with other data types than the bundled ones as KivRegionToImage()
+/// instead, and linear in the points.
 KIVMV_API int KivRegionToContourArray(KivRegion& region, KivContourArray* contours);
 
 /// Fills contours into a region of the given frame, as IKivROIPara::ToMAT() fills them.
@@ -275,8 +277,8 @@ KIVMV_API int KivRegionToContourArray(KivRegion& region, KivContourArray* contou
 /// @retval KIVMV_ERR_PARAM_3 `height` is below 2
 /// @retval KIVMV_ERR_EXCEPTION filling raised an exception
 ///
-/// Cost: linear in the frame's pixels and, for each contour, in its points and the rows that its edges pass; where
-/// contours are many, also in the square of their number.
+/// Cost: that of KivPolygonFill, whatever the frame; with other data types than the bundled ones that of their
+/// IKivROIPara::ToMAT(), and linear in the frame's pixels.
 KIVMV_API int KivContourArrayToRegion(KivContourArray& contours, int width, int height, KivRegion* region);
 
 /// Fills one contour, its border included, into a region. What it encloses twice is not filled (even-odd rule).
@@ -304,7 +306,8 @@ KIVMV_API int KivContourToRegion(KivContour& contour, KivRegion* region);
 /// @retval KIVMV_ERR_PARAM_3 `height` is below 2
 /// @retval KIVMV_ERR_EXCEPTION filling raised an exception
 ///
-/// Cost: as KivContourArrayToRegion().
+/// Cost: that of IKivROIPara::ToMAT(), for the bundled data types as KivContourArrayToRegion() and linear in the
+/// pixels.
 KIVMV_API int KivContourArrayToBinImage(KivImage* image, KivContourArray& contours, int width, int height);
 
 /// Traces a binary image into contours. The image must not be written by another thread meanwhile.
@@ -347,7 +350,8 @@ KIVMV_API int KivMergContour(KivImage& image, KivContour& contour, bool add, Kiv
 /// @param[out] out the region, in the frame of the ROI's mask
 /// @retval KIVMV_ERR_PARAM_1 the ROI is of type 10 or 3, or its mask has no columns
 ///
-/// Cost: linear in the mask's pixels and the runs; where runs overlap, also in the pixels that each covers.
+/// Cost: linear in the runs; with other data types than the bundled ones also in the mask's pixels and, where runs
+/// overlap, in the pixels that each covers.
 KIVMV_API int KivROIToRegion(KivROI& roi, KivRegion* out);
 
 /// Makes an ROI a mask of a region's runs, in the region's frame.
