@@ -38,7 +38,8 @@ Frame frame_of(const Polygon& polygon);
 /// polygon, visible or not. The cut ends of edges are rounded to pixels.
 void fill_polygon(cv::Mat& mask, Polygon polygon, int value);
 
-/// The result code of contours that cannot be filled in the frame: there must be one, and at least 2 x 2 pixels.
+/// KIVMV_OK if the contours can be filled in the frame, which takes a contour and 2 x 2 pixels; otherwise the result
+/// code.
 int check_filling(KivContourArray& contours, Frame frame);
 
 } // namespace kiv
