@@ -61,9 +61,9 @@ KIVDATA_API bool Contains(const KivContour& contour, const cv::Point_<double>& p
 
 /// A point of a contour's line.
 struct LinePoint {
-    cv::Point_<double> point;
-    double distance; ///< from the point that was asked about, in pixels
-    int edge;        ///< it lies on the edge from the point of this index to the next one
+    cv::Point_<double> point; ///< in pixels
+    double distance;          ///< from the point that was asked about, in pixels
+    int edge;                 ///< it lies on the edge from the point of this index to the next one
 };
 
 /// The point of the line that is nearest to a point; of several, that on the first edge.

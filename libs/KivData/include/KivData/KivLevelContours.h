@@ -24,6 +24,7 @@ namespace KivContours
 /// image, and start above that pixel. Cost: one pass over the pixels, one bit each, and the points.
 ///
 /// @param image one channel of 8- or 16-bit unsigned integers or 32-bit floats; any stride
+/// @param level in grey values of the image; need not be one that a pixel can have
 /// @throws std::invalid_argument if the image is of another type or has more than two dimensions, or if the level or a
 /// pixel is NaN or infinite.
 /// @throws std::bad_alloc if memory runs out.
