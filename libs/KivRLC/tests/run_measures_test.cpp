@@ -259,9 +259,7 @@ TEST(RunMeasures, OfRandomMasksAreOpenCvs)
 {
     for (unsigned seed = 0; seed < 200 && !testing::Test::HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
-        std::mt19937 random(seed);
-        const auto side = [&random] { return std::uniform_int_distribution<int>(1, 200)(random); };
-        const cv::Mat mask = run_sets::random_mask(side(), side(), 1 + static_cast<int>(seed % 20), random);
+        const cv::Mat mask = run_sets::random_mask_of(seed);
         const KivRunSet set = run_sets::set_of(mask);
         if (set.Empty()) {
             continue;

@@ -85,4 +85,14 @@ inline cv::Mat random_mask(int width, int height, int mean_length, std::mt19937&
     return mask;
 }
 
+/// The same of 1 to 200 columns and rows, with a size and a mean length that the seed decides.
+inline cv::Mat random_mask_of(unsigned seed)
+{
+    std::mt19937 random(seed);
+    std::uniform_int_distribution<int> side(1, 200);
+    const int width = side(random);
+    const int height = side(random);
+    return random_mask(width, height, 1 + static_cast<int>(seed % 20), random);
+}
+
 } // namespace run_sets
