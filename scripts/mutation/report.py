@@ -1,16 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""What became of the mutants, and the list of those that change nothing."""
+"""What became of the mutants."""
 
 import re
 from collections import Counter
-from pathlib import Path
-
-EQUIVALENT = Path(__file__).with_name("equivalent.txt")
-
-
-def equivalent_names():
-    lines = EQUIVALENT.read_text().splitlines()
-    return {line for line in lines if line and not line.startswith("#")}
 
 
 def folder_of(mutant):
@@ -18,12 +10,12 @@ def folder_of(mutant):
 
 
 def table(mutants, verdicts):
-    """Counts by folder. Verdicts: noticed, survived, equivalent, impossible."""
+    """Counts by folder. Verdicts: noticed, survived, impossible."""
     counts = Counter((folder_of(mutant), verdicts[mutant.name]) for mutant in mutants)
     folders = sorted({folder_of(mutant) for mutant in mutants})
-    rows = [["folder", "mutants", "noticed", "equivalent", "survived", "impossible"]]
+    rows = [["folder", "mutants", "noticed", "survived", "impossible"]]
     for folder in folders:
-        of_folder = [counts[folder, verdict] for verdict in ("noticed", "equivalent", "survived", "impossible")]
+        of_folder = [counts[folder, verdict] for verdict in ("noticed", "survived", "impossible")]
         rows.append([folder, sum(of_folder), *of_folder])
-    rows.append(["all", *(sum(row[column] for row in rows[1:]) for column in range(1, 6))])
+    rows.append(["all", *(sum(row[column] for row in rows[1:]) for column in range(1, 5))])
     return "\n".join(f"{row[0]:<20}" + "".join(f"{cell:>13}" for cell in row[1:]) for row in rows)
