@@ -244,6 +244,21 @@ TEST(MatrixToImage, NaNAndWhatNoIntCanHoldBecomeZero)
                 expected);
 }
 
+#ifdef CV_16F // from OpenCV 4 on
+TEST(MatrixToImage, HalfFloatsAreRoundedAndClampedAlike)
+{
+    const float infinity = std::numeric_limits<float>::infinity();
+    const cv::Mat some = (cv::Mat_<float>(1, 11) << 0.5F, 1.5F, 2.5F, 254.5F, 255.5F, -0.5F, 0.75F, 60000.0F, infinity,
+                          -infinity, std::numeric_limits<float>::quiet_NaN());
+    const cv::Mat floats = cv::repeat(some, 1, 9);
+    const cv::Mat expected = cv::repeat(grey_of({{0, 2, 2, 254, 255, 0, 1, 255, 0, 0, 0}}), 1, 9);
+    cv::Mat halves;
+    floats.convertTo(halves, CV_16F);
+    expect_copy(halves, expected);
+    EXPECT_TRUE(same_pixels(KivMatrix(kiv::rounded_bytes(halves)), expected));
+}
+#endif
+
 // What is done where OpenCV rounds differently, on every machine.
 TEST(RoundedBytes, AreTheNearestBytes)
 {
