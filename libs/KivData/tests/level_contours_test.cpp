@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Lines at a level of grey images: worked examples, and that they enclose the bright pixels and no others.
-#include <KivData/KivContourMeasures.h>
-#include <KivData/KivLevelContours.h>
+#include "level_contour_laws.h"
 
 #include <gtest/gtest.h>
 
@@ -77,23 +76,6 @@ TEST(LevelContours, AllDepthsAndStridesAreRead)
     EXPECT_EQ(KivContours::AtLevel(deep, 2), expected);
 }
 
-/// Whether what the lines enclose, by the even-odd rule, and what lies on them, is what is bright.
-void expect_bright_inside(const cv::Mat& image, double level)
-{
-    const KivContourArray lines = KivContours::AtLevel(image, level);
-    for (int y = 0; y < image.rows; ++y) {
-        for (int x = 0; x < image.cols; ++x) {
-            bool inside = false;
-            bool on_line = false;
-            for (const KivContour& line : lines) {
-                inside = inside != KivContours::Contains(line, {double(x), double(y)});
-                on_line = on_line || KivContours::Nearest(line, {double(x), double(y)}).distance == 0.0;
-            }
-            ASSERT_EQ(inside || on_line, image.at<unsigned char>(y, x) >= level) << image << " at " << level;
-        }
-    }
-}
-
 TEST(LevelContours, BrightPixelsAreInsideInAllBinaryImagesOf3x3)
 {
     for (unsigned bits = 0; bits < 512; ++bits) {
@@ -101,8 +83,8 @@ TEST(LevelContours, BrightPixelsAreInsideInAllBinaryImagesOf3x3)
         for (int i = 0; i < 9; ++i) {
             image.data[i] = (bits >> i & 1U) != 0 ? 200 : 40;
         }
-        expect_bright_inside(image, 100);
-        expect_bright_inside(image, 150);
+        level_contour_laws::expect_bright_inside(image, 100);
+        level_contour_laws::expect_bright_inside(image, 150);
     }
 }
 
@@ -114,8 +96,8 @@ TEST(LevelContours, BrightPixelsAreInsideInRandomImages)
         for (unsigned char* pixel = image.data; pixel != image.dataend; ++pixel) {
             *pixel = static_cast<unsigned char>(random() % 8);
         }
-        expect_bright_inside(image, 4.5);
-        expect_bright_inside(image, 4);
+        level_contour_laws::expect_bright_inside(image, 4.5);
+        level_contour_laws::expect_bright_inside(image, 4);
     }
 }
 

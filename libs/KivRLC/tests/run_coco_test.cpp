@@ -16,27 +16,11 @@
 namespace
 {
 
+using run_sets::coco_counts_of;
 using run_sets::mask_of_bits;
 using run_sets::random_mask;
 using run_sets::set_of;
 using Counts = std::vector<std::int64_t>;
-
-/// The counts of a mask, pixel by pixel, column by column.
-Counts counts_by_pixels(const cv::Mat& mask)
-{
-    Counts counts{0};
-    bool belongs = false;
-    for (int x = 0; x < mask.cols; ++x) {
-        for (int y = 0; y < mask.rows; ++y) {
-            if ((mask.at<uchar>(y, x) != 0) != belongs) {
-                belongs = !belongs;
-                counts.push_back(0);
-            }
-            ++counts.back();
-        }
-    }
-    return counts;
-}
 
 TEST(RunCoco, CountsColumnByColumn)
 {
@@ -165,7 +149,7 @@ TEST(RunCoco, GoesThereAndBack)
         const cv::Mat mask =
             random_mask(1 + i % 50, 1 + static_cast<int>(random() % (i % 2 == 0 ? 4 : 40)), 1 + i % 15, random);
         const KivRunSet set = set_of(mask);
-        const Counts counts = counts_by_pixels(mask);
+        const Counts counts = coco_counts_of(mask);
         ASSERT_EQ(KivRuns::ToCocoCounts(set, mask.cols, mask.rows), counts);
         ASSERT_EQ(KivRuns::FromCocoCounts(counts, mask.cols, mask.rows), set);
         ASSERT_EQ(KivRuns::FromCocoText(KivRuns::ToCocoText(set, mask.cols, mask.rows), mask.cols, mask.rows), set);
@@ -176,7 +160,7 @@ TEST(RunCoco, GoesThereAndBackForAllOfThreeByThree)
 {
     for (unsigned bits = 0; bits < 512; ++bits) {
         const cv::Mat mask = mask_of_bits(bits, 3, 3);
-        ASSERT_EQ(KivRuns::ToCocoCounts(set_of(mask), 3, 3), counts_by_pixels(mask));
+        ASSERT_EQ(KivRuns::ToCocoCounts(set_of(mask), 3, 3), coco_counts_of(mask));
         ASSERT_EQ(KivRuns::FromCocoText(KivRuns::ToCocoText(set_of(mask), 3, 3), 3, 3), set_of(mask));
     }
 }

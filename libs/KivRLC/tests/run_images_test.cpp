@@ -20,23 +20,10 @@ namespace
 
 using run_sets::mask_of;
 using run_sets::random_mask;
+using run_sets::range_of;
 using run_sets::runs_of;
 using run_sets::set_of;
 using Runs = std::vector<Run>;
-
-/// The pixels from `least` to `greatest`, one by one.
-template <class Pixel>
-KivRunSet set_by_pixels(const cv::Mat& image, double least, double greatest)
-{
-    cv::Mat mask = cv::Mat::zeros(image.size(), CV_8UC1);
-    for (int y = 0; y < image.rows; ++y) {
-        for (int x = 0; x < image.cols; ++x) {
-            const double value = image.at<Pixel>(y, x);
-            mask.at<uchar>(y, x) = least <= value && value <= greatest ? 255 : 0;
-        }
-    }
-    return set_of(mask);
-}
 
 template <class Pixel>
 cv::Mat random_image(int width, int height, double most, std::mt19937& random)
@@ -62,7 +49,7 @@ void expect_ranges(double most)
                  {0.0, most}, {most / 4, most / 2}, {most / 2, most / 4}, {-1.0, 2 * most}, {most / 3, most / 3}}) {
             const KivRunSet set = KivRuns::FromRange(image, least, greatest);
             ASSERT_EQ(KivRunSet::WhyNotCanonical(set.Runs()), "");
-            ASSERT_EQ(set, set_by_pixels<Pixel>(image, least, greatest)) << width;
+            ASSERT_EQ(set, range_of<Pixel>(image, least, greatest)) << width;
         }
     }
 }
@@ -133,9 +120,9 @@ TEST(RunImages, ReadAndWriteAtAnyStride)
     const cv::Mat image = random_image<std::uint16_t>(77, 6, 9.0, random);
     std::vector<unsigned char> bytes = upside_down<std::uint16_t>(image, 161);
     const auto view = view_upside_down<const std::uint16_t>(bytes, image.size(), 161);
-    EXPECT_EQ(KivRuns::FromRange(view, 3, 5), set_by_pixels<std::uint16_t>(image, 3, 5));
+    EXPECT_EQ(KivRuns::FromRange(view, 3, 5), range_of<std::uint16_t>(image, 3, 5));
     ASSERT_EQ(KivRuns::FromLabels(view).size(), 8U);
-    EXPECT_EQ(KivRuns::FromLabels(view)[4].set, set_by_pixels<std::uint16_t>(image, 5, 5));
+    EXPECT_EQ(KivRuns::FromLabels(view)[4].set, range_of<std::uint16_t>(image, 5, 5));
     const KivRunSet set{{0, 0, 76}, {5, 70, 80}};
     KivRuns::Paint(set, view_upside_down<std::uint16_t>(bytes, image.size(), 161), 1000);
     EXPECT_EQ(KivRuns::FromRange(view, 1000, 1000), (KivRunSet{{0, 0, 76}, {5, 70, 76}}));
@@ -169,7 +156,7 @@ TEST(RunImages, SplitLabelsOfEveryWidth)
     ASSERT_EQ(wide_sets.size(), 11U);
     for (std::size_t i = 0; i < sets.size(); ++i) {
         EXPECT_EQ(sets[i].label, static_cast<int>(i) + 1);
-        EXPECT_EQ(sets[i].set, set_by_pixels<std::uint8_t>(labels, sets[i].label, sets[i].label));
+        EXPECT_EQ(sets[i].set, range_of<std::uint8_t>(labels, sets[i].label, sets[i].label));
         EXPECT_EQ(wide_sets[i].set, sets[i].set);
     }
 }

@@ -7,6 +7,7 @@
 
 #include <opencv2/core.hpp>
 
+#include <cstdint>
 #include <ostream>
 #include <random>
 #include <vector>
@@ -93,6 +94,37 @@ inline cv::Mat random_mask_of(unsigned seed)
     const int width = side(random);
     const int height = side(random);
     return random_mask(width, height, 1 + static_cast<int>(seed % 20), random);
+}
+
+/// The COCO counts of a mask: lengths of background and foreground by turns, column by column.
+inline std::vector<std::int64_t> coco_counts_of(const cv::Mat& mask)
+{
+    std::vector<std::int64_t> counts{0};
+    bool belongs = false;
+    for (int x = 0; x < mask.cols; ++x) {
+        for (int y = 0; y < mask.rows; ++y) {
+            if ((mask.at<uchar>(y, x) != 0) != belongs) {
+                belongs = !belongs;
+                counts.push_back(0);
+            }
+            ++counts.back();
+        }
+    }
+    return counts;
+}
+
+/// The set of the pixels from `least` to `greatest`, one by one.
+template <class Pixel>
+KivRunSet range_of(const cv::Mat& image, double least, double greatest)
+{
+    cv::Mat mask = cv::Mat::zeros(image.size(), CV_8UC1);
+    for (int y = 0; y < image.rows; ++y) {
+        for (int x = 0; x < image.cols; ++x) {
+            const double value = image.at<Pixel>(y, x);
+            mask.at<uchar>(y, x) = least <= value && value <= greatest ? 255 : 0;
+        }
+    }
+    return set_of(mask);
 }
 
 } // namespace run_sets
