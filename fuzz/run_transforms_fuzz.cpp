@@ -87,21 +87,32 @@ void expect_undone(const KivRunSet& set, const Transform& transform, const Oppos
 
 void expect_opposites(const KivRunSet& set, int dx, int dy, int quarters, int columns, int rows)
 {
-    expect_undone(set, [&] { return KivRuns::Translate(set, dx, dy); }, [&](const KivRunSet& result) {
-        return dx == INT_MIN || dy == INT_MIN ? set : KivRuns::Translate(result, -dx, -dy);
-    });
-    expect_undone(set, [&] { return KivRuns::FlipLeftRight(set, box); },
-                  [](const KivRunSet& result) { return KivRuns::FlipLeftRight(result, box); });
-    expect_undone(set, [&] { return KivRuns::FlipUpDown(set, box); },
-                  [](const KivRunSet& result) { return KivRuns::FlipUpDown(result, box); });
-    expect_undone(set, [&] { return KivRuns::ScaleUp(set, columns, rows); }, [&](const KivRunSet& result) {
-        return KivRuns::ScaleDown(result, columns, rows, BlockRule::All);
-    });
+    expect_undone(
+        set, [&] { return KivRuns::Translate(set, dx, dy); },
+        [&](const KivRunSet& result) {
+            return dx == INT_MIN || dy == INT_MIN ? set : KivRuns::Translate(result, -dx, -dy);
+        });
+    expect_undone(
+        set, [&] { return KivRuns::FlipLeftRight(set, box); },
+        [](const KivRunSet& result) { return KivRuns::FlipLeftRight(result, box); });
+    expect_undone(
+        set, [&] { return KivRuns::FlipUpDown(set, box); },
+        [](const KivRunSet& result) { return KivRuns::FlipUpDown(result, box); });
+    expect_undone(
+        set, [&] { return KivRuns::ScaleUp(set, columns, rows); },
+        [&](const KivRunSet& result) { return KivRuns::ScaleDown(result, columns, rows, BlockRule::All); });
     // What is wide gets as many runs as it has columns.
     const KivRunSet narrow = KivRuns::Crop(set, {INT_MIN, INT_MAX, -99, 99});
-    expect_undone(narrow, [&] { return KivRuns::Transpose(narrow); }, KivRuns::Transpose);
-    expect_undone(narrow, [&] { return KivRuns::Turn(narrow, quarters, {0, 9, 0, 9}); },
-                  [&](const KivRunSet& result) { return KivRuns::Turn(result, 4 - (quarters & 3), {0, 9, 0, 9}); });
+    expect_undone(
+        narrow, [&] { return KivRuns::Transpose(narrow); }, KivRuns::Transpose);
+    expect_undone(
+        narrow,
+        [&] {
+            return KivRuns::Turn(narrow, quarters, {0, 9, 0, 9});
+        },
+        [&](const KivRunSet& result) {
+            return KivRuns::Turn(result, 4 - (quarters & 3), {0, 9, 0, 9});
+        });
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The runs of non-zero bytes in rows of bytes. The bytes become words of 64 bits, and the places where neighbouring
-// bits differ are where runs begin and end. A word without such a place costs one comparison.
+// The runs of the foreground in rows of pixels. The pixels become words of 64 bits, and the places where neighbouring
+// bits differ are where runs begin and end. A word of bytes without such a place costs one comparison.
 #pragma once
 
 #include "byte_words.h"
@@ -47,30 +47,43 @@ inline RowEnd with_word(std::uint64_t bits, int row, int x, RowEnd at)
     return at;
 }
 
-/// The bits of less than a word; those behind the last byte are background.
+/// A row of bytes, whose foreground is what is not 0. Words says how they are read.
 template <class Words>
-std::uint64_t foreground_bits(const std::uint8_t* bytes, int count)
-{
-    std::uint8_t padded[word_pixels] = {};
-    std::memcpy(padded, bytes, static_cast<std::size_t>(count));
-    return Words::foreground_bits(padded);
-}
+struct ByteRow {
+    const std::uint8_t* bytes;
+
+    /// Whether the word whose first pixel is column x is nothing but foreground, or nothing but background.
+    bool is_all(bool foreground, int x) const
+    {
+        return foreground ? Words::is_foreground(bytes + x) : Words::is_background(bytes + x);
+    }
+
+    /// The bits of the word whose first pixel is column x.
+    std::uint64_t word(int x) const { return Words::foreground_bits(bytes + x); }
+
+    /// The bits of less than a word; those behind the last pixel are background.
+    std::uint64_t word(int x, int count) const
+    {
+        std::uint8_t padded[word_pixels] = {};
+        std::memcpy(padded, bytes + x, static_cast<std::size_t>(count));
+        return Words::foreground_bits(padded);
+    }
+};
 
 /// Appends the runs of one row from `next` on, and returns where the runs after them go.
-template <class Words, class Runs>
-Run* append_row(const std::uint8_t* bytes, int row, int columns, RunRoom<Runs>& room, Run* next)
+template <class Pixels, class Runs>
+Run* append_row(const Pixels& pixels, int row, int columns, RunRoom<Runs>& room, Run* next)
 {
     RowEnd at{next, false};
     int x = 0;
     for (; columns - x >= word_pixels; x += word_pixels) {
-        if (at.inside ? Words::is_foreground(bytes + x) : Words::is_background(bytes + x)) {
-            continue;
+        if (!pixels.is_all(at.inside, x)) {
+            at = with_word(pixels.word(x), row, x, at);
+            at.next = room.with_room(at.next);
         }
-        at = with_word(Words::foreground_bits(bytes + x), row, x, at);
-        at.next = room.with_room(at.next);
     }
     if (x < columns) {
-        at = with_word(foreground_bits<Words>(bytes + x, columns - x), row, x, at);
+        at = with_word(pixels.word(x, columns - x), row, x, at);
     }
     if (at.inside) {
         at.next->colEnd = columns - 1;
@@ -79,18 +92,25 @@ Run* append_row(const std::uint8_t* bytes, int row, int columns, RunRoom<Runs>& 
     return room.with_room(at.next);
 }
 
-/// Appends the maximal runs of the non-zero bytes of `rows` rows of `columns` bytes, the first of which is at `bytes`
-/// and each other one `stride` bytes behind the one above. Rows come from top to bottom, the runs of one from left to
-/// right. Words says how bytes are read, Runs is a vector of runs; if it finds no memory, it is left as it was.
-template <class Words = NativeWords, class Runs>
-void append_byte_runs(const std::uint8_t* bytes, std::ptrdiff_t stride, int columns, int rows, Runs& runs)
+/// Appends the maximal runs of the foreground of `rows` rows of `columns` pixels, which row_at(0) and so on are. Rows
+/// come from top to bottom, the runs of one from left to right. Runs is a vector of runs; if it finds no memory, it is
+/// left as it was.
+template <class RowAt, class Runs>
+void append_rows(const RowAt& row_at, int columns, int rows, Runs& runs)
 {
     RunRoom<Runs> room(runs);
     Run* next = room.begin();
     for (int row = 0; row < rows; ++row) {
-        next = append_row<Words>(bytes + row * stride, row, columns, room, next);
+        next = append_row(row_at(row), row, columns, room, next);
     }
     room.keep(next);
+}
+
+/// The same of bytes, the first of which is at `bytes` and each other row `stride` bytes behind the one above.
+template <class Words = NativeWords, class Runs>
+void append_byte_runs(const std::uint8_t* bytes, std::ptrdiff_t stride, int columns, int rows, Runs& runs)
+{
+    append_rows([bytes, stride](int row) { return ByteRow<Words>{bytes + row * stride}; }, columns, rows, runs);
 }
 
 } // namespace kivrlc
