@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 /// @file
-/// KivImageView: pixels that stand somewhere in memory. This header needs no OpenCV.
+/// KivImageView: a view of pixels in memory. This header needs no OpenCV.
 #pragma once
 
 #include <cstddef>
 
-/// An image of one channel in somebody's memory: of cv::Mat, of NumPy, of a camera. It owns nothing.
+/// A view of a one-channel image whose memory something else owns: a cv::Mat, a NumPy array, a camera.
 ///
-/// Pixel (x, y) stands x * sizeof(Pixel) bytes behind the beginning of row y, which stands y * stride bytes behind
-/// `pixels`. The stride may be any number of bytes, also negative or no multiple of a pixel's.
+/// Pixel (x, y) is x * sizeof(Pixel) bytes after the beginning of row y, which is y * stride bytes after `pixels`. The
+/// stride may be any number of bytes, also negative or no multiple of a pixel's.
 ///
 /// @tparam Pixel std::uint8_t, std::uint16_t, std::int32_t or float; const if the image is only read
 template <class Pixel>

@@ -23,18 +23,18 @@
 /// box they are those of cv::drawContours() in OpenCV 4.6. The borders of KivRunBorders, filled together, give the
 /// pixels back that were traced.
 ///
-/// What lies outside of the box is computed as exactly, and takes no time for its size: an edge costs a few searches
-/// and the pixels in the box that it passes.
+/// What lies outside the box counts as exactly, and its size costs no time: an edge costs a few searches and the pixels
+/// in the box that it passes.
 class KIVRLC_API KivPolygonFill
 {
 public:
-    /// No polygons yet, to be filled into the pixels of a box.
+    /// A fill of the pixels of a box, without polygons so far.
     ///
     /// @throws std::invalid_argument if the box has more than 2^31 - 1 columns.
     explicit KivPolygonFill(const KivRunBox& box);
 
     /// Adds the polygon of `count` corners, the last one joined to the first. One corner is a pixel; two are a line.
-    /// Any corners will do; edges may cross, touch and repeat.
+    /// Corners may be any ints; edges may cross, touch and repeat.
     ///
     /// @throws std::bad_alloc if memory runs out; the fill is of no use then.
     void Add(const KivPixel* corners, std::size_t count);

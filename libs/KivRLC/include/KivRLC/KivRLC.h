@@ -10,7 +10,7 @@
 
 #include <vector>
 
-/// The run extractor. It has no state; an object of it is never needed.
+/// The run extractor. It has no state, and no object of it is needed.
 class KIVRLC_API KivRLC
 {
 public:
@@ -37,8 +37,7 @@ public:
                              std::vector<int>* labels, std::vector<Run>* runs, std::vector<int>* rowStarts,
                              bool external, int first, int second, int third, bool merge);
 
-    /// What FindContours does, without the parameters that do not matter. As it promises to leave the mask alone, a
-    /// caller who keeps such a promise need not copy.
+    /// FindContours() without the parameters that have no influence, and of a const mask.
     ///
     /// @throws cv::Exception if the mask has more than two dimensions.
     /// @throws std::bad_alloc if memory runs out; `runs` then holds what it held before.

@@ -23,7 +23,7 @@ struct KivPixel {
 namespace kivrlc
 {
 
-/// A vector of pixels whose resize() leaves new pixels as the memory is.
+/// A vector of pixels whose resize() leaves new pixels uninitialised.
 using PixelBuffer = std::vector<KivPixel, UnclearedAllocator<KivPixel>>;
 
 } // namespace kivrlc
@@ -45,7 +45,7 @@ struct KivRunBorder {
 /// row, and runs round clockwise. Border after border this is what cv::findContours() gives with RETR_CCOMP and
 /// CHAIN_APPROX_NONE.
 ///
-/// KivPolygonFill gives the pixels back.
+/// Filled by KivPolygonFill, the borders give the pixels back.
 struct KIVRLC_API KivRunBorders {
     std::vector<KivRunBorder> borders; ///< in the order above
     kivrlc::PixelBuffer points;        ///< the points of all borders; those of one border stand together
@@ -59,6 +59,6 @@ struct KIVRLC_API KivRunBorders {
     /// @throws std::bad_alloc if memory runs out.
     static KivRunBorders Of(KivRunView runs);
 
-    /// The same of those pixels only that lie in a box.
+    /// The same, of the pixels in a box only.
     static KivRunBorders Of(KivRunView runs, const KivRunBox& box);
 };

@@ -10,10 +10,10 @@
 #include <utility>
 #include <vector>
 
-/// A read-only view of runs that stand one behind the other in memory. It owns nothing.
+/// A read-only view of contiguous runs. It owns nothing.
 ///
-/// It has the members of a standard container that only reads, so it works in range-based loops, converts to
-/// std::span, and `std::vector<Run>(view.begin(), view.end())` copies it.
+/// It has the const members of a standard container, so it works in range-based loops, converts to std::span, and
+/// `std::vector<Run>(view.begin(), view.end())` copies it.
 class KivRunView
 {
 public:
@@ -26,7 +26,7 @@ public:
     /// `count` runs from `runs` on.
     constexpr KivRunView(const Run* runs, std::size_t count) noexcept : data_(runs), size_(count) {}
 
-    /// All runs of a vector, for as long as it holds them there.
+    /// All runs of a vector; valid until the vector reallocates.
     template <class Allocator>
     KivRunView(const std::vector<Run, Allocator>& runs) noexcept : KivRunView(runs.data(), runs.size())
     {
@@ -49,8 +49,8 @@ private:
 namespace kivrlc
 {
 
-/// std::allocator, except that elements made without a value are left as the memory is: results are written into
-/// room that nobody cleared first.
+/// std::allocator, except that elements made without a value are left uninitialised, so that room for results is not
+/// cleared before they are written.
 template <class T>
 class UnclearedAllocator : public std::allocator<T>
 {
@@ -81,7 +81,7 @@ public:
     }
 };
 
-/// A vector of runs whose resize() leaves new runs as the memory is.
+/// A vector of runs whose resize() leaves new runs uninitialised.
 using RunBuffer = std::vector<Run, UnclearedAllocator<Run>>;
 
 } // namespace kivrlc

@@ -20,9 +20,9 @@
 namespace KivRuns
 {
 
-/// The set of the pixels that belong, as the data sets' "counts" list them. Counts of 0 are taken in any place.
+/// The set of the pixels that belong, as the data sets' "counts" list them. Counts of 0 are accepted anywhere.
 ///
-/// All counts are checked before memory is asked for. Linear in the counts, the columns that they cover, and the runs
+/// All counts are checked before memory is allocated. Linear in the counts, the columns that they cover, and the runs
 /// of the result, which has as many as height for a stretch of full columns, whatever their number.
 ///
 /// @throws std::invalid_argument if a count is negative or their sum is not width * height.
@@ -30,8 +30,8 @@ KIVRLC_API KivRunSet FromCocoCounts(const std::vector<std::int64_t>& counts, int
 
 /// The same from counts packed as text.
 ///
-/// @throws std::invalid_argument if a character is none of those from '0' to 'o', the text ends within a count, or a
-/// count does not fit into 64 bits; and as FromCocoCounts().
+/// @throws std::invalid_argument if a character is not one of '0' to 'o', the text ends within a count, or a count does
+/// not fit into 64 bits; and as FromCocoCounts().
 KIVRLC_API KivRunSet FromCocoText(std::string_view text, int width, int height);
 
 /// The counts of the set's pixels in the frame; pixels outside of it are left out. No count but the first one is 0,

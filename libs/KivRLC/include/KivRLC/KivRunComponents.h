@@ -2,9 +2,9 @@
 /// @file
 /// Connected components of a set of pixels, and holes. This header needs no OpenCV.
 ///
-/// A component is a largest part of a set in which pixels hang together, by edges alone or by edges and corners. A hole
-/// is a finite component of the background, which hangs together by the other connectivity. Components are in the order
-/// of their first pixels: by row, then by column.
+/// A component is a maximal connected part of a set; pixels are connected by edges, or by edges and corners. A hole is
+/// a finite component of the background, for which the other connectivity holds. Components are in the order of their
+/// first pixels: by row, then by column.
 ///
 /// Unless said otherwise, the cost is linear in the runs, and memory beyond the result is 8 bytes a run. Functions that
 /// allocate throw std::bad_alloc if memory runs out, and std::length_error for sets of more than 2^31 - 1 runs.
@@ -24,7 +24,7 @@ namespace KivRuns
 /// An area that no set exceeds.
 constexpr std::int64_t AnyArea = std::numeric_limits<std::int64_t>::max();
 
-/// To which component each run belongs.
+/// The component to which each run belongs.
 struct ComponentNumbers {
     std::vector<int> ofRun; ///< a number from 0 to count - 1 for each run, in the order of Runs()
     int count;              ///< the number of components
@@ -49,7 +49,7 @@ KIVRLC_API std::vector<ComponentSummary> SummarizeComponents(const KivRunSet& se
 /// All measures of all components, in their order, without making the sets.
 KIVRLC_API std::vector<Measures> MeasureComponents(const KivRunSet& set, Connectivity connectivity);
 
-/// The component of the largest area; the first one of several; an empty set of an empty one.
+/// The component of the largest area, the first one if several have it. Empty if the set is.
 KIVRLC_API KivRunSet LargestComponent(const KivRunSet& set, Connectivity connectivity);
 
 /// The components of at least `minArea` and at most `maxArea` pixels, together as one set.

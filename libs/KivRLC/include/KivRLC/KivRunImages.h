@@ -29,7 +29,7 @@ KIVRLC_API KivRunSet FromRange(const KivImageView<const std::uint8_t>& image, st
 /// The same of 16-bit values.
 KIVRLC_API KivRunSet FromRange(const KivImageView<const std::uint16_t>& image, std::uint16_t least,
                                std::uint16_t greatest);
-/// The same of real numbers. What is not a number (NaN) is in no range; with a bound that is none no pixel is.
+/// The same of real numbers. NaN is in no range, and no pixel is in a range with a bound that is NaN.
 KIVRLC_API KivRunSet FromRange(const KivImageView<const float>& image, float least, float greatest);
 
 /// @}
@@ -41,8 +41,8 @@ struct LabelledSet {
 };
 
 /// @name From label images
-/// The pixels of every label but 0, which is the background, in ascending order of the labels. In one pass over the
-/// pixels, linear in these and the runs, whatever the labels are.
+/// The pixels of every label except 0, the background, in ascending order of the labels. In one pass over the pixels,
+/// linear in these and the runs, whatever the labels are.
 /// @{
 KIVRLC_API std::vector<LabelledSet> FromLabels(const KivImageView<const std::uint8_t>& labels);  ///< 8-bit labels
 KIVRLC_API std::vector<LabelledSet> FromLabels(const KivImageView<const std::uint16_t>& labels); ///< 16-bit labels
@@ -59,7 +59,7 @@ KIVRLC_API void Paint(const KivRunSet& set, const KivImageView<std::int32_t>& im
 KIVRLC_API void Paint(const KivRunSet& set, const KivImageView<float>& image, float value); ///< real numbers
 
 /// Gives the pixels of the first set the value 1, those of the second one 2, and so on; where sets overlap, the later
-/// one counts. Leaves all other pixels as they are.
+/// one wins. Leaves all other pixels as they are.
 KIVRLC_API void PaintLabels(const std::vector<KivRunSet>& sets, const KivImageView<std::int32_t>& image);
 /// @}
 

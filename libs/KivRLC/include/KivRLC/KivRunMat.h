@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 /// @file
-/// Run sets from and into cv::Mat: KivRunImages.h for those who have OpenCV.
+/// Run sets from and into cv::Mat: what KivRunImages.h has, for matrices.
 #pragma once
 
 #include <KivRLC/KivRunImages.h>
@@ -37,8 +37,8 @@ inline KivRunSet FromMask(const cv::Mat& mask)
     return FromMask(ViewOf<const std::uint8_t>(mask));
 }
 
-/// The pixels of a CV_8UC1, CV_16UC1 or CV_32FC1 from `least` to `greatest`, both included. Bounds that the pixels
-/// cannot have, such as 0.5 for whole numbers, are taken as they are.
+/// The pixels of a CV_8UC1, CV_16UC1 or CV_32FC1 from `least` to `greatest`, both included. Bounds need not be values
+/// that pixels can have: 0.5 is as good as 1 for whole numbers.
 inline KivRunSet FromRange(const cv::Mat& image, double least, double greatest)
 {
     if (image.depth() == CV_32F) {
@@ -91,7 +91,7 @@ inline cv::Mat ToMask(const KivRunSet& set, int width, int height, std::uint8_t 
 }
 
 /// A CV_32SC1 with 1 at the pixels of the first set, 2 at those of the second one, and so on, and 0 elsewhere; where
-/// sets overlap, the later one counts.
+/// sets overlap, the later one wins.
 inline cv::Mat ToLabels(const std::vector<KivRunSet>& sets, int width, int height)
 {
     cv::Mat labels = cv::Mat::zeros(height, width, CV_32SC1);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 /// @file
-/// What can be measured of a set of pixels: size, place, moments, perimeters, Euler number, hull, diameters. This
-/// header needs no OpenCV.
+/// Measures of a set of pixels: size, place, moments, perimeters, Euler number, hull, diameters. This header needs no
+/// OpenCV.
 ///
 /// Coordinates are those of the runs: x counts columns, y rows downwards, and the centre of pixel (x, y) is the point
 /// (x, y). Where pixels are points, that is their centre; where they are squares, pixel (x, y) covers x - 0.5 to x +
@@ -21,13 +21,13 @@
 namespace KivRuns
 {
 
-/// Which pixels hang together.
+/// Which pixels are neighbours.
 enum class Connectivity {
     Four = 4, ///< those with a common edge
     Eight = 8 ///< those with a common edge or corner
 };
 
-/// The connectivity of the background, if that of the set is given: the other one, as borders separate only then
+/// The connectivity of the background of a set that has the given one: the other one, as only then borders separate
 /// (Rosenfeld 1970).
 constexpr Connectivity BackgroundOf(Connectivity connectivity) noexcept
 {
@@ -68,8 +68,8 @@ struct Moments {
 /// @throws std::invalid_argument if the set is empty.
 KIVRLC_API Moments MomentsOf(const KivRunSet& set);
 
-/// The ellipse that, evenly filled, has the same second moments for its area as a shape has (Hu 1962; the axis lengths
-/// of scikit-image's regionprops).
+/// The ellipse that has the same second moments, divided by the area, as a shape (Hu 1962; the axis lengths of
+/// scikit-image's regionprops).
 struct Ellipse {
     double majorAxis; ///< length of the longer axis, from end to end, in pixels
     double minorAxis; ///< length of the shorter one; 0 for pixels in a line, which are points here
@@ -79,7 +79,7 @@ struct Ellipse {
 
 /// The ellipse of the same moments: lengths 4 sqrt(e) for the eigenvalues e of the covariance matrix.
 ///
-/// Pixels are points; for those who take them for squares, moments.xx and moments.yy are greater by area / 12.
+/// Pixels are points. For pixels as squares, add area / 12 to moments.xx and moments.yy first.
 KIVRLC_API Ellipse EllipseOf(const Moments& moments) noexcept;
 
 /// The perimeter along pixel edges: the number of pairs of a pixel of the set and a pixel outside that share an edge.
@@ -116,7 +116,7 @@ KIVRLC_API std::int64_t HoleCount(const KivRunSet& set, Connectivity connectivit
 /// @throws std::bad_alloc if memory runs out.
 KIVRLC_API std::vector<Place> ConvexHull(const KivRunSet& set);
 
-/// Distances of parallel lines that hold the pixels' squares between them (calipers).
+/// Distances of parallel lines that touch the pixels' squares from both sides (caliper diameters).
 struct FeretDiameters {
     double largest;  ///< over all directions; the largest distance of two points of the squares
     double smallest; ///< over all directions; the width of the narrowest slot that the shape fits through
@@ -130,7 +130,7 @@ struct FeretDiameters {
 /// @throws std::bad_alloc if memory runs out.
 KIVRLC_API FeretDiameters FeretDiametersOf(const KivRunSet& set);
 
-/// Everything that a single pass over the runs measures, of a shape that is not empty.
+/// All measures that a single pass over the runs gives, of a set that is not empty.
 struct Measures {
     KivRunBox box;              ///< BoundingBox()
     Moments moments;            ///< MomentsOf()

@@ -2,8 +2,8 @@
 /// @file
 /// Morphology of sets of pixels: dilation, erosion, opening, closing, gradient. This header needs no OpenCV.
 ///
-/// The plane has no border: outside of a set there is background, wherever that is. With B + p for the element B moved
-/// so that its origin (0, 0) comes to p, the convention is (Heijmans 1994):
+/// The plane is unbounded, and everything outside a set is background. With B + p for the element B moved so that its
+/// origin (0, 0) comes to p, the convention is (Heijmans 1994):
 ///
 /// - the erosion of A by B is the set of the places p where B fits: B + p lies in A;
 /// - the dilation of A by B is the union of all B + a with a in A. It is the adjoint of erosion: the dilation of A lies
@@ -16,8 +16,7 @@
 /// are not symmetric or have even sizes. (Where dilation is defined as "B + p meets A", as in OpenCV, the element is
 /// the one here turned by 180 degrees; the two agree for symmetric elements.)
 ///
-/// Operations make new sets; what they throw leaves nothing changed. All of them throw std::bad_alloc if memory runs
-/// out.
+/// Operations return new sets. All of them throw std::bad_alloc if memory runs out.
 #pragma once
 
 #include <KivRLC/KivRLCExport.h>

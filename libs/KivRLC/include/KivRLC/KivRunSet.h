@@ -18,16 +18,15 @@ namespace kivrlc
 struct RunSetAccess;
 }
 
-/// A set of pixels of the plane: any pixels whose coordinates are ints, negative ones, too. It has no frame.
+/// A set of pixels of the plane. Coordinates may be any ints, also negative ones; a set has no frame.
 ///
-/// The set is held as its maximal runs: rows ascend, within a row columns ascend, and between two runs of a row there
-/// is at least one pixel that does not belong. So every set has exactly one list of runs, and == means "the same
-/// pixels".
+/// The set is held as its maximal runs: rows ascend, within a row columns ascend, and at least one pixel that does not
+/// belong separates two runs of a row. So every set has exactly one list of runs, and two sets are equal if and only if
+/// they have the same pixels.
 ///
-/// A set is a value. Operations make new sets and leave their operands alone; only assignment and swap() change one.
-/// Any number of threads may read one set at the same time. A copy has memory of its own (no counts are shared between
-/// threads, and what a set costs is its own to see); moving is free and leaves the other set empty. A set holds 12
-/// bytes a run, and at most twice that.
+/// A set is a value. Operations return new sets and do not modify their operands; only assignment and swap() modify a
+/// set. Any number of threads may read one set at the same time. A copy has its own memory, so that threads share no
+/// reference counts; moving is free and leaves the other set empty. A set holds 12 bytes a run, and at most twice that.
 class KIVRLC_API KivRunSet
 {
 public:
@@ -48,11 +47,11 @@ public:
     /// The same from a list such as `{{0, 2, 5}, {1, 2, 5}}`.
     KivRunSet(std::initializer_list<Run> runs) : KivRunSet(KivRunView(runs.begin(), runs.size())) {}
 
-    /// The runs, from the uppermost row down, and in a row from left to right. The view holds until the set is assigned
-    /// to, moved from, swapped or destroyed.
+    /// The runs, from the uppermost row down, and in a row from left to right. The view is valid until the set is
+    /// assigned to, moved from, swapped or destroyed.
     KivRunView Runs() const noexcept { return {runs_.data(), runs_.size()}; }
 
-    /// The runs of one row, found by binary search; none if the row has no pixels. Holds as long as Runs().
+    /// The runs of one row, found by binary search; empty if the row has no pixels. Valid as long as Runs().
     KivRunView RunsOfRow(int row) const noexcept;
 
     /// Whether the set has no pixels.
@@ -65,8 +64,8 @@ public:
     bool Contains(int x, int y) const noexcept;
 
     /// @name Set operations
-    /// New sets, made in one pass over the runs of both operands. Operands may be one and the same set, and the set
-    /// that is assigned to may be the other operand. A result holds at most as many runs as both operands. Each throws
+    /// New sets, made in one pass over the runs of both operands. Both operands may be the same set, and so may a set
+    /// and what is assigned to it. A result has at most as many runs as both operands together. Each throws
     /// std::bad_alloc if memory runs out; a set that is assigned to then keeps its pixels.
     /// @{
     KIVRLC_API friend KivRunSet operator|(const KivRunSet& a, const KivRunSet& b); ///< Union: pixels of any of them.
@@ -99,8 +98,7 @@ public:
     static KivRunSet Union(const std::vector<KivRunSet>& sets);
 
     /// @name Comparisons
-    /// Without making the sets that are asked about, in one pass over the runs of both, which ends when the answer is
-    /// clear.
+    /// Computed without making a set, in one pass over the runs of both that stops as soon as the answer is known.
     /// @{
     bool IsSubsetOf(const KivRunSet& other) const noexcept; ///< Whether the other set has every pixel of this one.
     bool Intersects(const KivRunSet& other) const noexcept; ///< Whether any pixel belongs to both.
@@ -121,9 +119,9 @@ public:
     KIVRLC_API friend bool operator==(const KivRunSet& a, const KivRunSet& b) noexcept;
     friend bool operator!=(const KivRunSet& a, const KivRunSet& b) noexcept { return !(a == b); } ///< Not ==.
 
-    /// Says what keeps a list of runs from being the list of a set, naming the first run that is at fault: an inverted
-    /// run, a row that does not ascend, or a run that overlaps or touches the one before. An empty text means that
-    /// nothing does. The runs of a set always pass; this is for tests, and for lists from elsewhere.
+    /// Describes why a list of runs is not that of a set, and names the first run at fault: an inverted run, a row that
+    /// does not ascend, or a run that overlaps or touches the one before. Empty if it is one. For tests, and for lists
+    /// from elsewhere; Runs() always passes.
     static std::string WhyNotCanonical(KivRunView runs);
 
 private:
