@@ -5,6 +5,7 @@
 // two of A with one run each, then one of B. So A has more than one run. A's last run stands alone on its row, after a
 // row that B lacks, which makes every operation take it as it is: the unions and the differences keep it, the
 // intersections drop it. B's last row is one that A lacks. The guard rows are compared like all others.
+#include "support/pixel_runs.h"
 #include "support/set_algebra.h"
 
 #include <KivDataConvert/KivDataConvert.h>
@@ -232,28 +233,10 @@ testing::AssertionResult Comparison::complement(const Runs& runs)
 // ---------------------------------------------------------------------------------------------------------------
 // Bitmaps as runs
 
-// The maximal runs of a row of `columns` pixels, given as bits, added to `runs`.
-void add_row(unsigned bits, int row, int columns, Runs& runs)
-{
-    for (int column = 0; column < columns; ++column) {
-        if (((bits >> column) & 1U) == 0) {
-            continue;
-        }
-        if (column > 0 && ((bits >> (column - 1)) & 1U) != 0) {
-            runs.back().colEnd = column;
-        } else {
-            runs.push_back({row, column, column});
-        }
-    }
-}
-
 Runs runs_of_bits(unsigned bits, int rows, int columns)
 {
-    Runs runs;
-    for (int row = 0; row < rows; ++row) {
-        add_row(bits >> (row * columns), row, columns, runs);
-    }
-    return runs;
+    return support::runs_where(rows, columns,
+                               [=](int row, int column) { return (bits >> (row * columns + column) & 1U) != 0; });
 }
 
 TEST(SetOperationsAgainstBitmaps, EveryTwoBitmapsOfTwoRowsAndThreeColumns)

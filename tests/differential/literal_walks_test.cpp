@@ -2,6 +2,7 @@
 // The literal walks against results worked out by hand, and against bitmaps where an operation is a plain set
 // operation.
 #include "literal_walks.h"
+#include "support/pixel_runs.h"
 
 #include <gtest/gtest.h>
 
@@ -623,20 +624,8 @@ unsigned bit_of(int row, int col)
 
 Runs runs_of(unsigned bitmap)
 {
-    Runs runs;
-    for (int row = 0; row < world_rows; ++row) {
-        for (int col = 0; col < world_cols; ++col) {
-            if ((bitmap & bit_of(row, col)) == 0) {
-                continue;
-            }
-            if (!runs.empty() && runs.back().row == row && runs.back().colEnd == col - 1) {
-                runs.back().colEnd = col;
-            } else {
-                runs.push_back({row, col, col});
-            }
-        }
-    }
-    return runs;
+    return support::runs_where(world_rows, world_cols,
+                               [bitmap](int row, int col) { return (bitmap & bit_of(row, col)) != 0; });
 }
 
 unsigned bitmap_of(const Runs& runs)

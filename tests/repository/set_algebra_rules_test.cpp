@@ -2,6 +2,7 @@
 // The rules that docs/set-algebra.md states for the ends of run lists, and its advice on how to avoid them, for
 // all pairs of small masks. Here the rules are written as the page's table has them, in the order of its rows.
 #include "support/pictures.h"
+#include "support/pixel_runs.h"
 #include "support/set_algebra.h"
 
 #include <KivDataConvert/KivDataConvert.h>
@@ -30,30 +31,17 @@ Rows mask_of(unsigned bits)
     return {bits % row_masks, bits / row_masks % row_masks, bits / row_masks / row_masks};
 }
 
-Runs runs_of(unsigned row_bits, int row)
-{
-    Runs runs;
-    for (int x = 0; x < width; ++x) {
-        if ((row_bits >> x & 1U) == 0) {
-            continue;
-        }
-        if (!runs.empty() && runs.back().colEnd == x - 1) {
-            runs.back().colEnd = x;
-        } else {
-            runs.push_back({row, x, x});
-        }
-    }
-    return runs;
-}
-
 Runs runs_of(const Rows& mask)
 {
-    Runs runs;
-    for (int y = 0; y < height; ++y) {
-        const Runs row = runs_of(mask[static_cast<std::size_t>(y)], y);
-        runs.insert(runs.end(), row.begin(), row.end());
-    }
-    return runs;
+    return support::runs_where(height, width, [&mask](int row, int column) {
+        return (mask[static_cast<std::size_t>(row)] >> column & 1U) != 0;
+    });
+}
+
+/// Those of a single row, as row 0.
+Runs runs_of(unsigned row_bits)
+{
+    return runs_of(Rows{row_bits});
 }
 
 std::string picture_of(const Rows& mask)
@@ -113,12 +101,12 @@ struct Operands {
 
 bool single(unsigned row)
 {
-    return runs_of(row, 0).size() == 1;
+    return runs_of(row).size() == 1;
 }
 
 unsigned first_run(unsigned row)
 {
-    const Run run = runs_of(row, 0).front();
+    const Run run = runs_of(row).front();
     return ((1U << (run.colEnd + 1)) - 1) & ~((1U << run.colBegin) - 1);
 }
 

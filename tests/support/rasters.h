@@ -3,6 +3,8 @@
 /// Small grey pictures, padded views of them, and comparisons that print what they compared.
 #pragma once
 
+#include "support/pixel_runs.h"
+
 #include <KivData/KivData.h>
 
 #include <gtest/gtest.h>
@@ -55,20 +57,8 @@ inline Padded padded(const cv::Mat& pixels, int left, int right, int surrounding
 /// bytes of each row count.
 inline std::vector<Run> plain_runs(const cv::Mat& mask)
 {
-    std::vector<Run> runs;
-    for (int y = 0; y < mask.rows; ++y) {
-        const unsigned char* row = mask.ptr<unsigned char>(y);
-        bool inside = false;
-        for (int x = 0; x < mask.cols; ++x) {
-            if (row[x] != 0 && inside) {
-                runs.back().colEnd = x;
-            } else if (row[x] != 0) {
-                runs.push_back({y, x, x});
-            }
-            inside = row[x] != 0;
-        }
-    }
-    return runs;
+    return runs_where(mask.rows, mask.cols,
+                      [&mask](int row, int column) { return mask.ptr<unsigned char>(row)[column] != 0; });
 }
 
 inline std::string text_of(const KivRegion& region)

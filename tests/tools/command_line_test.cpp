@@ -66,6 +66,20 @@ TEST_F(Commands, PrintFacts)
                                     "rows       0 to 2\n");
     run(0, "image a.csv -o a.png");
     EXPECT_TRUE(has_fact("a.png", "pixels 13"));
+
+    put("beyond.csv", run_file(4, 3, "0,-5,1\n1,3,9\n-1,0,3\n3,0,3\n2,2,1\n0,1,1\n"));
+    EXPECT_EQ(run(0, "info beyond.csv"), "kind       runs\n"
+                                         "frame      4 x 3\n"
+                                         "runs       6\n"
+                                         "pixels     3\n"
+                                         "columns    0 to 3\n"
+                                         "rows       0 to 1\n"
+                                         "outside    5 runs reach outside the frame or cover nothing\n");
+    put("nothing.csv", run_file(4, 3, ""));
+    EXPECT_EQ(run(0, "info nothing.csv"), "kind       runs\n"
+                                          "frame      4 x 3\n"
+                                          "runs       0\n"
+                                          "pixels     0\n");
 }
 
 TEST_F(Commands, CombineRunsAndImages)

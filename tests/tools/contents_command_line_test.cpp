@@ -148,7 +148,8 @@ TEST_F(ContentsOfFiles, ThatAreWrongAreNamed)
     };
     const std::string too_large = " is too large; 1048576 columns, 1048576 rows and 1073741824 pixels are the most";
     const Case cases[] = {
-        {2, "packed.json", R"({"size":[2,3],"counts":"2`"})", ": \"counts\" breaks off at character 3"},
+        {2, "packed.json", R"({"size":[2,3],"counts":"2`"})",
+         ": \"counts\": KivRuns: COCO text ends within a count at character 3"},
         {2, "huge.json", R"({"size":[2147483647,2147483647],"counts":"2"})",
          ": a frame of 2147483647 x 2147483647" + too_large},
         {2, "open.geojson", R"({"type":"Polygon","coordinates":[[[1,1],[4,1],[4,4]]]})",

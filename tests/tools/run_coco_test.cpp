@@ -2,7 +2,6 @@
 // Runs as the counts of COCO data sets. The literal texts were packed by hand.
 #include "kivconvert/conversions.h"
 #include "kivconvert/run_files.h"
-#include "kivconvert/visible_runs.h"
 #include "tools/random_mask.h"
 #include "tools/scratch_folder.h"
 
@@ -120,14 +119,15 @@ TEST(RunCoco, MustHaveAFrameAndCountsThatFillIt)
         {R"({"size":[2,3],"counts":[2,3]})", "\"counts\" has 5 pixels, but the frame has 6"},
         {R"({"size":[2,3],"counts":[]})", "\"counts\" has 0 pixels, but the frame has 6"},
         {R"({"size":[2,3],"counts":"23"})", "\"counts\" has 5 pixels, but the frame has 6"},
-        {R"({"size":[2,3],"counts":"2`"})", "\"counts\" breaks off at character 3"},
+        {R"({"size":[2,3],"counts":"2`"})", "\"counts\": KivRuns: COCO text ends within a count at character 3"},
         {R"({"size":[2,3],"counts":"2/"})",
-         "\"counts\" has something else than the characters from 0 to o at character 2"},
+         "\"counts\": KivRuns: COCO text has something else than the characters from 0 to o at character 2"},
         {R"({"size":[2,3],"counts":"p"})",
-         "\"counts\" has something else than the characters from 0 to o at character 1"},
-        {R"({"size":[2,3],"counts":"ooooooo0"})", "\"counts\" has a number that is too long at character 7"},
-        {R"({"size":[2,3],"counts":"N"})", "\"counts\" has a count that is negative or too large at character 1"},
-        {R"({"size":[2,3],"counts":"oooooo?"})", "\"counts\" has a count that is negative or too large at character 7"},
+         "\"counts\": KivRuns: COCO text has something else than the characters from 0 to o at character 1"},
+        {R"({"size":[2,3],"counts":"oooooooooooooo0"})",
+         "\"counts\": KivRuns: COCO text has a count that is too large at character 14"},
+        {R"({"size":[2,3],"counts":"N"})", "\"counts\"[0] is -2, where 0 to 6 pixels are left"},
+        {R"({"size":[2,3],"counts":"oooooo?"})", "\"counts\"[0] is 17179869183, where 0 to 6 pixels are left"},
     };
     for (const Malformed& file : files) {
         EXPECT_EQ(tools_tests::complaint_of([&] { parse_runs_coco(file.document, "a.json"); }),
@@ -151,27 +151,7 @@ TEST(RunCoco, MayNotUnfoldIntoTooManyRuns)
     const std::string more =
         fmt::format("{{\"size\":[32768,1027],\"counts\":[{},32768,32768,32768]}}", counts.substr(2));
     EXPECT_EQ(tools_tests::complaint_of([&] { parse_runs_coco(more, "a.json"); }),
-              "a.json: up to 16777217 runs would take 1025 MiB; --max-memory allows 1024");
-}
-
-TEST(VisibleRuns, AreTransposedAsThePixelsAre)
-{
-    std::mt19937 random(8);
-    for (int i = 0; i < 300; ++i) {
-        cv::Mat pixels = tools_tests::random_mask(random);
-        KivImage mask(pixels);
-        KivImage turned(pixels.t());
-        const KivRegion region = kivconvert::region_of(mask, "mask");
-        ASSERT_EQ(kivconvert::transposed(region, "mask"), kivconvert::region_of(turned, "turned")) << pixels;
-    }
-}
-
-TEST(VisibleRuns, AreOrderedAndJoined)
-{
-    const KivRegion region(9, 3,
-                           {{2, 5, 6}, {0, 4, 20}, {2, 0, 1}, {0, 1, 3}, {2, 2, 2}, {2, 1, 1}, {1, 9, 9}, {-1, 0, 3}});
-    const std::vector<::Run> expected = {{0, 1, 8}, {2, 0, 2}, {2, 5, 6}};
-    EXPECT_EQ(kivconvert::visible_runs(region), expected);
+              "a.json: up to 16809984 runs would take 1026 MiB; --max-memory allows 1024");
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 #include "demo/checks.h"
 
 #include "demo/pictures.h"
-#include "kivconvert/region_facts.h"
+#include "kivconvert/visible_pixels.h"
 
 #include <fmt/format.h>
 
@@ -28,9 +28,8 @@ void judge_pixels(Report& report, const cv::Mat& expected, const std::vector<con
 
 void clear_last_row_of(const KivRegion& region, cv::Mat& mask)
 {
-    const int row = kivconvert::facts_of(region).rows.last;
-    if (row >= 0) {
-        mask.row(row).setTo(0);
+    if (const KivRunSet pixels = kivconvert::visible_pixels(region); !pixels.Empty()) {
+        mask.row(pixels.Runs().back().row).setTo(0);
     }
 }
 

@@ -6,8 +6,8 @@
 #include "demo/scene/scene.h"
 #include "demo/steps.h"
 #include "kivconvert/errors.h"
-#include "kivconvert/region_facts.h"
 #include "kivconvert/region_files.h"
+#include "kivconvert/visible_pixels.h"
 
 #include <algorithm>
 #include <CLI/CLI.hpp>
@@ -21,9 +21,8 @@ namespace
 bool run_step(const demo::Step& step, demo::Inspection& inspection)
 {
     const demo::Report report = step.run(inspection);
-    const kivconvert::RegionFacts facts = kivconvert::facts_of(report.region);
-    fmt::print("{:<26}{:>10}{:>8}{:>9.2f}  {}{}\n", step.name, facts.pixels, facts.runs, report.milliseconds,
-               report.passed ? "" : "FAILED: ", report.remark);
+    fmt::print("{:<26}{:>10}{:>8}{:>9.2f}  {}{}\n", step.name, kivconvert::visible_pixels(report.region).Area(),
+               report.region.Runs().size(), report.milliseconds, report.passed ? "" : "FAILED: ", report.remark);
     return report.passed;
 }
 

@@ -5,12 +5,13 @@
 #include "kivconvert/files.h"
 #include "kivconvert/outlines.h"
 #include "kivconvert/point_files.h"
-#include "kivconvert/region_facts.h"
 #include "kivconvert/result_codes.h"
+#include "kivconvert/visible_pixels.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <algorithm>
+#include <climits>
 #include <fmt/format.h>
 
 namespace demo
@@ -30,9 +31,10 @@ std::size_t count(const std::string& text, const std::string& word)
 /// Whether the listed points make the region again. Points that lie in one row or column 0 make none.
 bool make_again(KivPointArray& points, const KivRegion& region)
 {
-    const kivconvert::RegionFacts facts = kivconvert::facts_of(region);
-    if (facts.rows.last < 1 || facts.columns.last < 1) {
-        return points.Length() == facts.pixels;
+    const KivRunSet pixels = kivconvert::visible_pixels(region);
+    if (KivRuns::Crop(pixels, {1, INT_MAX, 0, INT_MAX}).Empty() ||
+        KivRuns::Crop(pixels, {0, INT_MAX, 1, INT_MAX}).Empty()) {
+        return points.Length() == pixels.Area();
     }
     KivRegion again;
     kivconvert::expect_success(KIVMV::KivPointArrayToRegion(points, &again), "points to region");

@@ -3,8 +3,8 @@
 // ends of the run lists.
 #include "demo/pictures.h"
 #include "gallery/gallery.h"
-#include "kivconvert/region_facts.h"
 #include "kivconvert/result_codes.h"
+#include "kivconvert/visible_pixels.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
@@ -88,7 +88,7 @@ bool only_in_rows(const cv::Mat& mask, std::initializer_list<int> rows)
 
 int last_row(const KivRegion& region)
 {
-    return kivconvert::facts_of(region).rows.last;
+    return kivconvert::visible_pixels(region).Runs().back().row;
 }
 
 Panel operands(const KivRegion& a, const KivRegion& b, const std::string& shape)

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/gallery.h"
-#include "kivconvert/region_facts.h"
 #include "kivconvert/result_codes.h"
+#include "kivconvert/visible_pixels.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <fmt/format.h>
 #include <iterator>
 #include <random>
@@ -84,7 +85,7 @@ Entry region_to_var_array(Stage& stage)
               "Each pixel inside the frame carries one number, counting up from the top left to the bottom right.",
               numbered(points)}},
             sample("xs", points, &cv::Point::x) + "; " + sample("ys", points, &cv::Point::y),
-            static_cast<long long>(points.size()) == kivconvert::facts_of(region).pixels};
+            static_cast<std::int64_t>(points.size()) == kivconvert::visible_pixels(region).Area()};
 }
 
 Entry var_array_to_region(Stage& stage)

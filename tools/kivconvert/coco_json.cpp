@@ -5,13 +5,15 @@
 #include "kivconvert/errors.h"
 #include "kivconvert/image_files.h"
 #include "kivconvert/json_formats.h"
+#include "kivconvert/memory_limit.h"
 #include "kivconvert/run_files.h"
-#include "kivconvert/visible_runs.h"
+#include "kivconvert/visible_pixels.h"
 
-#include <algorithm>
+#include <KivRLC/KivRunCoco.h>
+
+#include <cstdint>
 #include <fmt/format.h>
-#include <limits>
-#include <utility>
+#include <stdexcept>
 #include <vector>
 
 namespace kivconvert
@@ -19,82 +21,7 @@ namespace kivconvert
 namespace
 {
 
-using Counts = std::vector<long long>;
-
-// A number is packed into characters of 5 bits, the lowest first; its sign is that of the last one. From the fourth
-// count on it is the difference to the count before the last.
-constexpr int bits_per_character = 5;
-constexpr int continues = 1 << bits_per_character;
-constexpr int sign_bit = continues >> 1;
-constexpr char first_character = '0';
-constexpr int longest_number = 7; // in characters; enough for the difference of any two ints
-
-/// What the difference at `index` is to.
-long long base_of(const Counts& counts, std::size_t index)
-{
-    return index > 2 ? counts[index - 2] : 0;
-}
-
-[[noreturn]] void fail_at(std::size_t position, const std::string& file, const char* what)
-{
-    throw FileError(file, fmt::format("\"counts\" {} at character {}", what, position + 1));
-}
-
-/// Reads the number at `position` and moves on.
-long long unpack_number(std::string_view text, std::size_t& position, const std::string& file)
-{
-    long long number = 0;
-    for (int i = 0; i < longest_number; ++i) {
-        if (position == text.size()) {
-            fail_at(position, file, "breaks off");
-        }
-        const int character = text[position] - first_character;
-        if (character < 0 || character >= 2 * continues) {
-            fail_at(position, file, "has something else than the characters from 0 to o");
-        }
-        ++position;
-        number += static_cast<long long>(character % continues) << (bits_per_character * i);
-        if (character < continues) {
-            const bool negative = (character & sign_bit) != 0;
-            return negative ? number - (1LL << (bits_per_character * (i + 1))) : number;
-        }
-    }
-    fail_at(position - 1, file, "has a number that is too long");
-}
-
-Counts unpack(std::string_view text, const std::string& file)
-{
-    Counts counts;
-    for (std::size_t position = 0; position < text.size();) {
-        const long long count = base_of(counts, counts.size()) + unpack_number(text, position, file);
-        if (count < 0 || count > std::numeric_limits<int>::max()) {
-            fail_at(position - 1, file, "has a count that is negative or too large");
-        }
-        counts.push_back(count);
-    }
-    return counts;
-}
-
-void pack_number(std::string& text, long long number)
-{
-    bool more = true;
-    while (more) {
-        int character = static_cast<int>(number & (continues - 1));
-        number >>= bits_per_character;
-        more = number != ((character & sign_bit) != 0 ? -1 : 0);
-        character += more ? continues : 0;
-        text += static_cast<char>(first_character + character);
-    }
-}
-
-std::string packed(const Counts& counts)
-{
-    std::string text;
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        pack_number(text, counts[i] - base_of(counts, i));
-    }
-    return text;
-}
+using Counts = std::vector<std::int64_t>;
 
 /// -1 where there is no such int.
 int size_at(const Json& size, std::size_t index)
@@ -106,7 +33,11 @@ Counts read_counts(const Json& document, const std::string& file)
 {
     const auto member = document.find("counts");
     if (member != document.end() && member->is_string()) {
-        return unpack(member->get_ref<const std::string&>(), file);
+        try {
+            return KivRuns::CocoCountsFromText(member->get_ref<const std::string&>());
+        } catch (const std::invalid_argument& error) {
+            throw FileError(file, fmt::format("\"counts\": {}", error.what()));
+        }
     }
     Counts counts;
     for (const Json& value : read_array(document, "counts", file)) {
@@ -135,45 +66,29 @@ void expect_sum(const Counts& counts, long long pixels, const std::string& file)
     }
 }
 
-/// The runs down the columns; the frame lies on its side.
-KivRegion columns_of(const Counts& counts, int width, int height)
+/// How many runs the counts make: as many as they have pixels without one to the left.
+std::int64_t count_runs(const Counts& counts, int height)
 {
-    std::vector<Run> runs;
-    long long next = 0;
+    std::vector<Run> places; // of the frame's pixels, counted column by column
+    int next = 0;
     for (std::size_t i = 0; i < counts.size(); ++i) {
-        const long long stop = next + counts[i];
-        while (i % 2 == 1 && next < stop) {
-            const long long column = next / height;
-            const long long column_stop = std::min(stop, (column + 1) * height);
-            runs.push_back({static_cast<int>(column), static_cast<int>(next % height),
-                            static_cast<int>(column_stop - 1 - column * height)});
-            next = column_stop;
+        const int stop = next + static_cast<int>(counts[i]);
+        if (i % 2 == 1) {
+            places.push_back({0, next, stop - 1});
         }
         next = stop;
     }
-    return KivRegion(height, width, std::move(runs));
+    const KivRunSet all(places);
+    return (all - KivRuns::Translate(all, height, 0)).Area();
 }
 
-Counts counts_of(const KivRegion& region, const std::string& file)
+/// The pixels in the frame, unless their counts would be too many: one for each pixel without one above, and more.
+KivRunSet countable_pixels(const KivRegion& region)
 {
-    const KivRegion columns = transposed(region, file);
-    Counts counts;
-    long long next = 0;
-    for (const Run& run : columns.Runs()) {
-        const long long begin = static_cast<long long>(run.row) * region.Height() + run.colBegin;
-        const long long length = run.colEnd - run.colBegin + 1;
-        if (begin == next && next > 0) { // a run goes on in the next column
-            counts.back() += length;
-        } else {
-            counts.insert(counts.end(), {begin - next, length});
-        }
-        next = begin + length;
-    }
-    const long long pixels = static_cast<long long>(region.Width()) * region.Height();
-    if (next < pixels || counts.empty()) {
-        counts.push_back(pixels - next);
-    }
-    return counts;
+    const KivRunSet pixels = visible_pixels(region);
+    const KivRunSet tops = pixels - KivRuns::Translate(pixels, 0, 1);
+    expect_affordable("the region", static_cast<double>(tops.Area()), "runs", bytes_per_run);
+    return pixels;
 }
 
 std::string as_text(const KivRegion& region, const Json& counts)
@@ -194,7 +109,8 @@ KivRegion read_coco(const Json& document, const std::string& file)
     expect_possible_frame(file, width, height);
     const Counts counts = read_counts(document, file);
     expect_sum(counts, static_cast<long long>(width) * height, file);
-    return transposed(columns_of(counts, width, height), file);
+    expect_affordable(file, static_cast<double>(count_runs(counts, height)), "runs", bytes_per_run);
+    return KivRuns::RegionOf(KivRuns::FromCocoCounts(counts, width, height), width, height);
 }
 
 KivRegion parse_runs_coco(std::string_view text, const std::string& file)
@@ -204,12 +120,12 @@ KivRegion parse_runs_coco(std::string_view text, const std::string& file)
 
 std::string runs_as_coco(const KivRegion& region)
 {
-    return as_text(region, packed(counts_of(region, "the region")));
+    return as_text(region, KivRuns::ToCocoText(countable_pixels(region), region.Width(), region.Height()));
 }
 
 std::string runs_as_coco_counts(const KivRegion& region)
 {
-    return as_text(region, counts_of(region, "the region"));
+    return as_text(region, KivRuns::ToCocoCounts(countable_pixels(region), region.Width(), region.Height()));
 }
 
 } // namespace kivconvert

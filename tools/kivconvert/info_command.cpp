@@ -7,9 +7,13 @@
 #include "kivconvert/help_texts.h"
 #include "kivconvert/image_options.h"
 #include "kivconvert/operands.h"
-#include "kivconvert/region_facts.h"
+#include "kivconvert/visible_pixels.h"
 
+#include <KivRLC/KivRunMeasures.h>
+
+#include <algorithm>
 #include <CLI/CLI.hpp>
+#include <cstddef>
 #include <fmt/format.h>
 #include <iterator>
 #include <memory>
@@ -20,19 +24,29 @@ namespace kivconvert
 namespace
 {
 
+/// How many runs reach outside the frame or cover nothing.
+std::ptrdiff_t count_outside(const KivRegion& region)
+{
+    return std::count_if(region.Runs().begin(), region.Runs().end(), [&region](const Run& run) {
+        return run.row < 0 || run.row >= region.Height() || run.colBegin < 0 || run.colEnd >= region.Width() ||
+               run.colBegin > run.colEnd;
+    });
+}
+
 void append_facts(std::string& text, const KivRegion& region)
 {
-    const RegionFacts facts = facts_of(region);
+    const KivRunSet pixels = visible_pixels(region);
     const auto out = std::back_inserter(text);
     fmt::format_to(out, "frame      {} x {}\n", region.Width(), region.Height());
-    fmt::format_to(out, "runs       {}\n", facts.runs);
-    fmt::format_to(out, "pixels     {}\n", facts.pixels);
-    if (facts.pixels > 0) {
-        fmt::format_to(out, "columns    {} to {}\n", facts.columns.first, facts.columns.last);
-        fmt::format_to(out, "rows       {} to {}\n", facts.rows.first, facts.rows.last);
+    fmt::format_to(out, "runs       {}\n", region.Runs().size());
+    fmt::format_to(out, "pixels     {}\n", pixels.Area());
+    if (!pixels.Empty()) {
+        const KivRunBox box = KivRuns::BoundingBox(pixels);
+        fmt::format_to(out, "columns    {} to {}\n", box.colBegin, box.colEnd);
+        fmt::format_to(out, "rows       {} to {}\n", box.rowBegin, box.rowEnd);
     }
-    if (facts.outside > 0) {
-        fmt::format_to(out, "outside    {} runs reach outside the frame or cover nothing\n", facts.outside);
+    if (const std::ptrdiff_t outside = count_outside(region); outside > 0) {
+        fmt::format_to(out, "outside    {} runs reach outside the frame or cover nothing\n", outside);
     }
 }
 

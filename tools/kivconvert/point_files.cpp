@@ -71,7 +71,7 @@ KivPointArray parse_points_csv(std::string_view text, const std::string& file)
     return KivPointArray(std::move(points));
 }
 
-void expect_listable(const std::vector<Run>& runs, const std::string& subject)
+void expect_listable(KivRunView runs, const std::string& subject)
 {
     double points = 0;
     for (const Run& run : runs) {

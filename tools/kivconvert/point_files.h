@@ -27,7 +27,7 @@ bool looks_like_points(std::string_view text);
 KivPointArray parse_points_csv(std::string_view text, const std::string& file);
 
 /// @throws InputError if the list of the runs' pixels would exceed the memory limit; `subject` is where they are from
-void expect_listable(const std::vector<Run>& runs, const std::string& subject);
+void expect_listable(KivRunView runs, const std::string& subject);
 
 /// @throws FileError if the file is not named .csv
 void expect_point_file(const std::string& path);

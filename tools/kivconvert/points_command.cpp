@@ -10,7 +10,7 @@
 #include "kivconvert/operands.h"
 #include "kivconvert/point_files.h"
 #include "kivconvert/result_codes.h"
-#include "kivconvert/visible_runs.h"
+#include "kivconvert/visible_pixels.h"
 
 #include <CLI/CLI.hpp>
 
@@ -66,7 +66,7 @@ void list_points(const std::string& input, const std::string& output, const Poin
     KivRegion region = region_of(content, input);
     if (options.once) {
         expect_paintable(input, {region.Width(), region.Height()});
-        expect_listable(visible_runs(region), input);
+        expect_listable(visible_pixels(region).Runs(), input);
         write_point_file(output, pixels_once(region, input));
     } else {
         write_points(output, region, input);

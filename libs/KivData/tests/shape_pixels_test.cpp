@@ -4,6 +4,7 @@
 #include <KivData/KivROI.h>
 
 #include "support/pictures.h"
+#include "support/pixel_runs.h"
 
 #include <gtest/gtest.h>
 
@@ -90,20 +91,8 @@ private:
 /// The pixels that Contains() names, as runs.
 std::vector<Run> runs_by_pixels(const IKivROIPara& parameters)
 {
-    std::vector<Run> runs;
-    for (int y = 0; y < parameters.Height(); ++y) {
-        bool inside = false;
-        for (int x = 0; x < parameters.Width(); ++x) {
-            const bool belongs = parameters.Contains(x, y);
-            if (belongs && inside) {
-                runs.back().colEnd = x;
-            } else if (belongs) {
-                runs.push_back({y, x, x});
-            }
-            inside = belongs;
-        }
-    }
-    return runs;
+    return support::runs_where(parameters.Height(), parameters.Width(),
+                               [&parameters](int row, int column) { return parameters.Contains(column, row); });
 }
 
 std::string picture_of(const std::vector<Run>& runs, const IKivROIPara& parameters)

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "coco_text.h"
+// Counts as text: 5 bits a character, the lowest first; a sixth bit says that more follow. The highest of the bits is
+// the sign.
+#include <KivRLC/KivRunCoco.h>
 
 #include <stdexcept>
 
@@ -11,31 +13,42 @@ constexpr unsigned digit_bits = 5;
 constexpr unsigned more_bit = 1U << digit_bits;
 constexpr unsigned sign_bit = more_bit >> 1;
 
-unsigned digit_of(char character)
+/// What the number at `index` is the difference to.
+std::int64_t base_of(const std::vector<std::int64_t>& counts, std::size_t index)
 {
-    const unsigned digit = static_cast<unsigned char>(character) - static_cast<unsigned>(zero_character);
+    return index > 2 ? counts[index - 2] : 0;
+}
+
+[[noreturn]] void fail_at(std::size_t position, const char* what)
+{
+    throw std::invalid_argument("KivRuns: COCO text " + std::string(what) + " at character " +
+                                std::to_string(position + 1));
+}
+
+unsigned digit_at(std::string_view text, std::size_t position)
+{
+    if (position == text.size()) {
+        fail_at(position, "ends within a count");
+    }
+    const unsigned digit = static_cast<unsigned char>(text[position]) - static_cast<unsigned>(zero_character);
     if (digit >= 2 * more_bit) {
-        throw std::invalid_argument("KivRuns: COCO text has a character that is no digit");
+        fail_at(position, "has something else than the characters from 0 to o");
     }
     return digit;
 }
 
-} // namespace
-
-std::int64_t kivrlc::CocoTextReader::next_number()
+/// Reads the number at `position` and moves on.
+std::int64_t next_number(std::string_view text, std::size_t& position)
 {
     constexpr unsigned most_bits = 60; // more than the pixels of any frame, one bit for the sign, and no overflow
     std::uint64_t number = 0;
     unsigned digit = more_bit;
     for (unsigned shift = 0; (digit & more_bit) != 0; shift += digit_bits) {
-        if (left_.empty()) {
-            throw std::invalid_argument("KivRuns: COCO text ends within a count");
-        }
+        digit = digit_at(text, position);
         if (shift > most_bits) {
-            throw std::invalid_argument("KivRuns: COCO text has a count that is too large");
+            fail_at(position, "has a count that is too large");
         }
-        digit = digit_of(left_.front());
-        left_.remove_prefix(1);
+        ++position;
         number |= std::uint64_t{digit & (more_bit - 1)} << shift;
         if ((digit & (more_bit | sign_bit)) == sign_bit && shift + digit_bits < 64) {
             number |= ~std::uint64_t{0} << (shift + digit_bits);
@@ -44,19 +57,7 @@ std::int64_t kivrlc::CocoTextReader::next_number()
     return static_cast<std::int64_t>(number);
 }
 
-std::int64_t kivrlc::CocoTextReader::next()
-{
-    const std::int64_t number = next_number();
-    std::int64_t count = number;
-    if (index_++ > 2 && __builtin_add_overflow(number, last_but_one_, &count)) {
-        throw std::invalid_argument("KivRuns: COCO text has a count that is too large");
-    }
-    last_but_one_ = last_;
-    last_ = count;
-    return count;
-}
-
-void kivrlc::append_coco_number(std::int64_t number, std::string& text)
+void append_number(std::int64_t number, std::string& text)
 {
     bool more = true;
     while (more) {
@@ -66,4 +67,29 @@ void kivrlc::append_coco_number(std::int64_t number, std::string& text)
         digit |= more ? more_bit : 0;
         text.push_back(static_cast<char>(zero_character + static_cast<char>(digit)));
     }
+}
+
+} // namespace
+
+std::vector<std::int64_t> KivRuns::CocoCountsFromText(std::string_view text)
+{
+    std::vector<std::int64_t> counts;
+    for (std::size_t position = 0; position < text.size();) {
+        const std::int64_t number = next_number(text, position);
+        std::int64_t count = 0;
+        if (__builtin_add_overflow(number, base_of(counts, counts.size()), &count)) {
+            fail_at(position - 1, "has a count that is too large");
+        }
+        counts.push_back(count);
+    }
+    return counts;
+}
+
+std::string KivRuns::CocoTextFromCounts(const std::vector<std::int64_t>& counts)
+{
+    std::string text;
+    for (std::size_t i = 0; i < counts.size(); ++i) {
+        append_number(counts[i] - base_of(counts, i), text);
+    }
+    return text;
 }

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "coco_text.h"
 #include "run_set_access.h"
 
 #include <KivRLC/KivRunCoco.h>
@@ -14,20 +13,6 @@
 namespace
 {
 
-/// Hands over the counts of a list one by one, as CocoTextReader does those of a text.
-class CocoListReader
-{
-public:
-    explicit CocoListReader(const std::vector<std::int64_t>& counts) : next_(counts.begin()), end_(counts.end()) {}
-
-    bool done() const { return next_ == end_; }
-    std::int64_t next() { return *next_++; }
-
-private:
-    std::vector<std::int64_t>::const_iterator next_;
-    std::vector<std::int64_t>::const_iterator end_;
-};
-
 std::int64_t pixels_of_frame(int width, int height)
 {
     if (width < 0 || height < 0) {
@@ -36,11 +21,9 @@ std::int64_t pixels_of_frame(int width, int height)
     return std::int64_t{width} * height;
 }
 
-template <class Reader>
-void check_counts(Reader counts, std::int64_t pixels)
+void check_counts(const std::vector<std::int64_t>& counts, std::int64_t pixels)
 {
-    while (!counts.done()) {
-        const std::int64_t count = counts.next();
+    for (const std::int64_t count : counts) {
         if (count < 0) {
             throw std::invalid_argument("KivRuns: a COCO count is negative");
         }
@@ -107,22 +90,6 @@ private:
     kivrlc::RunBuffer rows_;
 };
 
-template <class Reader>
-KivRunSet set_of_counts(Reader counts, int width, int height)
-{
-    check_counts(counts, pixels_of_frame(width, height));
-    ColumnCollector collector(height);
-    std::int64_t place = 0;
-    for (bool belongs = false; !counts.done(); belongs = !belongs) {
-        const std::int64_t count = counts.next();
-        if (belongs && count > 0) {
-            collector.add({place, place + count});
-        }
-        place += count;
-    }
-    return collector.set();
-}
-
 /// The columns of a set that are full from row 0 to row height - 1, as a set on row 0.
 KivRunSet full_columns(const KivRunSet& set, int height)
 {
@@ -156,12 +123,23 @@ std::vector<Places> places_of(const KivRunSet& set, std::int64_t height)
 
 KivRunSet KivRuns::FromCocoCounts(const std::vector<std::int64_t>& counts, int width, int height)
 {
-    return set_of_counts(CocoListReader(counts), width, height);
+    check_counts(counts, pixels_of_frame(width, height));
+    ColumnCollector collector(height);
+    std::int64_t place = 0;
+    bool belongs = false;
+    for (const std::int64_t count : counts) {
+        if (belongs && count > 0) {
+            collector.add({place, place + count});
+        }
+        place += count;
+        belongs = !belongs;
+    }
+    return collector.set();
 }
 
 KivRunSet KivRuns::FromCocoText(std::string_view text, int width, int height)
 {
-    return set_of_counts(kivrlc::CocoTextReader(text), width, height);
+    return FromCocoCounts(CocoCountsFromText(text), width, height);
 }
 
 std::vector<std::int64_t> KivRuns::ToCocoCounts(const KivRunSet& set, int width, int height)
@@ -187,10 +165,5 @@ std::vector<std::int64_t> KivRuns::ToCocoCounts(const KivRunSet& set, int width,
 
 std::string KivRuns::ToCocoText(const KivRunSet& set, int width, int height)
 {
-    const std::vector<std::int64_t> counts = ToCocoCounts(set, width, height);
-    std::string text;
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        kivrlc::append_coco_number(i > 2 ? counts[i] - counts[i - 2] : counts[i], text);
-    }
-    return text;
+    return CocoTextFromCounts(ToCocoCounts(set, width, height));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Each way of reading bytes, whether it is this machine's or not, against a loop over bytes.
 #include "../src/byte_runs.h"
+#include "support/pixel_runs.h"
 
 #include <KivRLC/KivRunBuffer.h>
 
@@ -23,20 +24,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 Runs naive_runs(const std::uint8_t* bytes, std::ptrdiff_t stride, int columns, int rows)
 {
-    Runs runs;
-    for (int y = 0; y < rows; ++y) {
-        bool inside = false;
-        for (int x = 0; x < columns; ++x) {
-            const bool foreground = bytes[y * stride + x] != 0;
-            if (foreground && !inside) {
-                runs.push_back({y, x, x});
-            } else if (foreground) {
-                runs.back().colEnd = x;
-            }
-            inside = foreground;
-        }
-    }
-    return runs;
+    return support::runs_where(rows, columns, [=](int row, int column) { return bytes[row * stride + column] != 0; });
 }
 
 /// Stretches about `mean_length` long of background and of any other bytes.

@@ -2,6 +2,8 @@
 // Which pixels polygons have, by the definition, pixel by pixel and edge by edge, in integers of 128 bits.
 #pragma once
 
+#include "support/pixel_runs.h"
+
 #include <KivRLC/KivPolygonFill.h>
 
 #include <algorithm>
@@ -92,19 +94,12 @@ inline bool belongs(const Polygons& polygons, const KivPixel& pixel)
 /// The runs of the pixels of a box that belong.
 inline std::vector<Run> runs_by_pixels(const Polygons& polygons, const KivRunBox& box)
 {
-    std::vector<Run> runs;
-    for (long long y = box.rowBegin; y <= box.rowEnd; ++y) {
-        for (long long x = box.colBegin; x <= box.colEnd; ++x) {
-            const KivPixel pixel = {static_cast<int>(x), static_cast<int>(y)};
-            if (!belongs(polygons, pixel)) {
-                continue;
-            }
-            if (!runs.empty() && runs.back().row == pixel.y && runs.back().colEnd + 1LL == x) {
-                runs.back().colEnd = pixel.x;
-            } else {
-                runs.push_back({pixel.y, pixel.x, pixel.x});
-            }
-        }
+    std::vector<Run> runs = support::runs_where(
+        box.rowEnd - box.rowBegin + 1, box.colEnd - box.colBegin + 1, [&polygons, &box](int row, int column) {
+            return belongs(polygons, {box.colBegin + column, box.rowBegin + row});
+        });
+    for (Run& run : runs) {
+        run = {run.row + box.rowBegin, run.colBegin + box.colBegin, run.colEnd + box.colBegin};
     }
     return runs;
 }

@@ -108,16 +108,27 @@ TEST(RunCoco, RefusesTextThatIsNone)
     expect_text_refused("7", "more pixels");
     expect_text_refused("N", "negative"); // -2
     expect_text_refused("2N", "negative");
-    expect_text_refused("2 4", "no digit");
-    expect_text_refused("p", "no digit");
-    expect_text_refused(std::string("6\0", 2), "no digit");
-    expect_text_refused("\xFF", "no digit");
-    expect_text_refused("o", "ends within a count");
-    expect_text_refused("6oo", "ends within a count");
-    expect_text_refused("ooooooooooooooooooooo0", "too large");
+    expect_text_refused("2 4", "has something else than the characters from 0 to o at character 2");
+    expect_text_refused("p", "0 to o at character 1");
+    expect_text_refused(std::string("6\0", 2), "0 to o at character 2");
+    expect_text_refused("\xFF", "0 to o at character 1");
+    expect_text_refused("o", "ends within a count at character 2");
+    expect_text_refused("6oo", "ends within a count at character 4");
+    expect_text_refused("ooooooooooooooooooooo0", "too large at character 14");
     expect_text_refused("oooooooooooo7", "more pixels");
     // The fourth count is the second one, 1, and a number that is only just one of 64 bits.
-    expect_text_refused("011oooooooooooo7", "too large");
+    expect_text_refused("011oooooooooooo7", "too large at character 16");
+}
+
+TEST(RunCoco, PacksAndUnpacksCountsOfNoFrame)
+{
+    EXPECT_EQ(KivRuns::CocoCountsFromText(""), Counts());
+    EXPECT_EQ(KivRuns::CocoTextFromCounts({}), "");
+    EXPECT_EQ(KivRuns::CocoCountsFromText("541N7"), (Counts{5, 4, 1, 2, 8}));
+    EXPECT_EQ(KivRuns::CocoTextFromCounts({5, 4, 1, 2, 8}), "541N7");
+    EXPECT_EQ(KivRuns::CocoCountsFromText("0N0"), (Counts{0, -2, 0}));
+    const Counts large{0, std::int64_t{1} << 62, 1, 0, std::int64_t{1} << 62};
+    EXPECT_EQ(KivRuns::CocoCountsFromText(KivRuns::CocoTextFromCounts(large)), large);
 }
 
 TEST(RunCoco, TakesHugeFramesWithoutTheirMemory)

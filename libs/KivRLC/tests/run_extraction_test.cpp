@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The extractor against a loop over bytes.
+#include "support/pixel_runs.h"
+
 #include <KivRLC/KivRLC.h>
 
 #include <gtest/gtest.h>
@@ -26,21 +28,9 @@ using Runs = std::vector<Run>;
 
 Runs runs_by_bytes(const cv::Mat& mask)
 {
-    Runs runs;
-    for (int y = 0; y < mask.rows; ++y) {
-        const uchar* bytes = mask.data + static_cast<std::size_t>(y) * mask.step[0];
-        for (int x = 0; x < mask.cols; ++x) {
-            if (bytes[x] == 0) {
-                continue;
-            }
-            if (x > 0 && bytes[x - 1] != 0) {
-                runs.back().colEnd = x;
-            } else {
-                runs.push_back({y, x, x});
-            }
-        }
-    }
-    return runs;
+    return support::runs_where(mask.rows, mask.cols, [&mask](int row, int column) {
+        return mask.data[static_cast<std::size_t>(row) * mask.step[0] + static_cast<std::size_t>(column)] != 0;
+    });
 }
 
 void extract(cv::Mat& mask, Runs* runs)

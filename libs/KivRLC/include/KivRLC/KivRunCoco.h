@@ -16,22 +16,21 @@
 /// width * height. As text, each count is 5 bits a character, the lowest first, and from the fourth one on less the
 /// count two before.
 ///
-/// Each function throws std::invalid_argument if width or height is negative and std::bad_alloc if memory runs out.
+/// The functions throw std::invalid_argument if width or height is negative and std::bad_alloc if memory runs out.
 namespace KivRuns
 {
 
 /// The set of the pixels that belong, as the data sets' "counts" list them. Counts of 0 are accepted anywhere.
 ///
-/// All counts are checked before memory is allocated. Linear in the counts, the columns that they cover, and the runs
-/// of the result, which has as many as height for a stretch of full columns, whatever their number.
+/// All counts are checked before memory is allocated for runs. Linear in the counts, the columns that they cover, and
+/// the runs of the result, which has as many as height for a stretch of full columns, whatever their number.
 ///
 /// @throws std::invalid_argument if a count is negative or their sum is not width * height.
 KIVRLC_API KivRunSet FromCocoCounts(const std::vector<std::int64_t>& counts, int width, int height);
 
 /// The same from counts packed as text.
 ///
-/// @throws std::invalid_argument if a character is not one of '0' to 'o', the text ends within a count, or a count does
-/// not fit into 64 bits; and as FromCocoCounts().
+/// @throws std::invalid_argument as CocoCountsFromText() and FromCocoCounts().
 KIVRLC_API KivRunSet FromCocoText(std::string_view text, int width, int height);
 
 /// The counts of the set's pixels in the frame; pixels outside of it are left out. No count but the first one is 0,
@@ -42,5 +41,14 @@ KIVRLC_API std::vector<std::int64_t> ToCocoCounts(const KivRunSet& set, int widt
 
 /// The same packed as text.
 KIVRLC_API std::string ToCocoText(const KivRunSet& set, int width, int height);
+
+/// Unpacks the counts of a text, whatever their frame; they may be negative. Linear in the text.
+///
+/// @throws std::invalid_argument if a character is not one of '0' to 'o', the text ends within a count, or a count does
+/// not fit into 64 bits.
+KIVRLC_API std::vector<std::int64_t> CocoCountsFromText(std::string_view text);
+
+/// Packs counts of 0 to 2^62 as text. Linear in the counts.
+KIVRLC_API std::string CocoTextFromCounts(const std::vector<std::int64_t>& counts);
 
 } // namespace KivRuns
