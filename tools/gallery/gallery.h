@@ -29,7 +29,7 @@ struct Panel {
     }
 };
 
-/// An exported function: what it gives, and a picture before and after it.
+/// An exported function, or a group of operations: what it gives, and a picture before and after it.
 struct Entry {
     std::string function;
     std::string text; ///< one or two sentences, in HTML
@@ -80,5 +80,6 @@ Chapter point_chapter();
 Chapter contour_chapter(Stage& stage);
 Chapter roi_chapter(Stage& stage);
 Chapter algebra_chapter(Stage& stage);
+Chapter run_set_chapter();
 
 } // namespace gallery

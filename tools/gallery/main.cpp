@@ -17,6 +17,7 @@ bool run_gallery(const std::string& folder)
     const std::vector<gallery::Chapter> chapters = {
         gallery::raster_chapter(stage),  gallery::array_chapter(stage), gallery::point_chapter(),
         gallery::contour_chapter(stage), gallery::roi_chapter(stage),   gallery::algebra_chapter(stage),
+        gallery::run_set_chapter(),
     };
     gallery::write_page(folder, stage, chapters);
     bool passed = stage.passed;
