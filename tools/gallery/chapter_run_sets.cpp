@@ -112,18 +112,18 @@ Entry algebra(const KivRunSet& a, const KivRunSet& b)
     const cv::Mat mask_a = mask_of(a);
     const cv::Mat mask_b = mask_of(b);
     const KivRunSet both = a | b;
-    return {"KivRunSet",
-            "Plain set operations, also at the ends of the lists: a pixel belongs to the result or it does not, whatever "
-            "rows the operands have. The complement is the one within a box, here the frame.",
-            {panel("The operands A and B", drawing().pixels(region_of(a), "a").pixels(region_of(b), "b")),
-             panel("Union, A | B", made_of(both, both)), panel("Intersection, A &amp; B", made_of(both, a & b)),
-             panel("Difference, A - B", made_of(both, a - b)),
-             panel("Symmetric difference, A ^ B", made_of(both, a ^ b)),
-             panel("Complement of A in the frame", made_of(both, a.Complement(frame_box)))},
-            fmt::format("A has {} pixels, B {}, both {}, any of them {}", a.Area(), b.Area(), a.IntersectionArea(b),
-                        a.UnionArea(b)),
-            is_mask(a | b, mask_a | mask_b) && is_mask(a & b, mask_a & mask_b) && is_mask(a - b, mask_a & ~mask_b) &&
-                is_mask(a ^ b, mask_a ^ mask_b) && is_mask(a.Complement(frame_box), ~mask_a)};
+    return {
+        "KivRunSet",
+        "Plain set operations, also at the ends of the lists: a pixel belongs to the result or it does not, whatever "
+        "rows the operands have. The complement is the one within a box, here the frame.",
+        {panel("The operands A and B", drawing().pixels(region_of(a), "a").pixels(region_of(b), "b")),
+         panel("Union, A | B", made_of(both, both)), panel("Intersection, A &amp; B", made_of(both, a & b)),
+         panel("Difference, A - B", made_of(both, a - b)), panel("Symmetric difference, A ^ B", made_of(both, a ^ b)),
+         panel("Complement of A in the frame", made_of(both, a.Complement(frame_box)))},
+        fmt::format("A has {} pixels, B {}, both {}, any of them {}", a.Area(), b.Area(), a.IntersectionArea(b),
+                    a.UnionArea(b)),
+        is_mask(a | b, mask_a | mask_b) && is_mask(a & b, mask_a & mask_b) && is_mask(a - b, mask_a & ~mask_b) &&
+            is_mask(a ^ b, mask_a ^ mask_b) && is_mask(a.Complement(frame_box), ~mask_a)};
 }
 
 Entry transforms(const KivRunSet& a)
@@ -135,18 +135,19 @@ Entry transforms(const KivRunSet& a)
     cv::rotate(mask, turned, cv::ROTATE_180);
     const KivRunBox cut{3, 11, 5, 16};
     const KivRunSet small = KivRuns::ScaleDown(a, 2, 2, KivRuns::BlockRule::Most);
-    return {"KivRuns::Turn",
-            "Sets are moved, mirrored, turned by quarters, transposed, cropped and scaled by whole numbers, run by run.",
-            {panel("A", drawing().pixels(region_of(a), "a")),
-             panel("FlipLeftRight in the frame", made_of(a, KivRuns::FlipLeftRight(a, frame_box))),
-             panel("Turn by two quarters in the frame", made_of(a, KivRuns::Turn(a, 2, frame_box))),
-             panel("Transpose, cropped to the frame", made_of(a, KivRuns::Crop(KivRuns::Transpose(a), frame_box))),
-             panel("Crop to rows 3 to 11 and columns 5 to 16", made_of(a, KivRuns::Crop(a, cut))),
-             panel("ScaleDown to half by the rule Most", made_of(a, small)),
-             panel("That by ScaleUp to its old size", made_of(a, KivRuns::ScaleUp(small, 2, 2)))},
-            fmt::format("{} pixels, {} at half the size", a.Area(), small.Area()),
-            is_mask(KivRuns::FlipLeftRight(a, frame_box), flipped) && is_mask(KivRuns::Turn(a, 2, frame_box), turned) &&
-                is_mask(KivRuns::Transpose(a), mask.t())};
+    return {
+        "KivRuns::Turn",
+        "Sets are moved, mirrored, turned by quarters, transposed, cropped and scaled by whole numbers, run by run.",
+        {panel("A", drawing().pixels(region_of(a), "a")),
+         panel("FlipLeftRight in the frame", made_of(a, KivRuns::FlipLeftRight(a, frame_box))),
+         panel("Turn by two quarters in the frame", made_of(a, KivRuns::Turn(a, 2, frame_box))),
+         panel("Transpose, cropped to the frame", made_of(a, KivRuns::Crop(KivRuns::Transpose(a), frame_box))),
+         panel("Crop to rows 3 to 11 and columns 5 to 16", made_of(a, KivRuns::Crop(a, cut))),
+         panel("ScaleDown to half by the rule Most", made_of(a, small)),
+         panel("That by ScaleUp to its old size", made_of(a, KivRuns::ScaleUp(small, 2, 2)))},
+        fmt::format("{} pixels, {} at half the size", a.Area(), small.Area()),
+        is_mask(KivRuns::FlipLeftRight(a, frame_box), flipped) && is_mask(KivRuns::Turn(a, 2, frame_box), turned) &&
+            is_mask(KivRuns::Transpose(a), mask.t())};
 }
 
 KivContour line_of(const std::vector<cv::Point2d>& points)
@@ -210,17 +211,18 @@ Entry components(const KivRunSet& set)
     const KivRunSet filled = KivRuns::FillHoles(set, Connectivity::Eight);
     const KivRunSet holes = KivRuns::Holes(set, Connectivity::Eight);
     cv::Mat labels;
-    return {"KivRuns::Components",
-            "Connected parts are numbered in the order of their first pixels. Holes are what the background has inside.",
-            {panel("The components, a number at the first pixel of each", numbered),
-             panel("Holes, and the rest of the set", made_of(set | holes, holes)),
-             panel("FillHoles", made_of(filled, filled)),
-             panel("ComponentsByArea: those of at least 5 pixels",
-                   made_of(set, KivRuns::ComponentsByArea(set, Connectivity::Eight, 5))),
-             panel("LargestComponent", made_of(set, KivRuns::LargestComponent(set, Connectivity::Eight)))},
-            fmt::format("{} components, {} pixels of holes", parts.size(), holes.Area()),
-            cv::connectedComponents(mask_of(set), labels, 8) == static_cast<int>(parts.size()) + 1 &&
-                filled == (set | holes)};
+    return {
+        "KivRuns::Components",
+        "Connected parts are numbered in the order of their first pixels. Holes are what the background has inside.",
+        {panel("The components, a number at the first pixel of each", numbered),
+         panel("Holes, and the rest of the set", made_of(set | holes, holes)),
+         panel("FillHoles", made_of(filled, filled)),
+         panel("ComponentsByArea: those of at least 5 pixels",
+               made_of(set, KivRuns::ComponentsByArea(set, Connectivity::Eight, 5))),
+         panel("LargestComponent", made_of(set, KivRuns::LargestComponent(set, Connectivity::Eight)))},
+        fmt::format("{} components, {} pixels of holes", parts.size(), holes.Area()),
+        cv::connectedComponents(mask_of(set), labels, 8) == static_cast<int>(parts.size()) + 1 &&
+            filled == (set | holes)};
 }
 
 Entry morphology(const KivRunSet& set)
@@ -238,18 +240,19 @@ Entry morphology(const KivRunSet& set)
     const auto grown = [&set](const KivRunSet& result) {
         return drawing().pixels(region_of(result - set), "result").pixels(region_of(set), "a");
     };
-    return {"KivRuns::Dilate",
-            "Dilation, erosion, opening, closing and gradient by a square of 3 × 3. The plane has no border: nothing at "
-            "the frame is special.",
-            {panel("Dilation", grown(larger)), panel("Erosion", made_of(set, smaller)),
-             panel("Opening: thin parts and specks go", made_of(set, opened)),
-             panel("Closing: gaps and notches go", grown(closed)),
-             panel("Gradient: a band along the border", made_of(set | larger, KivRuns::Gradient(set, square))),
-             panel("Dilation by a disk of radius 2.5", grown(KivRuns::Dilate(set, KivRuns::Element::Disk(2.5))))},
-            fmt::format("{} pixels; dilated {}, eroded {}, opened {}, closed {}", set.Area(), larger.Area(), smaller.Area(),
-                        opened.Area(), closed.Area()),
-            is_mask(KivRuns::Crop(larger, frame_box), dilated) && is_mask(smaller, eroded) && opened.IsSubsetOf(set) &&
-                set.IsSubsetOf(closed)};
+    return {
+        "KivRuns::Dilate",
+        "Dilation, erosion, opening, closing and gradient by a square of 3 × 3. The plane has no border: nothing at "
+        "the frame is special.",
+        {panel("Dilation", grown(larger)), panel("Erosion", made_of(set, smaller)),
+         panel("Opening: thin parts and specks go", made_of(set, opened)),
+         panel("Closing: gaps and notches go", grown(closed)),
+         panel("Gradient: a band along the border", made_of(set | larger, KivRuns::Gradient(set, square))),
+         panel("Dilation by a disk of radius 2.5", grown(KivRuns::Dilate(set, KivRuns::Element::Disk(2.5))))},
+        fmt::format("{} pixels; dilated {}, eroded {}, opened {}, closed {}", set.Area(), larger.Area(), smaller.Area(),
+                    opened.Area(), closed.Area()),
+        is_mask(KivRuns::Crop(larger, frame_box), dilated) && is_mask(smaller, eroded) && opened.IsSubsetOf(set) &&
+            set.IsSubsetOf(closed)};
 }
 
 Entry outlines(const KivRunSet& set)
@@ -268,7 +271,8 @@ Entry outlines(const KivRunSet& set)
     return {"KivRuns::OutlinesOf",
             "The border along the edges of pixels: rings with whole numbers as corners, valid polygons with holes.",
             {panel("Outer rings and those of holes", drawn)},
-            fmt::format("{} rings, {} corners", rings.rings.size(), rings.corners.size()), rings.rings.size() == expected};
+            fmt::format("{} rings, {} corners", rings.rings.size(), rings.corners.size()),
+            rings.rings.size() == expected};
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 #include <utility>
 
 namespace
@@ -27,14 +28,23 @@ struct RangeRow {
     /// Finding out costs as much as the word does.
     static constexpr bool is_all(bool /*foreground*/, int /*x*/) { return false; }
 
+    /// Of integers by one comparison, since all values less than `least` wrap round to large ones.
+    bool inside(Pixel value) const
+    {
+        if constexpr (std::is_integral_v<Pixel>) {
+            return static_cast<Pixel>(value - least) <= static_cast<Pixel>(greatest - least);
+        } else {
+            return (static_cast<int>(least <= value) & static_cast<int>(value <= greatest)) != 0;
+        }
+    }
+
     std::uint64_t word(int x) const
     {
         Pixel pixels[word_pixels];
         std::memcpy(pixels, bytes + x * static_cast<std::ptrdiff_t>(sizeof(Pixel)), sizeof(pixels));
         std::uint8_t flags[word_pixels];
         for (int i = 0; i < word_pixels; ++i) {
-            flags[i] = static_cast<std::uint8_t>(static_cast<int>(least <= pixels[i]) &
-                                                 static_cast<int>(pixels[i] <= greatest));
+            flags[i] = static_cast<std::uint8_t>(inside(pixels[i]));
         }
         return kivrlc::NativeWords::foreground_bits(flags);
     }
@@ -52,6 +62,9 @@ template <class Pixel>
 KivRunSet set_in_range(const KivImageView<const Pixel>& image, Pixel least, Pixel greatest)
 {
     kivrlc::check_image(image);
+    if (!(least <= greatest)) {
+        return {};
+    }
     kivrlc::RunBuffer runs;
     kivrlc::append_rows(
         [&](int row) {

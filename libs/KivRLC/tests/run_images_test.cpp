@@ -68,6 +68,7 @@ TEST(RunImages, TakeBothBoundsIn)
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, 0, 255)), (Runs{{0, 0, 5}}));
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, 9.5, 20.5)), (Runs{{0, 2, 3}}));
     EXPECT_TRUE(KivRuns::FromRange(image, 9.25, 9.75).Empty());
+    EXPECT_TRUE(KivRuns::FromRange(KivRuns::ViewOf<const std::uint8_t>(image), 21, 20).Empty());
     EXPECT_TRUE(KivRuns::FromRange(image, std::numeric_limits<double>::quiet_NaN(), 255).Empty());
     const cv::Mat reals = (cv::Mat_<float>(1, 3) << 0.1F, 0.2F, 0.3F);
     EXPECT_EQ(runs_of(KivRuns::FromRange(reals, 0.1F, 0.2F)), (Runs{{0, 0, 1}}));
