@@ -180,10 +180,10 @@ std::vector<KivRunSet> KivRuns::Components(const KivRunSet& set, Connectivity co
 std::vector<KivRuns::ComponentSummary> KivRuns::SummarizeComponents(const KivRunSet& set, Connectivity connectivity)
 {
     const auto all =
-        sums_of_components<kivrlc::PlaceSums>(set.Runs(), kivrlc::number_components(set.Runs(), connectivity));
+        sums_of_components<kivrlc::BoxSums>(set.Runs(), kivrlc::number_components(set.Runs(), connectivity));
     std::vector<ComponentSummary> summaries;
     summaries.reserve(all.size());
-    for (const kivrlc::PlaceSums& sums : all) {
+    for (const kivrlc::BoxSums& sums : all) {
         summaries.push_back({sums.area, sums.box, sums.centroid()});
     }
     return summaries;

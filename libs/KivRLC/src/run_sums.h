@@ -18,33 +18,42 @@ namespace kivrlc
 
 __extension__ using Wide = __int128;
 
-/// Area, box and place of the runs that were added in the order of a set.
+/// Area and place of runs.
 struct PlaceSums {
     std::int64_t area = 0;
-    KivRunBox box{0, 0, 0, 0};
     Wide twice_x = 0;
     Wide y = 0;
 
     void add(const Run& run)
     {
         const std::int64_t length = length_of(run);
-        if (area == 0) {
-            box = {run.row, run.row, run.colBegin, run.colEnd};
-        }
         area += length;
-        box.rowEnd = run.row;
-        box.colBegin = std::min(box.colBegin, run.colBegin);
-        box.colEnd = std::max(box.colEnd, run.colEnd);
-        twice_x += Wide{length} * (std::int64_t{run.colBegin} + run.colEnd);
-        y += Wide{length} * run.row;
+        twice_x += length * (std::int64_t{run.colBegin} + run.colEnd);
+        y += length * run.row;
     }
 
     KivRuns::Place centroid() const;
 };
 
+/// The same, and the box, of the runs that were added in the order of a set.
+struct BoxSums : PlaceSums {
+    KivRunBox box{0, 0, 0, 0};
+
+    void add(const Run& run)
+    {
+        if (area == 0) {
+            box = {run.row, run.row, run.colBegin, run.colEnd};
+        }
+        box.rowEnd = run.row;
+        box.colBegin = std::min(box.colBegin, run.colBegin);
+        box.colEnd = std::max(box.colEnd, run.colEnd);
+        PlaceSums::add(run);
+    }
+};
+
 /// The sums of second order as well.
 struct MomentSums {
-    PlaceSums place;
+    BoxSums place;
     Wide twelve_xx = 0;
     Wide twice_xy = 0;
     Wide yy = 0;
