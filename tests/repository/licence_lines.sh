@@ -8,7 +8,7 @@ if ! git rev-parse --is-inside-work-tree > /dev/null 2>&1; then
 fi
 
 # JSON, pictures, and files that are data byte for byte or made by a program have no room for comments.
-missing=$(git ls-files -- ':!LICENSE' ':!fuzz/corpus/*/*' ':!*.json' ':!*.jpg' ':!*.png' ':!*/exported_symbols.txt' \
+missing=$(git ls-files --cached --others --exclude-standard -- ':!LICENSE' ':!fuzz/corpus/*/*' ':!*.json' ':!*.jpg' ':!*.png' ':!*/exported_symbols.txt' \
     ':!*.csv' ':!abi/*.txt' ':!docs/images/speed.svg' |
     while IFS= read -r file; do
         head -n 3 "$file" | grep -q 'SPDX-License-Identifier: MIT' || echo "$file"

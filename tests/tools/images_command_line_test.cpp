@@ -91,6 +91,11 @@ TEST_F(StackCommandLine, APageIsAskedFor)
     run(0, "difference stack.tif roi:rectangle:0,0,0,0 --page 1 -o out.csv");
     EXPECT_EQ(get("out.csv"), first_);
     EXPECT_EQ(refuse(2, "region first.csv --page 1 -o none.csv"), "--page: is for images");
+    run(0, "contours first.csv -o first.json");
+    refuse(2, "edit stack.tif first.json --add -o out.png");
+    run(0, "edit stack.tif first.json --add --page 2 -o out.png");
+    run(0, "region out.png -o out.csv");
+    EXPECT_EQ(get("out.csv"), second_);
 }
 
 TEST_F(StackCommandLine, InfoDescribesAllPages)

@@ -8,6 +8,7 @@
 #include "kivconvert/frame_options.h"
 #include "kivconvert/help_texts.h"
 #include "kivconvert/image_files.h"
+#include "kivconvert/image_options.h"
 #include "kivconvert/operands.h"
 
 #include <CLI/CLI.hpp>
@@ -52,6 +53,7 @@ struct EditOptions {
     std::string image;
     std::string contours;
     std::string output;
+    ImagePart part;
     bool add = false;
     bool cut = false;
 };
@@ -59,7 +61,7 @@ struct EditOptions {
 void edit(const EditOptions& options)
 {
     expect_lossless_image(options.output);
-    Content content = read_operand(options.image, {});
+    Content content = read_operand(options.image, {}, options.part);
     KivImage mask = mask_of(content, options.image);
     for (const KivContour& contour : read_contours(options.contours).contours) {
         fill(mask.Mat(), contour, options.add ? 255 : 0);
@@ -79,6 +81,7 @@ void add_edit_command(CLI::App& app)
     mode->add_flag("--add", options->add, "they become foreground");
     mode->add_flag("--cut", options->cut, "they become background");
     mode->require_option(1);
+    add_image_options(*command, options->part);
     command->callback([options] { report_under(options->image, [&] { edit(*options); }); });
 }
 

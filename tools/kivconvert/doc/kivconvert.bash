@@ -10,7 +10,7 @@ _kivconvert() {
     contours) options='--output --to --image --width --height --alpha --no-alpha --page' ;;
     points) options='--output --to --once --width --height --contour --rounded --alpha --no-alpha --page' ;;
     matrix) options='--output --to --alpha --no-alpha --page' ;;
-    edit) options='--output --add --cut' ;;
+    edit) options='--output --add --cut --alpha --no-alpha --page' ;;
     union) options='--output --as-roi --width --height --alpha --no-alpha --page' ;;
     intersection) options='--output --as-roi --width --height --alpha --no-alpha --page' ;;
     difference) options='--output --as-roi --width --height --alpha --no-alpha --page' ;;
