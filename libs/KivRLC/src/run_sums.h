@@ -2,8 +2,8 @@
 // What is added up of a shape, a run at a time and exactly, and the measures that follow from the sums.
 //
 // For a run of n pixels whose ends add up to s: the sum of x is n s / 2, that of x^2 is n (3 s^2 + n^2 - 1) / 12. For
-// coordinates of 32 bits n s fits in 64 bits, as its factors cannot both be large, and 12 times the sum of x^2 is at
-// most 2^96; so the sums over less than 2^31 runs fit in 128 bits.
+// coordinates of 32 bits n s fits in 64 bits, as its factors cannot both be large, and so does n y. 12 times the sum of
+// x^2 is at most 2^96; so the sums over less than 2^31 runs fit in 128 bits.
 #pragma once
 
 #include "run_neighbours.h"
@@ -28,8 +28,10 @@ struct PlaceSums {
     {
         const std::int64_t length = length_of(run);
         area += length;
-        twice_x += length * (std::int64_t{run.colBegin} + run.colEnd);
-        y += length * run.row;
+        const std::int64_t twice_x_of_run = length * (std::int64_t{run.colBegin} + run.colEnd);
+        const std::int64_t y_of_run = length * run.row;
+        twice_x += twice_x_of_run;
+        y += y_of_run;
     }
 
     KivRuns::Place centroid() const;
