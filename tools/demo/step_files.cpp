@@ -9,9 +9,9 @@
 #include "kivconvert/visible_pixels.h"
 
 #include <KivDataConvert/KivDataConvert.h>
+#include <KivRLC/KivRunMeasures.h>
 
 #include <algorithm>
-#include <climits>
 #include <fmt/format.h>
 
 namespace demo
@@ -32,8 +32,8 @@ std::size_t count(const std::string& text, const std::string& word)
 bool make_again(KivPointArray& points, const KivRegion& region)
 {
     const KivRunSet pixels = kivconvert::visible_pixels(region);
-    if (KivRuns::Crop(pixels, {1, INT_MAX, 0, INT_MAX}).Empty() ||
-        KivRuns::Crop(pixels, {0, INT_MAX, 1, INT_MAX}).Empty()) {
+    const KivRunBox box = pixels.Empty() ? KivRunBox{0, -1, 0, -1} : KivRuns::BoundingBox(pixels);
+    if (box.rowEnd < 1 || box.colEnd < 1) {
         return points.Length() == pixels.Area();
     }
     KivRegion again;
