@@ -8,7 +8,13 @@
 #include <KivRLC/KivRLCExport.h>
 #include <KivRLC/KivRunSet.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
+#include <limits>
+#include <optional>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 /// Pixel (x, y) of an image is pixel (x, y) of the set. Each function throws std::invalid_argument if an image has a
@@ -33,6 +39,27 @@ KIVRLC_API KivRunSet FromRange(const KivImageView<const std::uint16_t>& image, s
 KIVRLC_API KivRunSet FromRange(const KivImageView<const float>& image, float least, float greatest);
 
 /// @}
+
+/// The least and the greatest value of a pixel type that lie between two real numbers, both included; nothing if none
+/// does, or if a bound is NaN. For callers whose bounds need not be values that pixels can have.
+///
+/// @tparam Pixel an integer type of at most 32 bits, or float
+template <class Pixel>
+std::optional<std::pair<Pixel, Pixel>> ValuesWithin(double least, double greatest)
+{
+    using Limits = std::numeric_limits<Pixel>;
+    if constexpr (std::is_floating_point_v<Pixel>) {
+        auto low = static_cast<Pixel>(least);
+        auto high = static_cast<Pixel>(greatest);
+        low = low < least ? std::nextafter(low, Limits::infinity()) : low;
+        high = high > greatest ? std::nextafter(high, -Limits::infinity()) : high;
+        return low <= high ? std::optional(std::pair(low, high)) : std::nullopt;
+    } else {
+        const double low = std::max(std::ceil(least), static_cast<double>(Limits::min()));
+        const double high = std::min(std::floor(greatest), static_cast<double>(Limits::max()));
+        return low <= high ? std::optional(std::pair(static_cast<Pixel>(low), static_cast<Pixel>(high))) : std::nullopt;
+    }
+}
 
 /// The pixels of one label.
 struct LabelledSet {

@@ -7,11 +7,8 @@
 
 #include <opencv2/core.hpp>
 
-#include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <stdexcept>
 #include <type_traits>
 #include <vector>
@@ -41,26 +38,20 @@ inline KivRunSet FromMask(const cv::Mat& mask)
 /// that pixels can have: 0.5 is as good as 1 for whole numbers.
 inline KivRunSet FromRange(const cv::Mat& image, double least, double greatest)
 {
-    if (image.depth() == CV_32F) {
-        // Real bounds between two floats: the next ones inside of the range.
-        auto low = static_cast<float>(least);
-        auto high = static_cast<float>(greatest);
-        low = low < least ? std::nextafter(low, std::numeric_limits<float>::infinity()) : low;
-        high = high > greatest ? std::nextafter(high, -std::numeric_limits<float>::infinity()) : high;
-        return FromRange(ViewOf<const float>(image), low, high);
+    const auto of_values = [&](auto pixel) {
+        using Pixel = decltype(pixel);
+        const KivImageView<const Pixel> view = ViewOf<const Pixel>(image);
+        const auto values = ValuesWithin<Pixel>(least, greatest);
+        return values ? FromRange(view, values->first, values->second) : KivRunSet();
+    };
+    switch (image.depth()) {
+    case CV_32F:
+        return of_values(float{});
+    case CV_16U:
+        return of_values(std::uint16_t{});
+    default:
+        return of_values(std::uint8_t{});
     }
-    const double most = image.depth() == CV_16U ? 65535.0 : 255.0;
-    const double low = std::max(std::ceil(least), 0.0);
-    const double high = std::min(std::floor(greatest), most);
-    if (!(low <= high)) {
-        return {};
-    }
-    if (image.depth() == CV_16U) {
-        return FromRange(ViewOf<const std::uint16_t>(image), static_cast<std::uint16_t>(low),
-                         static_cast<std::uint16_t>(high));
-    }
-    return FromRange(ViewOf<const std::uint8_t>(image), static_cast<std::uint8_t>(low),
-                     static_cast<std::uint8_t>(high));
 }
 
 /// The sets of the labels of a CV_8UC1, CV_16UC1 or CV_32SC1.

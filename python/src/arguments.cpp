@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "arguments.h"
+
+#include <nanobind/stl/string.h>
+
+#include <algorithm>
+#include <climits>
+#include <iterator>
+
+namespace
+{
+
+namespace nb = nanobind;
+
+struct Kind {
+    char code;
+    Py_ssize_t size;
+    const char* name;
+};
+
+constexpr Kind kinds[] = {
+    {'?', 1, "bool"},  {'B', 1, "uint8"},   {'b', 1, "int8"},    {'H', 2, "uint16"},
+    {'h', 2, "int16"}, {'I', 4, "uint32"},  {'i', 4, "int32"},   {'Q', 8, "uint64"},
+    {'q', 8, "int64"}, {'e', 2, "float16"}, {'f', 4, "float32"}, {'d', 8, "float64"},
+};
+
+// The kind of a buffer's format: a letter of struct's, whose size tells 'l' and 'L' apart, in native byte order.
+char kind_of(const Py_buffer& view)
+{
+    const char* format = view.format == nullptr ? "B" : view.format;
+    format += *format == '@' || *format == '=' ? 1 : 0;
+    if (*format == '\0' || format[1] != '\0') {
+        return '-';
+    }
+    const bool of_long = *format == 'l' || *format == 'L';
+    const char code = !of_long             ? *format
+                      : *format == 'l'     ? (view.itemsize == 4 ? 'i' : 'q')
+                      : view.itemsize == 4 ? 'I'
+                                           : 'Q';
+    const auto* kind = std::find_if(std::begin(kinds), std::end(kinds), [&](const Kind& k) { return k.code == code; });
+    return kind != std::end(kinds) && kind->size == view.itemsize ? code : '-';
+}
+
+std::string kind_name(char code, const Py_buffer& view)
+{
+    const auto* kind = std::find_if(std::begin(kinds), std::end(kinds), [&](const Kind& k) { return k.code == code; });
+    return kind != std::end(kinds) ? kind->name : "the format '" + std::string(view.format) + "'";
+}
+
+long long int_of(nb::handle number, const std::string& what)
+{
+    const nb::object index = nb::steal(PyNumber_Index(number.ptr()));
+    if (!index.is_valid()) {
+        PyErr_Clear();
+        throw nb::type_error((what + " must be made of ints, not " + kivpython::name_of_type(number)).c_str());
+    }
+    int overflow = 0;
+    const long long value = PyLong_AsLongLongAndOverflow(index.ptr(), &overflow);
+    if (overflow != 0 || value < INT_MIN || value > INT_MAX) {
+        throw nb::value_error((what + ": " + nb::cast<std::string>(nb::str(index)) + " is beyond 32 bits").c_str());
+    }
+    return value;
+}
+
+// The ints of a tuple, a list or another sequence of `least` to `most` of them.
+std::vector<int> ints_of(nb::handle sequence, std::size_t least, std::size_t most, const std::string& what)
+{
+    if (!nb::hasattr(sequence, "__getitem__") || !nb::hasattr(sequence, "__len__")) {
+        throw nb::type_error((what + ", not " + kivpython::name_of_type(sequence)).c_str());
+    }
+    const std::size_t count = nb::len(sequence);
+    if (count < least || count > most || (count != least && count != most)) {
+        throw nb::value_error((what + ", not " + std::to_string(count) + " of them").c_str());
+    }
+    std::vector<int> ints;
+    for (std::size_t i = 0; i < count; ++i) {
+        ints.push_back(static_cast<int>(int_of(sequence[i], what)));
+    }
+    return ints;
+}
+
+} // namespace
+
+namespace kivpython
+{
+
+std::string name_of_type(nb::handle object)
+{
+    return nb::cast<std::string>(nb::str(object.type().attr("__name__")));
+}
+
+Buffer::Buffer(nb::handle object, const char* what, Access access) : what_(what)
+{
+    const int flags = access == Access::Write ? PyBUF_RECORDS : PyBUF_RECORDS_RO;
+    if (PyObject_GetBuffer(object.ptr(), &view_, flags) != 0) {
+        const bool has_buffer = PyObject_CheckBuffer(object.ptr()) != 0;
+        if (has_buffer && access == Access::Write) {
+            PyErr_Clear();
+            throw nb::value_error((std::string(what) + " must be an array that can be written to").c_str());
+        }
+        if (has_buffer) {
+            throw nb::python_error();
+        }
+        PyErr_Clear();
+        throw nb::type_error(
+            (std::string(what) + " must be a NumPy array or another buffer, not " + name_of_type(object)).c_str());
+    }
+    kind_ = kind_of(view_);
+    std::string fault;
+    if (view_.ndim != 2) {
+        fault = " must have two dimensions, not " + std::to_string(view_.ndim);
+    } else if (view_.shape[0] > INT_MAX || view_.shape[1] > INT_MAX) {
+        fault = " must have at most 2147483647 rows and columns, not " + std::to_string(view_.shape[0]) + " x " +
+                std::to_string(view_.shape[1]);
+    }
+    if (!fault.empty()) {
+        PyBuffer_Release(&view_);
+        throw nb::value_error((what + fault).c_str());
+    }
+}
+
+void Buffer::RefuseKind(const char* taken) const
+{
+    throw nb::type_error((std::string(what_) + " must be of " + taken + ", not " + kind_name(kind_, view_)).c_str());
+}
+
+Frame frame_of(nb::handle shape)
+{
+    const std::vector<int> ints = ints_of(shape, 2, 2, "shape must be a pair (height, width)");
+    if (ints[0] < 0 || ints[1] < 0) {
+        throw nb::value_error("shape must not be negative");
+    }
+    return {ints[0], ints[1]};
+}
+
+KivRunBox box_of(nb::handle box)
+{
+    const std::vector<int> ints =
+        ints_of(box, 2, 4, "a box must be a Box (row_begin, row_end, col_begin, col_end), or a shape (height, width)");
+    if (ints.size() == 4) {
+        return {ints[0], ints[1], ints[2], ints[3]};
+    }
+    const Frame frame = frame_of(box);
+    return {0, frame.height - 1, 0, frame.width - 1};
+}
+
+nb::object python_box(const KivRunBox& box)
+{
+    return nb::module_::import_("kivdataconvert._types")
+        .attr("Box")(box.rowBegin, box.rowEnd, box.colBegin, box.colEnd);
+}
+
+KivRuns::Connectivity connectivity_of(int connectivity)
+{
+    if (connectivity != 4 && connectivity != 8) {
+        throw nb::value_error(("connectivity must be 4 or 8, not " + std::to_string(connectivity)).c_str());
+    }
+    return connectivity == 4 ? KivRuns::Connectivity::Four : KivRuns::Connectivity::Eight;
+}
+
+std::vector<KivRunSet> sets_of(nb::handle sets)
+{
+    std::vector<KivRunSet> taken;
+    for (const nb::handle set : nb::iter(sets)) {
+        if (!nb::isinstance<KivRunSet>(set)) {
+            throw nb::type_error(("sets must be made of RunSet, not " + name_of_type(set)).c_str());
+        }
+        taken.push_back(nb::cast<const KivRunSet&>(set));
+    }
+    return taken;
+}
+
+Pair pair_of(nb::handle pair, const char* what)
+{
+    const std::vector<int> ints = ints_of(pair, 2, 2, what);
+    return {ints[0], ints[1]};
+}
+
+} // namespace kivpython

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "arrays.h"
+
+#include <climits>
+#include <cstddef>
+#include <type_traits>
+
+namespace
+{
+
+using namespace kivpython;
+
+static_assert(sizeof(Run) == 3 * sizeof(std::int32_t) && std::is_standard_layout_v<Run>, "runs are rows of three ints");
+
+template <class Pixel>
+std::vector<int> checked_ints(const Buffer& buffer)
+{
+    return buffer.Packed<Pixel, int>([](Pixel value) {
+        if constexpr (sizeof(Pixel) >= sizeof(int)) {
+            const bool fits = std::is_signed_v<Pixel>
+                                  ? value >= static_cast<Pixel>(INT_MIN) && value <= static_cast<Pixel>(INT_MAX)
+                                  : value <= static_cast<Pixel>(INT_MAX);
+            if (!fits) {
+                throw nb::value_error((std::to_string(value) + " is beyond 32 bits").c_str());
+            }
+        }
+        return static_cast<int>(value);
+    });
+}
+
+} // namespace
+
+nb::object kivpython::runs_view(nb::handle set)
+{
+    const KivRunView runs = nb::cast<const KivRunSet&>(set).Runs();
+    static const Run none{}; // an array needs an address
+    const auto* first = reinterpret_cast<const std::int32_t*>(runs.empty() ? &none : runs.data());
+    return nb::cast(nb::ndarray<nb::numpy, const std::int32_t>(first, {runs.size(), 3}, set));
+}
+
+std::vector<int> kivpython::ints_of_pixels(const Buffer& buffer, const char* taken)
+{
+    switch (buffer.Kind()) {
+    case 'B':
+        return checked_ints<std::uint8_t>(buffer);
+    case 'b':
+        return checked_ints<std::int8_t>(buffer);
+    case 'H':
+        return checked_ints<std::uint16_t>(buffer);
+    case 'h':
+        return checked_ints<std::int16_t>(buffer);
+    case 'I':
+        return checked_ints<std::uint32_t>(buffer);
+    case 'i':
+        return checked_ints<std::int32_t>(buffer);
+    case 'Q':
+        return checked_ints<std::uint64_t>(buffer);
+    case 'q':
+        return checked_ints<std::int64_t>(buffer);
+    default:
+        buffer.RefuseKind(taken);
+    }
+}

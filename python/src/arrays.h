@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+// NumPy arrays from what the library makes, without a copy where it can be.
+#pragma once
+
+#include "arguments.h"
+
+#include <KivRLC/KivRunSet.h>
+
+#include <nanobind/ndarray.h>
+
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
+namespace kivpython
+{
+
+/// The runs of a Python RunSet as a read-only array that keeps it alive.
+nb::object runs_view(nb::handle set);
+
+/// The elements of a buffer of any whole-number type as ints, row by row.
+///
+/// Raises TypeError if they are of another type, naming what is taken, and ValueError if one is beyond 32 bits.
+std::vector<int> ints_of_pixels(const Buffer& buffer, const char* taken);
+
+/// An array of the vector's elements, which it takes over.
+template <class Element>
+nb::object array_of(std::vector<Element>&& elements, std::initializer_list<std::size_t> shape)
+{
+    auto* kept = new std::vector<Element>(std::move(elements));
+    const nb::capsule owner(kept, [](void* vector) noexcept { delete static_cast<std::vector<Element>*>(vector); });
+    return nb::cast(nb::ndarray<nb::numpy, Element>(kept->data(), shape, owner));
+}
+
+/// An array of a list's elements.
+template <class Element>
+nb::object array_of(std::vector<Element>&& elements)
+{
+    const std::size_t count = elements.size();
+    return array_of(std::move(elements), {count});
+}
+
+/// An array of pairs of coordinates, of shape (n, 2): copies of the members x and y of each point.
+template <class Coordinate, class Point>
+nb::object array_of_points(const Point* points, std::size_t count)
+{
+    std::vector<Coordinate> coordinates;
+    coordinates.reserve(2 * count);
+    for (std::size_t i = 0; i < count; ++i) {
+        coordinates.push_back(points[i].x);
+        coordinates.push_back(points[i].y);
+    }
+    return array_of(std::move(coordinates), {count, 2});
+}
+
+} // namespace kivpython
