@@ -6,6 +6,22 @@ from __future__ import annotations
 from typing import NamedTuple
 
 
+class KivError(Exception):
+    """A result code other than success, from one of the functions of kivdataconvert.family."""
+
+    def __init__(self, code: int, name: str, meaning: str) -> None:
+        super().__init__(code, name, meaning)
+        self.code = code
+        """The number."""
+        self.name = name
+        """The name of its constant, such as KIVMV_ERR_LENGTH."""
+        self.meaning = meaning
+        """What it says, in a phrase."""
+
+    def __str__(self) -> str:
+        return f"{self.meaning} ({self.name}, {self.code})"
+
+
 class Box(NamedTuple):
     """An upright rectangle of pixels. All four ends are included, as those of runs are.
 

@@ -16,35 +16,9 @@ using namespace kivpython;
 using nb::literals::operator""_a;
 using ReleaseGil = nb::call_guard<nb::gil_scoped_release>;
 
-// Runs from an array of three columns, whole numbers of any size.
-std::vector<Run> runs_of_array(nb::handle array)
-{
-    const Buffer buffer(array, "runs");
-    if (buffer.Width() != 3) {
-        throw nb::value_error(
-            ("runs must have three columns, (row, first, last), not " + std::to_string(buffer.Width())).c_str());
-    }
-    const std::vector<int> ints = ints_of_pixels(buffer, "whole numbers");
-    std::vector<Run> runs;
-    runs.reserve(ints.size() / 3);
-    for (std::size_t i = 0; i < ints.size(); i += 3) {
-        runs.push_back({ints[i], ints[i + 1], ints[i + 2]});
-    }
-    return runs;
-}
-
 void make_set(KivRunSet* place, nb::handle runs)
 {
-    nb::object array = nb::borrow(runs);
-    if (PyObject_CheckBuffer(runs.ptr()) == 0) {
-        const nb::module_ numpy = nb::module_::import_("numpy");
-        array = numpy.attr("asarray")(nb::list(runs));
-        if (nb::cast<int>(array.attr("size")) == 0) {
-            new (place) KivRunSet();
-            return;
-        }
-    }
-    const std::vector<Run> list = runs_of_array(array);
+    const std::vector<Run> list = runs_of(runs);
     const nb::gil_scoped_release release;
     new (place) KivRunSet(list);
 }
@@ -124,6 +98,23 @@ Rows ascend, and within a row columns do; at least one pixel that does not belon
 
     set.def_static("union", union_of, "sets"_a, nb::sig("def union(sets: collections.abc.Iterable[RunSet]) -> RunSet"),
                    "The pixels of any of the sets: linear in all runs, times the logarithm of the number of sets.");
+    set.def_static(
+        "from_polygons",
+        [](nb::handle rings, nb::handle shape, nb::handle rule, nb::handle pixel_center) {
+            return nb::module_::import_("kivdataconvert._family")
+                .attr("_set_of_polygons")(rings, shape, rule, pixel_center);
+        },
+        "rings"_a, "shape"_a, nb::kw_only(), "rule"_a = "even-odd", "pixel_center"_a = 0.0,
+        nb::sig("def from_polygons(rings: collections.abc.Iterable[numpy.typing.ArrayLike], shape: tuple[int, int], *, "
+                "rule: str = 'even-odd', pixel_center: float = 0.0) -> RunSet"),
+        R"(The pixels of an image of the shape (height, width) whose centres lie inside of polygons or on their edges.
+
+A ring is an array of corners (x, y), or flat: x, y, x, y, ... Holes are rings, too. By the rule "even-odd" a point is inside
+that an odd number of rings goes round, by "non-zero" one that they go round one way more often than the other. The centre
+of pixel (row, col) is the point (col + pixel_center, row + pixel_center): 0 where corners are centres of pixels, 0.5 where
+they lie on their edges, as those of ``outlines()`` and of COCO do.
+
+Raises ValueError for coordinates that are not finite and arrays that are no points.)");
     set.def(
         "complement",
         [](const KivRunSet& a, nb::handle box) {

@@ -89,7 +89,7 @@ std::string name_of_type(nb::handle object)
     return nb::cast<std::string>(nb::str(object.type().attr("__name__")));
 }
 
-Buffer::Buffer(nb::handle object, const char* what, Access access) : what_(what)
+Buffer::Buffer(nb::handle object, const char* what, Access access, int most_dimensions) : what_(what)
 {
     const int flags = access == Access::Write ? PyBUF_RECORDS : PyBUF_RECORDS_RO;
     if (PyObject_GetBuffer(object.ptr(), &view_, flags) != 0) {
@@ -107,8 +107,9 @@ Buffer::Buffer(nb::handle object, const char* what, Access access) : what_(what)
     }
     kind_ = kind_of(view_);
     std::string fault;
-    if (view_.ndim != 2) {
-        fault = " must have two dimensions, not " + std::to_string(view_.ndim);
+    if (view_.ndim < 2 || view_.ndim > most_dimensions) {
+        fault = std::string(" must have two ") + (most_dimensions == 2 ? "" : "or three ") + "dimensions, not " +
+                std::to_string(view_.ndim);
     } else if (view_.shape[0] > INT_MAX || view_.shape[1] > INT_MAX) {
         fault = " must have at most 2147483647 rows and columns, not " + std::to_string(view_.shape[0]) + " x " +
                 std::to_string(view_.shape[1]);

@@ -27,8 +27,8 @@ class Buffer
 public:
     enum class Access { Read, Write };
 
-    /// A two-dimensional buffer; `what` names the argument in errors.
-    Buffer(nb::handle object, const char* what, Access access = Access::Read);
+    /// A buffer of two dimensions, or up to `most_dimensions`; `what` names the argument in errors.
+    Buffer(nb::handle object, const char* what, Access access = Access::Read, int most_dimensions = 2);
     ~Buffer() { PyBuffer_Release(&view_); }
     Buffer(const Buffer&) = delete;
     Buffer& operator=(const Buffer&) = delete;
@@ -39,7 +39,8 @@ public:
     int Width() const noexcept { return static_cast<int>(view_.shape[1]); }
     std::ptrdiff_t RowStride() const noexcept { return view_.strides[0]; }
     std::ptrdiff_t ColumnStride() const noexcept { return view_.strides[1]; }
-    std::size_t Bytes() const noexcept { return static_cast<std::size_t>(view_.len); }
+    std::ptrdiff_t Channels() const noexcept { return view_.ndim == 3 ? view_.shape[2] : 1; }
+    void* Pixels() const noexcept { return view_.buf; }
 
     /// Whether the pixels of a row, or those of a column, are next to each other.
     bool RowsAreDense() const noexcept { return Width() <= 1 || ColumnStride() == view_.itemsize; }

@@ -3,6 +3,8 @@
 
 #include <climits>
 #include <cstddef>
+#include <cstring>
+#include <string>
 #include <type_traits>
 
 namespace
@@ -29,6 +31,28 @@ std::vector<int> checked_ints(const Buffer& buffer)
 }
 
 } // namespace
+
+std::vector<Run> kivpython::runs_of(nb::handle runs)
+{
+    nb::object array = nb::borrow(runs);
+    if (PyObject_CheckBuffer(runs.ptr()) == 0) {
+        array = nb::module_::import_("numpy").attr("asarray")(nb::list(runs));
+        if (nb::cast<int>(array.attr("size")) == 0) {
+            return {};
+        }
+    }
+    const Buffer buffer(array, "runs");
+    if (buffer.Width() != 3) {
+        throw nb::value_error(
+            ("runs must have three columns, (row, first, last), not " + std::to_string(buffer.Width())).c_str());
+    }
+    const std::vector<int> ints = ints_of_pixels(buffer, "whole numbers");
+    std::vector<Run> list(ints.size() / 3);
+    if (!list.empty()) {
+        std::memcpy(list.data(), ints.data(), ints.size() * sizeof(int));
+    }
+    return list;
+}
 
 nb::object kivpython::runs_view(nb::handle set)
 {

@@ -15,6 +15,9 @@
 namespace kivpython
 {
 
+/// Runs from an array of three columns of whole numbers, or from anything that NumPy makes one of.
+std::vector<Run> runs_of(nb::handle runs);
+
 /// The runs of a Python RunSet as a read-only array that keeps it alive.
 nb::object runs_view(nb::handle set);
 
