@@ -3,7 +3,19 @@
 
 from __future__ import annotations
 
-from typing import NamedTuple
+from typing import Any, List, NamedTuple, Sequence, Tuple, Union
+
+import numpy
+import numpy.typing
+
+Buffer = Union[numpy.typing.NDArray[Any], memoryview]
+"""An array, of a type and shape that the function says."""
+
+Values = Union[Sequence[Union[int, float, str]], numpy.typing.NDArray[Any]]
+"""A variant array: ints, floats and texts."""
+
+GivenValues = Union[numpy.typing.NDArray[numpy.int32], List[Union[int, float, str]]]
+"""A variant array as functions return it: an array if all are ints, else a list."""
 
 
 class KivError(Exception):
@@ -47,6 +59,10 @@ class Box(NamedTuple):
     def slices(self) -> tuple[slice, slice]:
         """What an array that starts at pixel (0, 0) is indexed with to get the box: ``image[box.slices]``."""
         return slice(self.row_begin, self.row_end + 1), slice(self.col_begin, self.col_end + 1)
+
+
+BoxLike = Union[Box, Tuple[int, int, int, int], Tuple[int, int]]
+"""A Box, its four numbers, or a shape (height, width)."""
 
 
 class Measures(NamedTuple):
