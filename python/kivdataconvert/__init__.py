@@ -5,6 +5,7 @@ Pixels are (row, column), as arrays are indexed; points, those of outlines, poly
 OpenCV, shapely and COCO: x is a column, y a row. The centre of pixel (row, col) is the point (x=col, y=row).
 """
 
+from . import _pickle as _pickle
 from ._core import BlockRule, Element, RunSet, paint_labels
 from ._types import Box, Measures
 

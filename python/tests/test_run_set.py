@@ -14,6 +14,7 @@ from conftest import masks, pairs_of_masks
 from hypothesis import given
 from hypothesis import strategies as st
 
+import kivdataconvert
 from kivdataconvert import Box, RunSet
 
 BAR = RunSet([(0, 2, 5), (1, 2, 5)])
@@ -105,6 +106,13 @@ def test_pickles_out_of_band() -> None:
     assert len(data) < 200 and len(buffers) == 1
     assert buffers[0].raw().nbytes == 12000
     assert pickle.loads(data, buffers=buffers) == pixels
+
+
+def test_functions_pickle() -> None:
+    for function in (RunSet.from_mask, RunSet.union, kivdataconvert.paint_labels):
+        again = pickle.loads(pickle.dumps(function))
+        assert again.__qualname__ == function.__qualname__
+    assert pickle.loads(pickle.dumps(RunSet.from_range))(numpy.ones((1, 3), "uint8"), 1, 2).area == 3
 
 
 def test_refuses_broken_pickles() -> None:
