@@ -23,7 +23,14 @@
 #include <KivData/KivData.h>
 #include <KivDataConvert/KivResult.h>
 
-#if defined(__GNUC__)
+// A static library, and a program that is linked with it, is compiled with KIV_STATIC; CMake's targets say so.
+#if defined(_WIN32) && defined(KIV_STATIC)
+#define KIVMV_API
+#elif defined(_WIN32) && defined(KivDataConvert_EXPORTS)
+#define KIVMV_API __declspec(dllexport)
+#elif defined(_WIN32)
+#define KIVMV_API __declspec(dllimport)
+#elif defined(__GNUC__)
 #define KIVMV_API __attribute__((visibility("default")))
 #else
 #define KIVMV_API
