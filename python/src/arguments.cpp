@@ -47,36 +47,40 @@ std::string kind_name(char code, const Py_buffer& view)
     return kind != std::end(kinds) ? kind->name : "the format '" + std::string(view.format) + "'";
 }
 
-long long int_of(nb::handle number, const std::string& what)
+int int_of(nb::handle number, const char* what)
 {
     const nb::object index = nb::steal(PyNumber_Index(number.ptr()));
     if (!index.is_valid()) {
         PyErr_Clear();
-        throw nb::type_error((what + " must be made of ints, not " + kivpython::name_of_type(number)).c_str());
+        throw nb::type_error((std::string(what) + " made of ints, not of " + kivpython::name_of_type(number)).c_str());
     }
     int overflow = 0;
     const long long value = PyLong_AsLongLongAndOverflow(index.ptr(), &overflow);
     if (overflow != 0 || value < INT_MIN || value > INT_MAX) {
-        throw nb::value_error((what + ": " + nb::cast<std::string>(nb::str(index)) + " is beyond 32 bits").c_str());
+        throw nb::value_error((nb::cast<std::string>(nb::str(index)) + " is beyond 32 bits").c_str());
     }
-    return value;
+    return static_cast<int>(value);
 }
 
-// The ints of a tuple, a list or another sequence of `least` to `most` of them.
-std::vector<int> ints_of(nb::handle sequence, std::size_t least, std::size_t most, const std::string& what)
+// The ints of a tuple, a list or another sequence, whose number is one of two; returns that number.
+Py_ssize_t take_ints(nb::handle sequence, Py_ssize_t few, Py_ssize_t many, int* ints, const char* what)
 {
-    if (!nb::hasattr(sequence, "__getitem__") || !nb::hasattr(sequence, "__len__")) {
-        throw nb::type_error((what + ", not " + kivpython::name_of_type(sequence)).c_str());
+    const Py_ssize_t count = PySequence_Check(sequence.ptr()) != 0 ? PySequence_Size(sequence.ptr()) : -1;
+    if (count < 0) {
+        PyErr_Clear();
+        throw nb::type_error((std::string(what) + ", not " + kivpython::name_of_type(sequence)).c_str());
     }
-    const std::size_t count = nb::len(sequence);
-    if (count < least || count > most || (count != least && count != most)) {
-        throw nb::value_error((what + ", not " + std::to_string(count) + " of them").c_str());
+    if (count != few && count != many) {
+        throw nb::value_error((std::string(what) + ", not " + std::to_string(count) + " of them").c_str());
     }
-    std::vector<int> ints;
-    for (std::size_t i = 0; i < count; ++i) {
-        ints.push_back(static_cast<int>(int_of(sequence[i], what)));
+    for (Py_ssize_t i = 0; i < count; ++i) {
+        const nb::object item = nb::steal(PySequence_GetItem(sequence.ptr(), i));
+        if (!item.is_valid()) {
+            throw nb::python_error();
+        }
+        ints[i] = int_of(item, what);
     }
-    return ints;
+    return count;
 }
 
 } // namespace
@@ -127,7 +131,8 @@ void Buffer::RefuseKind(const char* taken) const
 
 Frame frame_of(nb::handle shape)
 {
-    const std::vector<int> ints = ints_of(shape, 2, 2, "shape must be a pair (height, width)");
+    int ints[2];
+    take_ints(shape, 2, 2, ints, "shape must be a pair (height, width)");
     if (ints[0] < 0 || ints[1] < 0) {
         throw nb::value_error("shape must not be negative");
     }
@@ -136,19 +141,25 @@ Frame frame_of(nb::handle shape)
 
 KivRunBox box_of(nb::handle box)
 {
-    const std::vector<int> ints =
-        ints_of(box, 2, 4, "a box must be a Box (row_begin, row_end, col_begin, col_end), or a shape (height, width)");
-    if (ints.size() == 4) {
+    int ints[4];
+    const Py_ssize_t count = take_ints(
+        box, 2, 4, ints, "a box must be a Box (row_begin, row_end, col_begin, col_end), or a shape (height, width)");
+    if (count == 4) {
         return {ints[0], ints[1], ints[2], ints[3]};
     }
     const Frame frame = frame_of(box);
     return {0, frame.height - 1, 0, frame.width - 1};
 }
 
+nb::handle type_of_package(const char* name)
+{
+    return nb::object(nb::module_::import_("kivdataconvert._types").attr(name)).release();
+}
+
 nb::object python_box(const KivRunBox& box)
 {
-    return nb::module_::import_("kivdataconvert._types")
-        .attr("Box")(box.rowBegin, box.rowEnd, box.colBegin, box.colEnd);
+    static const nb::handle type = type_of_package("Box");
+    return type(box.rowBegin, box.rowEnd, box.colBegin, box.colEnd);
 }
 
 KivRuns::Connectivity connectivity_of(int connectivity)
@@ -173,7 +184,8 @@ std::vector<KivRunSet> sets_of(nb::handle sets)
 
 Pair pair_of(nb::handle pair, const char* what)
 {
-    const std::vector<int> ints = ints_of(pair, 2, 2, what);
+    int ints[2];
+    take_ints(pair, 2, 2, ints, what);
     return {ints[0], ints[1]};
 }
 

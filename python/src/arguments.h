@@ -108,6 +108,9 @@ Frame frame_of(nb::handle shape);
 /// A Box, anything else with its four numbers, or a frame (height, width), whose first pixel is (0, 0).
 KivRunBox box_of(nb::handle box);
 
+/// One of the classes that the package has in Python. It lives as long as the interpreter, so look it up once.
+nb::handle type_of_package(const char* name);
+
 /// The same as a Box of Python.
 nb::object python_box(const KivRunBox& box);
 

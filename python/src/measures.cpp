@@ -97,7 +97,8 @@ nb::object measured(const KivRunSet& set, int connectivity)
     for (const RealColumn& column : real_columns) {
         fields[column.name] = column.value(row);
     }
-    return nb::module_::import_("kivdataconvert._types").attr("Measures")(**fields);
+    static const nb::handle type = type_of_package("Measures");
+    return type(**fields);
 }
 
 nb::dict measured_components(const KivRunSet& set, int connectivity)
