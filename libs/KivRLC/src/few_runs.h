@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Rows of few runs, combined run by run.
-//
-// An intersection walks along two lists of stretches and keeps where they overlap. The other operations are
-// intersections, too: a difference is what one set has and the other one lacks, a union lacks what both lack, and the
-// symmetric difference of two sets is the union of their differences, whose stretches come in order where they are
-// taken turn by turn.
+// Rows of few runs, combined run by run: two lists of runs are walked side by side. Which of two runs goes first can
+// hardly be guessed, so that it decides about numbers, not about a branch.
 #pragma once
 
 #include "truth_table.h"
@@ -19,98 +15,83 @@
 namespace kivrlc
 {
 
-/// The pixels of a row that a set has, or those that it lacks, as stretches from left to right. What it lacks reaches
-/// without bounds to both sides.
-template <bool lacking>
-class Stretches
+inline Run* put(Run run, bool kept, Run* out)
+{
+    *out = run;
+    return out + (kept ? 1 : 0);
+}
+
+/// What two rows have in common. Of two runs, the one that ends first can meet nothing further.
+inline Run* intersect(RowRuns a, RowRuns b, Run* out)
+{
+    const int row = a.begin->row;
+    while (a.begin != a.end && b.begin != b.end) {
+        const int begin = std::max(a.begin->colBegin, b.begin->colBegin);
+        const int end = std::min(a.begin->colEnd, b.begin->colEnd);
+        out = put({row, begin, end}, begin <= end, out);
+        const bool a_ends_first = a.begin->colEnd < b.begin->colEnd;
+        a.begin += a_ends_first ? 1 : 0;
+        b.begin += a_ends_first ? 0 : 1;
+    }
+    return out;
+}
+
+/// The first row without the second. Of a run, what lies between the run that was cut out last and the next one is
+/// left.
+inline Run* subtract(RowRuns a, RowRuns b, Run* out)
+{
+    const int row = a.begin->row;
+    std::int64_t behind_cut = a.begin->colBegin;
+    while (a.begin != a.end && b.begin != b.end) {
+        const std::int64_t begin = std::max<std::int64_t>(a.begin->colBegin, behind_cut);
+        const std::int64_t end = std::min<std::int64_t>(a.begin->colEnd, std::int64_t{b.begin->colBegin} - 1);
+        out = put({row, static_cast<int>(begin), static_cast<int>(end)}, begin <= end, out);
+        const bool a_ends_first = a.begin->colEnd <= b.begin->colEnd;
+        behind_cut = a_ends_first ? behind_cut : std::int64_t{b.begin->colEnd} + 1;
+        a.begin += a_ends_first ? 1 : 0;
+        b.begin += a_ends_first ? 0 : 1;
+    }
+    if (a.begin == a.end) {
+        return out;
+    }
+    *out = {row, static_cast<int>(std::max<std::int64_t>(a.begin->colBegin, behind_cut)), a.begin->colEnd};
+    return std::copy(a.begin + 1, a.end, out + 1);
+}
+
+/// Adds runs in the order of their begins to a run that grows as long as they meet it.
+class Union
 {
 public:
-    explicit Stretches(RowRuns runs) : runs_(runs) { look(); }
+    Union(const Run& first, Run* out) : run_(first), out_(out) {}
 
-    std::int64_t begin() const { return begin_; }
-    std::int64_t end() const { return end_; }
-
-    /// Goes to the next stretch; false if there is none.
-    bool next()
+    void add(const Run& run)
     {
-        if (runs_.begin == runs_.end) {
-            return false;
-        }
-        if constexpr (lacking) {
-            begin_ = std::int64_t{runs_.begin->colEnd} + 1;
-        }
-        ++runs_.begin;
-        return look();
+        const bool apart = std::int64_t{run.colBegin} - 1 > run_.colEnd;
+        out_ = put(run_, apart, out_);
+        run_.colBegin = apart ? run.colBegin : run_.colBegin;
+        run_.colEnd = std::max(run_.colEnd, run.colEnd);
     }
+
+    Run* end() { return put(run_, true, out_); }
 
 private:
-    static constexpr std::int64_t unbounded = std::int64_t{1} << 40;
-
-    bool look()
-    {
-        const bool at_end = runs_.begin == runs_.end;
-        if constexpr (lacking) {
-            end_ = at_end ? unbounded : std::int64_t{runs_.begin->colBegin} - 1;
-            return true;
-        } else if (!at_end) {
-            begin_ = runs_.begin->colBegin;
-            end_ = runs_.begin->colEnd;
-        }
-        return !at_end;
-    }
-
-    RowRuns runs_;
-    std::int64_t begin_ = -unbounded;
-    std::int64_t end_ = 0;
-};
-
-/// Writes stretches as runs, or the runs between stretches.
-template <bool between>
-class StretchWriter
-{
-public:
-    StretchWriter(int row, Run* out) : row_(row), out_(out) {}
-
-    void add_first(std::int64_t begin, std::int64_t end)
-    {
-        if constexpr (between) {
-            begin_ = end + 1;
-        } else {
-            add(begin, end);
-        }
-    }
-
-    /// Nothing, if the begin lies past the end.
-    void add(std::int64_t begin, std::int64_t end)
-    {
-        if constexpr (between) {
-            *out_ = {row_, static_cast<int>(begin_), static_cast<int>(begin - 1)};
-            begin_ = begin <= end ? end + 1 : begin_;
-        } else {
-            *out_ = {row_, static_cast<int>(begin), static_cast<int>(end)};
-        }
-        out_ += begin <= end ? 1 : 0;
-    }
-
-    Run* end() const { return out_; }
-
-private:
-    int row_;
-    std::int64_t begin_ = 0;
+    Run run_;
     Run* out_;
 };
 
-template <bool lacking_a, bool lacking_b, bool between>
-Run* intersect(RowRuns a_runs, RowRuns b_runs, Run* out)
+inline Run* unite(RowRuns a, RowRuns b, Run* out)
 {
-    Stretches<lacking_a> a(a_runs);
-    Stretches<lacking_b> b(b_runs);
-    StretchWriter<between> writer(a_runs.begin->row, out);
-    writer.add_first(std::max(a.begin(), b.begin()), std::min(a.end(), b.end()));
-    while (a.end() < b.end() ? a.next() : b.next()) {
-        writer.add(std::max(a.begin(), b.begin()), std::min(a.end(), b.end()));
+    const Run& first = a.begin->colBegin < b.begin->colBegin ? *a.begin : *b.begin;
+    Union made({a.begin->row, first.colBegin, first.colEnd}, out);
+    while (a.begin != a.end && b.begin != b.end) {
+        const bool a_begins_first = a.begin->colBegin < b.begin->colBegin;
+        made.add(a_begins_first ? *a.begin : *b.begin);
+        a.begin += a_begins_first ? 1 : 0;
+        b.begin += a_begins_first ? 0 : 1;
     }
-    return writer.end();
+    const RowRuns rest = a.begin != a.end ? a : b;
+    std::for_each(rest.begin, rest.end, [&made](const Run& run) { made.add(run); });
+    return made.end();
 }
 
 /// The places of a row where a set begins or stops, from left to right.
@@ -174,20 +155,14 @@ template <TruthTable table>
 Run* combine_few(RowRuns a, RowRuns b, Run* out)
 {
     if constexpr (table == in_any) {
-        return intersect<true, true, true>(a, b, out);
+        return unite(a, b, out);
     } else if constexpr (table == in_both) {
-        return intersect<false, false, false>(a, b, out);
+        return intersect(a, b, out);
     } else if constexpr (table == in_first_only) {
-        return intersect<false, true, false>(a, b, out);
+        return subtract(a, b, out);
     } else {
         return differ(a, b, out);
     }
-}
-
-inline Run* put(Run run, bool kept, Run* out)
-{
-    *out = run;
-    return out + (kept ? 1 : 0);
 }
 
 /// Combines a row of one run each.

@@ -33,10 +33,13 @@ template <TruthTable table>
 Run* combine_row(RowRuns a, RowRuns b, Run* out)
 {
     const std::ptrdiff_t runs = (a.end - a.begin) + (b.end - b.begin);
-    if (runs == 2) {
-        return combine_two<table>(*a.begin, *b.begin, out);
-    }
     return runs > 8 && is_dense(a, b) ? combine_words<table>(a, b, out) : combine_few<table>(a, b, out);
+}
+
+/// Whether a run, none of which stand before it on its row, is the only one there.
+inline bool is_alone(const Run* run, const Run* end)
+{
+    return run + 1 == end || run[1].row != run->row;
 }
 
 /// Copies the runs above a row, if they are kept, moved down by some rows.
@@ -66,6 +69,8 @@ Run* sweep(KivRunView as, KivRunView bs, Run* out, std::int64_t lower = 0)
             out = copy_above<table.only_a>(a, as.end(), row_of_b, 0, out);
         } else if (row_of_b < a->row) {
             out = copy_above<table.only_b>(b, bs.end(), a->row, lower, out);
+        } else if (is_alone(a, as.end()) && is_alone(b, bs.end())) {
+            out = combine_two<table>(*a++, *b++, out);
         } else {
             const RowRuns of_a{a, end_of_row(a, as.end())};
             const RowRuns of_b{b, end_of_row(b, bs.end())};
