@@ -6,6 +6,8 @@
 #include "foundation/first_member.h"
 #include "foundation/masks.h"
 
+#include <KivRLC/KivRunLists.h>
+
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -53,6 +55,7 @@ FramedRuns parts_of(KivRegion& region)
 
 void create_region(KivRegion& region, Frame frame, RunList runs)
 {
+    KivRuns::GiveBackSpareRoom(runs);
     region.CreateRegion(frame.width, frame.height, std::move(runs));
 }
 
@@ -74,7 +77,19 @@ bool has_columns(KivROI& /*roi*/, const FramedRuns& mask)
 
 void become_mask(KivROI& roi, Frame frame, RunList runs)
 {
+    KivRuns::GiveBackSpareRoom(runs);
     roi.Parameters().GenMask(std::move(runs), frame.width, frame.height);
+}
+
+std::optional<RunList> combined_sets(PlainOperation operation, RunView a, RunView b)
+{
+    const auto append =
+        operation == PlainOperation::intersection ? KivRuns::AppendIntersection : KivRuns::AppendDifference;
+    RunList runs;
+    if (!append({a.data(), a.size()}, {b.data(), b.size()}, runs)) {
+        return std::nullopt;
+    }
+    return runs;
 }
 
 RunList runs_of_image(const cv::Mat& pixels, MaskBytes /*bytes*/)

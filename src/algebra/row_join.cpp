@@ -34,19 +34,13 @@ public:
         }
         const RunView runs = leading_row(rest_);
         rest_ = rest_.subspan(runs.size());
-        if (rest_.empty() && is_withheld(runs)) {
+        if (rest_.empty() && is_withheld(rule_, runs)) {
             return runs.first(runs.size() == all_.size() ? 1 : 0);
         }
         return runs;
     }
 
 private:
-    bool is_withheld(RunView last_row) const
-    {
-        return rule_ == LastRowOfB::withheld ||
-               (rule_ == LastRowOfB::withheld_unless_single_run && last_row.size() > 1);
-    }
-
     RunView all_;
     RunView rest_;
     LastRowOfB rule_;

@@ -28,6 +28,12 @@ enum class LastRowOfB {
     withheld,
 };
 
+/// Whether the rule withholds the runs of B's last row.
+inline bool is_withheld(LastRowOfB rule, RunView last_row)
+{
+    return rule == LastRowOfB::withheld || (rule == LastRowOfB::withheld_unless_single_run && last_row.size() > 1);
+}
+
 enum class UnmatchedRows { kept, dropped };
 
 /// Combines the runs of A and of B on one row and appends the result. Appended runs take the row of their run of A.

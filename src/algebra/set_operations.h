@@ -5,6 +5,9 @@
 
 #include "algebra/row_join.h"
 #include "algebra/run_pairs.h"
+#include "foundation/data_types.h"
+
+#include <optional>
 
 namespace kiv
 {
@@ -17,6 +20,7 @@ enum class ResultFrame {
 struct SetOperation {
     JoinRules rules;
     RowFunction combine_row;
+    std::optional<PlainOperation> of_sets; // what sets give except at the ends of the lists
     ResultFrame frame;
 };
 
@@ -27,6 +31,7 @@ inline constexpr SetOperation region_union = {
               .rows_only_in_a = UnmatchedRows::kept,
               .rows_only_in_b = UnmatchedRows::kept},
     .combine_row = unite_row,
+    .of_sets = std::nullopt,
     .frame = ResultFrame::larger,
 };
 
@@ -37,6 +42,7 @@ inline constexpr SetOperation roi_union = {
               .rows_only_in_a = UnmatchedRows::kept,
               .rows_only_in_b = UnmatchedRows::kept},
     .combine_row = unite_row,
+    .of_sets = std::nullopt,
     .frame = ResultFrame::larger,
 };
 
@@ -47,6 +53,7 @@ inline constexpr SetOperation region_intersection = {
               .rows_only_in_a = UnmatchedRows::dropped,
               .rows_only_in_b = UnmatchedRows::dropped},
     .combine_row = intersect_row,
+    .of_sets = PlainOperation::intersection,
     .frame = ResultFrame::of_a,
 };
 
@@ -57,6 +64,7 @@ inline constexpr SetOperation roi_intersection = {
               .rows_only_in_a = UnmatchedRows::dropped,
               .rows_only_in_b = UnmatchedRows::dropped},
     .combine_row = intersect_row,
+    .of_sets = PlainOperation::intersection,
     .frame = ResultFrame::of_a,
 };
 
@@ -68,6 +76,7 @@ inline constexpr SetOperation difference = {
               .rows_only_in_a = UnmatchedRows::kept,
               .rows_only_in_b = UnmatchedRows::dropped},
     .combine_row = cut_row,
+    .of_sets = PlainOperation::difference,
     .frame = ResultFrame::of_a,
 };
 

@@ -42,6 +42,14 @@ bool has_columns(KivROI& roi, const FramedRuns& mask);
 /// Replaces an ROI by a mask of the given frame and runs.
 void become_mask(KivROI& roi, Frame frame, RunList runs);
 
+// Sets of runs.
+
+enum class PlainOperation { intersection, difference };
+
+/// The plain intersection or difference of two lists, if the data types have operations of their own for it and both
+/// lists are those of sets: maximal runs in ascending order.
+std::optional<RunList> combined_sets(PlainOperation operation, RunView a, RunView b);
+
 // Runs from pixels, in the order of the extractor.
 
 enum class MaskBytes { as_stored, normalised };

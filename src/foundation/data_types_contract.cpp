@@ -108,6 +108,11 @@ void become_mask(KivROI& roi, Frame frame, RunList runs)
     parameters_of(roi).GenMask(arrays.rows, arrays.col_begins, arrays.col_ends, frame.width, frame.height);
 }
 
+std::optional<RunList> combined_sets(PlainOperation /*operation*/, RunView /*a*/, RunView /*b*/)
+{
+    return std::nullopt;
+}
+
 RunList runs_of_image(const cv::Mat& pixels, MaskBytes bytes)
 {
     cv::Mat copy = bytes == MaskBytes::normalised ? normalised_copy_of(pixels) : pixels.clone();

@@ -55,6 +55,16 @@ inline RunView leading_row(RunView runs)
     return runs.first(length);
 }
 
+/// The runs on the last row of a list that is not empty and whose rows ascend.
+inline RunView last_row(RunView runs)
+{
+    std::size_t length = 1;
+    while (length < runs.size() && row_of(runs[runs.size() - 1 - length]) == row_of(runs.back())) {
+        ++length;
+    }
+    return runs.last(length);
+}
+
 /// Width and height in pixels, as reported by a region, a mask or an image; negative ones are passed on unchanged.
 struct Frame {
     int width = 0;

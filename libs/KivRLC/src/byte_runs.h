@@ -70,16 +70,21 @@ struct ByteRow {
     }
 };
 
-/// Appends the runs of one row from `next` on, and returns where the runs after them go.
-template <class Pixels, class Runs>
-Run* append_row(const Pixels& pixels, int row, int columns, RunRoom<Runs>& room, Run* next)
+/// A word has at most 32 runs beside the one that reaches into it; that one and the first one behind the word take two
+/// places more.
+inline constexpr std::size_t word_runs = word_pixels / 2 + 2;
+
+/// Appends the runs of one row from `next` on, where there is room for a word, and returns where the runs after them
+/// go, where there is room again. `make_room(next)` makes it.
+template <class Pixels, class MakeRoom>
+Run* append_row(const Pixels& pixels, int row, int columns, Run* next, MakeRoom make_room)
 {
     RowEnd at{next, false};
     int x = 0;
     for (; columns - x >= word_pixels; x += word_pixels) {
         if (!pixels.is_all(at.inside, x)) {
             at = with_word(pixels.word(x), row, x, at);
-            at.next = room.with_room(at.next);
+            at.next = make_room(at.next);
         }
     }
     if (x < columns) {
@@ -89,7 +94,7 @@ Run* append_row(const Pixels& pixels, int row, int columns, RunRoom<Runs>& room,
         at.next->colEnd = columns - 1;
         ++at.next;
     }
-    return room.with_room(at.next);
+    return make_room(at.next);
 }
 
 /// Appends the maximal runs of the foreground of `rows` rows of `columns` pixels, which row_at(0) and so on are. Rows
@@ -98,10 +103,15 @@ Run* append_row(const Pixels& pixels, int row, int columns, RunRoom<Runs>& room,
 template <class RowAt, class Runs>
 void append_rows(const RowAt& row_at, int columns, int rows, Runs& runs)
 {
-    RunRoom<Runs> room(runs);
+    RunRoom<Runs> room(runs, 2 * word_runs);
     Run* next = room.begin();
     for (int row = 0; row < rows; ++row) {
-        next = append_row(row_at(row), row, columns, room, next);
+        const auto make_room = [&](Run* behind) {
+            return room.with_room(behind, word_runs, [&] {
+                return Progress{static_cast<std::size_t>(row) + 1, static_cast<std::size_t>(rows)};
+            });
+        };
+        next = append_row(row_at(row), row, columns, next, make_room);
     }
     room.keep(next);
 }

@@ -7,17 +7,19 @@
 
 #include "few_runs.h"
 #include "run_neighbours.h"
+#include "run_room.h"
 #include "word_row.h"
 
 #include <KivRLC/KivRunBuffer.h>
 
 #include <algorithm>
-#include <limits>
+#include <cstddef>
+#include <cstdint>
 
 namespace kivrlc
 {
 
-/// How many runs a sweep may write beyond those that it makes.
+/// How many runs a row may write beyond those that it makes.
 inline constexpr std::size_t sweep_slack = WordWriter::slack;
 
 /// Whether there are so many runs for their width that words are quicker.
@@ -42,59 +44,74 @@ inline bool is_alone(const Run* run, const Run* end)
     return run + 1 == end || run[1].row != run->row;
 }
 
-/// Copies the runs above a row, if they are kept, moved down by some rows.
-template <bool kept>
-Run* copy_above(const Run*& run, const Run* end, std::int64_t row, std::int64_t lower, Run* out)
+/// The first run that does not lie above a row, where rows are moved down by `lower`.
+inline const Run* end_above(const Run* run, const Run* end, std::int64_t row, std::int64_t lower)
 {
     do {
-        if constexpr (kept) {
-            *out++ = {static_cast<int>(run->row + lower), run->colBegin, run->colEnd};
-        }
         ++run;
     } while (run != end && run->row + lower < row);
+    return run;
+}
+
+/// Copies runs, if they are kept, moved down by some rows.
+template <bool kept>
+Run* copy_lower(const Run* run, const Run* end, std::int64_t lower, Run* out)
+{
+    if constexpr (kept) {
+        out = std::transform(run, end, out, [lower](const Run& it) {
+            return Run{static_cast<int>(it.row + lower), it.colBegin, it.colEnd};
+        });
+    }
     return out;
 }
 
-/// Combines two sets, the second of which is moved down by `lower` rows. `out` has room for the runs of both and
-/// sweep_slack more. Returns the end of the result.
-template <TruthTable table>
-Run* sweep(KivRunView as, KivRunView bs, Run* out, std::int64_t lower = 0)
+/// Appends what the truth table says of two sets, the second of which is moved down by `lower` rows. If there is no
+/// memory for it, `runs` are left as they were.
+template <TruthTable table, class Runs>
+void sweep(KivRunView as, KivRunView bs, Runs& runs, std::int64_t lower = 0)
 {
-    constexpr std::int64_t below_all = std::numeric_limits<std::int64_t>::max();
+    // Room for few runs at first: what becomes of these tells how many there will be.
+    const std::size_t most = as.size() + bs.size();
+    RunRoom<Runs> room(runs, std::min(most, most / 16 + 64) + sweep_slack);
+    Run* out = room.begin();
     const Run* a = as.begin();
     const Run* b = bs.begin();
+    const auto room_for = [&](std::ptrdiff_t more) {
+        return room.with_room(out, static_cast<std::size_t>(more) + sweep_slack, [&] {
+            return Progress{static_cast<std::size_t>((a - as.begin()) + (b - bs.begin())), most};
+        });
+    };
     while (a != as.end() && b != bs.end()) {
         const std::int64_t row_of_b = b->row + lower;
         if (a->row < row_of_b) {
-            out = copy_above<table.only_a>(a, as.end(), row_of_b, 0, out);
+            const Run* const end = end_above(a, as.end(), row_of_b, 0);
+            out = copy_lower<table.only_a>(a, end, 0, table.only_a ? room_for(end - a) : out);
+            a = end;
         } else if (row_of_b < a->row) {
-            out = copy_above<table.only_b>(b, bs.end(), a->row, lower, out);
+            const Run* const end = end_above(b, bs.end(), a->row, lower);
+            out = copy_lower<table.only_b>(b, end, lower, table.only_b ? room_for(end - b) : out);
+            b = end;
         } else if (is_alone(a, as.end()) && is_alone(b, bs.end())) {
-            out = combine_two<table>(*a++, *b++, out);
+            out = combine_two<table>(*a++, *b++, room_for(2));
         } else {
             const RowRuns of_a{a, end_of_row(a, as.end())};
             const RowRuns of_b{b, end_of_row(b, bs.end())};
-            out = combine_row<table>(of_a, of_b, out);
+            out = combine_row<table>(of_a, of_b, room_for((of_a.end - a) + (of_b.end - b)));
             a = of_a.end;
             b = of_b.end;
         }
     }
-    if constexpr (table.only_a) {
-        out = std::copy(a, as.end(), out);
-    }
-    if constexpr (table.only_b) {
-        out = b == bs.end() ? out : copy_above<true>(b, bs.end(), below_all, lower, out);
-    }
-    return out;
+    out = room_for((as.end() - a) + (bs.end() - b));
+    out = copy_lower<table.only_a>(a, as.end(), 0, out);
+    room.keep(copy_lower<table.only_b>(b, bs.end(), lower, out));
 }
 
 /// The same, as runs.
 template <TruthTable table>
 RunBuffer swept(KivRunView as, KivRunView bs, std::int64_t lower = 0)
 {
-    RunBuffer runs(as.size() + bs.size() + sweep_slack);
-    const Run* const end = sweep<table>(as, bs, runs.data(), lower);
-    runs.resize(static_cast<std::size_t>(end - runs.data()));
+    RunBuffer runs;
+    sweep<table>(as, bs, runs, lower);
     return runs;
 }
 

@@ -1,24 +1,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "byte_words.h"
-
 #include <KivRLC/KivRun.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 namespace kivrlc
 {
 
+/// How much of some work is done.
+struct Progress {
+    std::size_t done;
+    std::size_t all;
+};
+
 /// Room at the end of a vector of runs, written to through a pointer, which costs less than to append one by one. In
 /// the end the vector has what it had before and what was kept, and no room.
+///
+/// Where the vector has to grow, it grows to what the work will come to if it goes on as it began, since moving a list
+/// takes the memory of both.
 template <class Runs>
 class RunRoom
 {
 public:
-    /// Has room for the runs of a word and of the row's last pixels.
-    explicit RunRoom(Runs& runs) : runs_(runs), size_(runs.size()) { make_room(size_); }
+    /// Has room for so many runs at first.
+    RunRoom(Runs& runs, std::size_t expected) : runs_(runs), size_(runs.size())
+    {
+        runs_.reserve(size_ + expected);
+        make_room(size_, 0);
+    }
     RunRoom(const RunRoom&) = delete;
     RunRoom& operator=(const RunRoom&) = delete;
     ~RunRoom() { runs_.resize(size_); }
@@ -26,15 +38,19 @@ public:
     /// Where the first run goes.
     Run* begin() { return runs_.data() + size_; }
 
-    /// Where the next run goes if there is room for the runs of a word from there on; makes some if not. What was
-    /// written before it moves along, and so does what was written of the next run.
-    Run* with_room(Run* next)
+    /// Where the next run goes if there is room for so many; makes some if not. What was written before it moves along,
+    /// and so does what was written of the next run. `progress()` is asked only then.
+    template <class AskProgress>
+    Run* with_room(Run* next, std::size_t needed, AskProgress progress)
     {
-        if (next < full_) {
+        if (reinterpret_cast<std::uintptr_t>(end_) - reinterpret_cast<std::uintptr_t>(next) >= needed * sizeof(Run)) {
             return next;
         }
         const auto count = static_cast<std::size_t>(next - runs_.data());
-        make_room(count);
+        if (runs_.capacity() - count < needed) {
+            runs_.reserve(count + std::max(needed, expected_more(count, progress())));
+        }
+        make_room(count, needed);
         return runs_.data() + count;
     }
 
@@ -42,21 +58,37 @@ public:
     void keep(const Run* stop) { size_ = static_cast<std::size_t>(stop - runs_.data()); }
 
 private:
-    /// A word has at most 32 runs beside the one that reaches into it; that one and the first one behind the word take
-    /// two places more.
-    static constexpr std::size_t least = word_pixels / 2 + 2;
     /// As much as the nearest cache holds, as most vectors clear their room first.
-    static constexpr std::size_t most = 1024;
+    static constexpr std::size_t at_once = 1024;
 
-    void make_room(std::size_t count)
+    std::size_t expected_more(std::size_t count, Progress progress) const
     {
-        runs_.resize(count + std::clamp(count, 2 * least, most));
-        full_ = runs_.data() + (runs_.size() - least);
+        const double growth =
+            static_cast<double>(progress.all) / static_cast<double>(std::max<std::size_t>(progress.done, 1));
+        const auto made = static_cast<double>(count - size_);
+        const double more = made * std::clamp(growth * 1.0625 - 1, 0.25, 7.0);
+        return static_cast<std::size_t>(more);
+    }
+
+    void make_room(std::size_t count, std::size_t needed)
+    {
+        runs_.resize(std::min(count + std::max(needed, at_once), runs_.capacity()));
+        end_ = runs_.data() + runs_.size();
     }
 
     Runs& runs_;
     std::size_t size_;
-    Run* full_ = nullptr;
+    Run* end_ = nullptr;
 };
+
+/// Gives back the memory of a list that is much larger than its runs. A kilobyte is not worth the copy.
+template <class Runs>
+void give_back_spare_room(Runs& runs)
+{
+    const std::size_t spare = runs.capacity() - runs.size();
+    if (spare > runs.size() / 4 && spare * sizeof(Run) > 1024) {
+        runs = Runs(runs.begin(), runs.end());
+    }
+}
 
 } // namespace kivrlc

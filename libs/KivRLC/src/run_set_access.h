@@ -2,6 +2,8 @@
 // How the library's own operations make sets from runs that are maximal and in order already.
 #pragma once
 
+#include "run_room.h"
+
 #include <KivRLC/KivRunSet.h>
 
 #include <algorithm>
@@ -12,13 +14,11 @@ namespace kivrlc
 {
 
 struct RunSetAccess {
-    /// The set of these runs, which are taken over as they are, or copied where they fill less than half of their room.
+    /// The set of these runs, which are taken over without copying, unless they fill little of their room.
     static KivRunSet make(RunBuffer&& runs)
     {
         assert(KivRunSet::WhyNotCanonical(runs).empty());
-        if (runs.size() < runs.capacity() / 2) {
-            runs = RunBuffer(runs.begin(), runs.end());
-        }
+        give_back_spare_room(runs);
         KivRunSet set;
         set.runs_ = std::move(runs);
         return set;

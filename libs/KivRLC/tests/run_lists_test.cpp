@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+// Operations on lists against those on sets, and how lists grow.
+#include "run_sets.h"
+
+#include <KivRLC/KivRunLists.h>
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <random>
+#include <utility>
+#include <vector>
+
+namespace
+{
+
+using run_sets::random_mask;
+using run_sets::runs_of;
+using run_sets::set_of;
+using Runs = std::vector<Run>;
+
+Runs random_list(std::mt19937& random)
+{
+    std::uniform_int_distribution<int> length(0, 5);
+    std::uniform_int_distribution<int> row(-1, 1);
+    std::uniform_int_distribution<int> column(0, 6);
+    Runs runs(static_cast<std::size_t>(length(random)));
+    for (Run& run : runs) {
+        run = {row(random), column(random), column(random)};
+    }
+    return runs;
+}
+
+TEST(RunLists, AreCanonicalIfASetHasThem)
+{
+    std::mt19937 random(1);
+    for (int i = 0; i < 20000; ++i) {
+        const Runs runs = random_list(random);
+        EXPECT_EQ(KivRuns::IsCanonical(runs), KivRunSet::WhyNotCanonical(runs).empty());
+    }
+}
+
+TEST(RunLists, AreCanonicalWhereIntsEnd)
+{
+    EXPECT_TRUE(KivRuns::IsCanonical(Runs{{INT_MIN, INT_MIN, INT_MAX}, {INT_MAX, INT_MIN, INT_MAX}}));
+    EXPECT_TRUE(KivRuns::IsCanonical(Runs{{0, INT_MIN, INT_MIN}, {0, INT_MAX, INT_MAX}}));
+    EXPECT_FALSE(KivRuns::IsCanonical(Runs{{INT_MAX, 0, 0}, {INT_MIN, 0, 0}}));
+    EXPECT_FALSE(KivRuns::IsCanonical(Runs{{0, INT_MAX, INT_MAX}, {0, INT_MIN, INT_MIN}}));
+    EXPECT_FALSE(KivRuns::IsCanonical(Runs{{0, INT_MIN, INT_MAX}, {0, INT_MIN, INT_MAX}}));
+    EXPECT_FALSE(KivRuns::IsCanonical(Runs{{0, INT_MAX, INT_MIN}}));
+}
+
+TEST(RunLists, AreCombinedBehindWhatIsThere)
+{
+    const Runs a = {{0, 0, 5}, {1, 0, 1}};
+    const Runs b = {{0, 3, 8}, {2, 4, 4}};
+    Runs out = {{9, 9, 9}};
+    EXPECT_TRUE(KivRuns::AppendIntersection(a, b, out));
+    EXPECT_EQ(out, (Runs{{9, 9, 9}, {0, 3, 5}}));
+    EXPECT_TRUE(KivRuns::AppendDifference(a, b, out));
+    EXPECT_EQ(out, (Runs{{9, 9, 9}, {0, 3, 5}, {0, 0, 2}, {1, 0, 1}}));
+}
+
+TEST(RunLists, AreNotCombinedUnlessBothAreCanonical)
+{
+    const Runs touching = {{0, 0, 5}, {0, 6, 8}};
+    const Runs b = {{0, 3, 8}, {2, 4, 4}};
+    Runs out = {{9, 9, 9}};
+    EXPECT_FALSE(KivRuns::AppendIntersection(touching, b, out));
+    EXPECT_FALSE(KivRuns::AppendIntersection(b, touching, out));
+    EXPECT_FALSE(KivRuns::AppendDifference(touching, b, out));
+    EXPECT_FALSE(KivRuns::AppendDifference(b, touching, out));
+    EXPECT_EQ(out, (Runs{{9, 9, 9}}));
+}
+
+TEST(RunLists, AreCombinedAsSetsAre)
+{
+    std::mt19937 random(2);
+    for (int i = 0; i < 300; ++i) {
+        const KivRunSet a = set_of(random_mask(200, 20, 1 + i % 20, random));
+        const KivRunSet b = set_of(random_mask(200, 20, 1 + i % 20, random));
+        Runs intersection;
+        Runs difference;
+        EXPECT_TRUE(KivRuns::AppendIntersection(a.Runs(), b.Runs(), intersection));
+        EXPECT_TRUE(KivRuns::AppendDifference(a.Runs(), b.Runs(), difference));
+        EXPECT_EQ(intersection, runs_of(a & b));
+        EXPECT_EQ(difference, runs_of(a - b));
+    }
+}
+
+/// Rows of `few` runs, and as many rows of `many`.
+KivRunSet uneven(int rows, int few, int many)
+{
+    Runs runs;
+    for (int row = 0; row < 2 * rows; ++row) {
+        for (int i = 0; i < (row < rows ? few : many); ++i) {
+            runs.push_back({row, 10 * i, 10 * i + 4});
+        }
+    }
+    return KivRunSet(runs);
+}
+
+TEST(RunLists, GrowAsResultsDo)
+{
+    for (const auto& [few, many] : {std::pair{0, 50}, {1, 200}, {200, 1}, {50, 0}}) {
+        const KivRunSet set = uneven(300, few, many);
+        const KivRunSet lower = uneven(300, many, few);
+        const KivRunSet apart(Runs{{INT_MAX, 0, 0}});
+        EXPECT_EQ(set & set, set);
+        EXPECT_EQ(set | set, set);
+        EXPECT_EQ((set | apart) - apart, set);
+        EXPECT_EQ((set ^ lower) ^ lower, set);
+        EXPECT_EQ((set - lower) | (set & lower), set);
+    }
+}
+
+TEST(RunLists, GiveBackWhatTheyDoNotNeed)
+{
+    Runs runs = {{0, 1, 2}, {3, 4, 5}};
+    runs.reserve(1000);
+    KivRuns::GiveBackSpareRoom(runs);
+    EXPECT_EQ(runs, (Runs{{0, 1, 2}, {3, 4, 5}}));
+    EXPECT_LT(runs.capacity(), 100U);
+    runs.assign(1000, {1, 2, 3});
+    runs.reserve(1200);
+    const auto* const before = runs.data();
+    KivRuns::GiveBackSpareRoom(runs);
+    EXPECT_EQ(runs.data(), before);
+}
+
+} // namespace
