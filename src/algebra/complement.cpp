@@ -2,8 +2,9 @@
 #include "algebra/complement.h"
 
 #include "algebra/column_order.h"
-#include "foundation/run_sort.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 
@@ -22,64 +23,79 @@ int right_of(int column)
     return column == std::numeric_limits<int>::max() ? column : column + 1;
 }
 
-/// Appends full rows from `first` to just before `stop`. The list grows once.
-void append_full_rows(std::int64_t first, std::int64_t stop, int last_column, RunList& out)
+std::size_t count_rows(std::int64_t first, std::int64_t stop)
 {
-    if (first >= stop) {
-        return;
-    }
-    const std::size_t before = out.size();
-    out.resize(before + static_cast<std::size_t>(stop - first));
-    for (Run& run : std::span(out).subspan(before)) {
-        run = {static_cast<int>(first), 0, last_column};
-        ++first;
-    }
+    return static_cast<std::size_t>(std::max<std::int64_t>(stop - first, 0));
 }
 
-/// Appends the gaps of one row: left of its runs, between neighbours, right of them. A gap between neighbours includes
-/// the last pixel of the left run and reaches one past the first pixel of the right one, and there is one for every
-/// pair.
-void append_gaps(RunView row_runs, int last_column, RunList& out)
+/// Writes full rows from `first` to just before `stop`.
+Run* write_full_rows(std::int64_t first, std::int64_t stop, int last_column, Run* out)
 {
-    const ViewOrCopy<Run> by_column = by_first_column(row_runs);
-    const RunView runs = by_column;
+    for (; first < stop; ++first) {
+        *out++ = {static_cast<int>(first), 0, last_column};
+    }
+    return out;
+}
+
+/// Writes the gaps of one row, one more than it has runs at the most: left of its runs, between neighbours, right of
+/// them. A gap between neighbours includes the last pixel of the left run and reaches one past the first pixel of the
+/// right one, and there is one for every pair.
+Run* write_gaps(RunView runs, int last_column, Run* out)
+{
     const auto& [row, first_begin, first_end] = runs.front();
     if (first_begin != 0) {
-        out.push_back({row, 0, left_of(first_begin)});
+        *out++ = {row, 0, left_of(first_begin)};
     }
     int last_end = first_end;
     for (const auto& [same_row, begin, end] : runs.subspan(1)) {
-        out.push_back({row, last_end, right_of(begin)});
+        *out++ = {row, last_end, right_of(begin)};
         last_end = end;
     }
     if (last_end != last_column) {
-        out.push_back({row, right_of(last_end), last_column});
+        *out++ = {row, right_of(last_end), last_column};
     }
+    return out;
+}
+
+/// As many runs as the complement has at the most: one for each row without runs, and for each row with runs one more
+/// than it has.
+std::size_t most_runs(RunView runs, Frame frame)
+{
+    std::size_t gaps = runs.size() + 1;
+    std::size_t full_rows =
+        count_rows(0, row_of(runs.front())) + count_rows(std::int64_t{row_of(runs.back())} + 1, frame.height);
+    for (std::size_t i = 1; i < runs.size(); ++i) {
+        const std::int64_t rows = std::int64_t{row_of(runs[i])} - row_of(runs[i - 1]);
+        gaps += rows > 0 ? 1 : 0;
+        full_rows += rows > 1 ? static_cast<std::size_t>(rows - 1) : 0;
+    }
+    return gaps + full_rows;
 }
 
 } // namespace
 
 RunList complement(RunView delivered, Frame frame, LastRowOfComplement last_row)
 {
-    RunList out;
     if (delivered.empty()) {
-        return out;
+        return {};
     }
-    const ViewOrCopy<Run> sorted = by_row(delivered);
+    const ViewOrCopy<Run> sorted = by_row_and_first_column(delivered);
     const RunView runs = sorted;
     const int last_column = left_of(frame.width);
-    append_full_rows(0, row_of(runs.front()), last_column, out);
+    RunList out(most_runs(runs, frame));
+    Run* next = write_full_rows(0, row_of(runs.front()), last_column, out.data());
     for (RunView rest = runs; !rest.empty();) {
         const RunView group = leading_row(rest);
         rest = rest.subspan(group.size());
         if (!rest.empty()) {
-            append_full_rows(std::int64_t{row_of(group.front())} + 1, row_of(rest.front()), last_column, out);
+            next = write_full_rows(std::int64_t{row_of(group.front())} + 1, row_of(rest.front()), last_column, next);
         }
         if (!rest.empty() || last_row == LastRowOfComplement::like_any) {
-            append_gaps(group, last_column, out);
+            next = write_gaps(group, last_column, next);
         }
     }
-    append_full_rows(std::int64_t{row_of(runs.back())} + 1, frame.height, last_column, out);
+    next = write_full_rows(std::int64_t{row_of(runs.back())} + 1, frame.height, last_column, next);
+    out.resize(static_cast<std::size_t>(next - out.data()));
     return out;
 }
 
