@@ -7,6 +7,7 @@
 #include "foundation/masks.h"
 
 #include <KivRLC/KivRunLists.h>
+#include <KivRLC/KivRunSet.h>
 
 #include <algorithm>
 #include <optional>
@@ -44,6 +45,34 @@ std::optional<RunList> runs_of_ordered_pixels(const PixelLists& pixels)
         runs.push_back(run);
     }
     return runs;
+}
+
+/// The same in any order. Each pixel is a run, or lengthens the one before it.
+RunList runs_of_sorted_pixels(const PixelLists& pixels)
+{
+    RunList stretches;
+    for (std::size_t i = 0; i < pixels.columns.size(); ++i) {
+        const int column = pixels.columns[i];
+        const int row = pixels.rows[i];
+        if (column < 0 || row < 0) {
+            continue;
+        }
+        if (!stretches.empty() && stretches.back().row == row && column - stretches.back().colEnd == 1) {
+            stretches.back().colEnd = column;
+        } else {
+            stretches.push_back({row, column, column});
+        }
+    }
+    const KivRunSet set(stretches);
+    return {set.Runs().begin(), set.Runs().end()};
+}
+
+/// Whether it costs less to sort pixels than to go through a mask of the frame. Sorting takes some memory and time for
+/// each pixel, a mask for each byte, most of them next to nothing.
+bool is_large_for(Frame frame, std::size_t pixels)
+{
+    constexpr std::size_t bytes_a_pixel = 64;
+    return static_cast<std::size_t>(frame.width) * static_cast<std::size_t>(frame.height) / bytes_a_pixel > pixels;
 }
 
 } // namespace
@@ -101,9 +130,12 @@ RunList runs_of_image(const cv::Mat& pixels, MaskBytes /*bytes*/)
 
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
 {
+    require_mask_frame(frame); // whether a frame is rejected must not depend on the order of the pixels
     if (std::optional<RunList> runs = runs_of_ordered_pixels(pixels)) {
-        require_mask_frame(frame); // whether a frame is rejected must not depend on the order of the pixels
         return *std::move(runs);
+    }
+    if (is_large_for(frame, pixels.columns.size())) {
+        return runs_of_sorted_pixels(pixels);
     }
     cv::Mat mask = painted_mask(frame, pixels);
     return extract_runs(mask);

@@ -16,8 +16,8 @@ namespace
 
 constexpr int bytes_at_once = 1 << 16;
 
-/// Masks of up to 64 GB are taken to be possible.
-constexpr std::int64_t ordinary_bytes = std::int64_t{1} << 36;
+/// More bytes than a process can address on the machines that there are.
+constexpr std::int64_t too_many_bytes = std::int64_t{1} << 47;
 
 /// A new, uninitialised matrix of 8-bit pixels.
 cv::Mat unset_mask(Frame frame)
@@ -72,7 +72,7 @@ cv::Mat painted_mask(Frame frame, const PixelLists& pixels)
 
 void require_mask_frame(Frame frame)
 {
-    if (frame.width < 0 || frame.height < 0 || std::int64_t{frame.width} * frame.height > ordinary_bytes) {
+    if (frame.width < 0 || frame.height < 0 || std::int64_t{frame.width} * frame.height >= too_many_bytes) {
         unset_mask(frame);
     }
 }

@@ -17,8 +17,8 @@ cv::Mat painted_mask(Frame frame, RunView runs, int foreground = 255, int backgr
 /// A new mask, 255 at the pixels without a negative coordinate, which must lie in the frame, and 0 elsewhere.
 cv::Mat painted_mask(Frame frame, const PixelLists& pixels);
 
-/// Rejects frames that no mask can have, with the exception that making the mask raises. A mask of an ordinary size is
-/// not made for that.
+/// Rejects frames that no mask can have, with the exception that making the mask raises. No memory is taken for a mask
+/// that can be made.
 void require_mask_frame(Frame frame);
 
 /// The runs of the mask's non-zero bytes, as the extractor orders them.

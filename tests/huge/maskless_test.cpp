@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Regions of few runs in frames whose masks would take 32 GB: with the bundled data types, contours and regions are
-// made of each other without a mask.
+// Shapes of few runs in frames whose masks would take 32 GB or 16 TB: with the bundled data types no mask is made where
+// no pixel of one is read or written.
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <gtest/gtest.h>
+
+#include <vector>
 
 namespace
 {
@@ -37,6 +39,36 @@ TEST(Maskless, ContoursAreFilled)
     KivRegion region;
     EXPECT_EQ(KIVMV::KivContourArrayToRegion(contours, width, height, &region), KIVMV::KIVMV_OK);
     EXPECT_EQ(region, far_square);
+}
+
+constexpr int far_away = 1 << 22;
+const std::vector<Run> far_runs = {{1, 1, 3}, {far_away - 1, far_away - 2, far_away - 1}};
+
+TEST(Maskless, AnRoiBecomesARegion)
+{
+    KivROI roi = KivROI::Mask(far_runs, far_away, far_away);
+    KivRegion region;
+    EXPECT_EQ(KIVMV::KivROIToRegion(roi, &region), KIVMV::KIVMV_OK);
+    EXPECT_EQ(region, KivRegion(far_away, far_away, far_runs));
+}
+
+TEST(Maskless, PixelsAreListed)
+{
+    KivRegion region(far_away, far_away, far_runs);
+    KivVarArray xs;
+    KivVarArray ys;
+    EXPECT_EQ(KIVMV::KivRegionToVarArray(region, &xs, &ys), KIVMV::KIVMV_OK);
+    EXPECT_EQ(xs, (KivVarArray{1, 2, 3, far_away - 2, far_away - 1}));
+    EXPECT_EQ(ys, (KivVarArray{1, 1, 1, far_away - 1, far_away - 1}));
+}
+
+TEST(Maskless, PixelsInAnyOrderBecomeARegion)
+{
+    KivVarArray xs = {far_away - 1, 3, 1, -1, 2, far_away - 2, 2};
+    KivVarArray ys = {far_away - 1, 1, 1, 5, 1, far_away - 1, 1};
+    KivRegion region;
+    EXPECT_EQ(KIVMV::KivVarArrayToRegion(xs, ys, &region), KIVMV::KIVMV_OK);
+    EXPECT_EQ(region, KivRegion(far_away, far_away, far_runs));
 }
 
 } // namespace
