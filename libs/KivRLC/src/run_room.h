@@ -66,7 +66,7 @@ private:
         const double growth =
             static_cast<double>(progress.all) / static_cast<double>(std::max<std::size_t>(progress.done, 1));
         const auto made = static_cast<double>(count - size_);
-        const double more = made * std::clamp(growth * 1.0625 - 1, 0.25, 7.0);
+        const double more = made * std::clamp(growth * 1.0625 - 1, 0.25, 31.0);
         return static_cast<std::size_t>(more);
     }
 
