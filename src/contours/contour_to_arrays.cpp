@@ -5,6 +5,7 @@
 
 #include <KivDataConvert/KivDataConvert.h>
 
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -17,13 +18,11 @@ int KIVMV::KivContourToVarArray(KivContour& contour, KivVarArray* xs, KivVarArra
         return KIVMV_ERR_PARAM_1;
     }
 
-    std::vector<int> columns;
-    std::vector<int> rows;
-    columns.reserve(points.size());
-    rows.reserve(points.size());
-    for (const auto& point : points) {
-        columns.push_back(kiv::round_half_even(point.x));
-        rows.push_back(kiv::round_half_even(point.y));
+    std::vector<int> columns(points.size());
+    std::vector<int> rows(points.size());
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        columns[i] = kiv::round_half_even(points[i].x);
+        rows[i] = kiv::round_half_even(points[i].y);
     }
     kiv::fill_coordinates(*xs, *ys, std::move(columns), std::move(rows));
     return KIVMV_OK;

@@ -33,9 +33,17 @@ inline int truncate(double coordinate)
 }
 
 /// Rounds to the nearest int, ties to even. Saturates to the range of int; NaN becomes 0.
+///
+/// Without a branch or a call, so that compilers round several at once: doubles from 2^52 on are whole, so the sum of a
+/// coordinate and 1.5 * 2^52 is rounded to a whole number, and the difference is exact.
 inline int round_half_even(double coordinate)
 {
-    return truncate(std::nearbyint(coordinate));
+    constexpr double lowest = std::numeric_limits<int>::min();
+    constexpr double highest = std::numeric_limits<int>::max();
+    constexpr double whole = 1.5 * 4503599627370496.0;
+    const double number = coordinate == coordinate ? coordinate : 0.0;
+    const double in_range = std::min(std::max(number, lowest), highest);
+    return static_cast<int>((in_range + whole) - whole);
 }
 
 /// The frame from (0, 0) up to and including a pixel.
