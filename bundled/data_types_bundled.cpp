@@ -7,9 +7,11 @@
 #include "foundation/masks.h"
 
 #include <KivRLC/KivRunLists.h>
+#include <KivRLC/KivRunMat.h>
 #include <KivRLC/KivRunSet.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -141,6 +143,12 @@ RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
     return extract_runs(mask);
 }
 
+void paint(RunView runs, cv::Mat& mask, int foreground, int background)
+{
+    KivRuns::PaintMask({runs.data(), runs.size()}, KivRuns::ViewOf<std::uint8_t>(mask),
+                       static_cast<std::uint8_t>(foreground), static_cast<std::uint8_t>(background));
+}
+
 void trace(const FramedRuns& pixels, KivContourArray* contours)
 {
     require_mask_frame(pixels.frame);
@@ -210,16 +218,7 @@ void reserve(KivPointArray& points, std::size_t count)
 
 void append_pixels(KivPointArray& points, RunView runs)
 {
-    std::size_t count = 0;
-    for (const Run& run : runs) {
-        count += run.colBegin <= run.colEnd ? length_of(run.colBegin, run.colEnd) : 0;
-    }
-    points.Reserve(count);
-    for (const Run& run : runs) {
-        if (run.colBegin <= run.colEnd) {
-            points.AppendPixels(run.row, run.colBegin, run.colEnd);
-        }
-    }
+    points.AppendPixels(KivRunView(runs.data(), runs.size()));
 }
 
 } // namespace kiv

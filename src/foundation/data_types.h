@@ -61,6 +61,11 @@ RunList runs_of_image(const cv::Mat& pixels, MaskBytes bytes);
 /// The runs of the listed pixels, which must not lie beyond the frame. Pixels with a negative coordinate are ignored.
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame);
 
+// Pixels from runs.
+
+/// Gives the pixels of a mask that a run covers one value and all others another one.
+void paint(RunView runs, cv::Mat& mask, int foreground, int background);
+
 // Contours.
 
 /// Replaces `contours` by the borders of the pixels that the runs cover in the frame. Raises the exception that

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace kiv
 {
@@ -123,6 +124,14 @@ RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
 {
     cv::Mat mask = painted_mask(frame, pixels);
     return extract_runs(mask);
+}
+
+void paint(RunView runs, cv::Mat& mask, int foreground, int background)
+{
+    mask.setTo(background);
+    for_each_visible(runs, {mask.cols, mask.rows}, [&](int row, int first, int last) {
+        std::memset(mask.ptr(row) + first, foreground, length_of(first, last));
+    });
 }
 
 void trace(const FramedRuns& pixels, KivContourArray* contours)

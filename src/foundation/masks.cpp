@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/masks.h"
 
+#include "foundation/data_types.h"
+
 #include <KivRLC/KivRLC.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <vector>
 
 namespace kiv
 {
 namespace
 {
-
-constexpr int bytes_at_once = 1 << 16;
 
 /// More bytes than a process can address on the machines that there are.
 constexpr std::int64_t too_many_bytes = std::int64_t{1} << 47;
@@ -38,24 +36,9 @@ uchar* row_of_mask(cv::Mat& mask, int row)
 cv::Mat painted_mask(Frame frame, RunView runs, int foreground, int background)
 {
     cv::Mat mask = unset_mask(frame);
-    if (mask.empty()) {
-        return mask;
+    if (!mask.empty()) {
+        paint(runs, mask, foreground, background);
     }
-    // Rows are cleared shortly before the first run on them is painted, while they are in the cache.
-    // bench/kiv/raster.cpp measures it.
-    const int rows_at_once = std::max(bytes_at_once / mask.cols, 1);
-    int cleared = 0; // rows from the top on
-    const auto clear_rows = [&](int count) {
-        std::memset(row_of_mask(mask, cleared), background, static_cast<std::size_t>(count) * mask.step[0]);
-        cleared += count;
-    };
-    for_each_visible(runs, frame, [&](int row, int first, int last) {
-        if (row >= cleared) {
-            clear_rows(row - cleared + std::min(rows_at_once, mask.rows - row));
-        }
-        std::memset(row_of_mask(mask, row) + first, foreground, length_of(first, last));
-    });
-    clear_rows(mask.rows - cleared);
     return mask;
 }
 

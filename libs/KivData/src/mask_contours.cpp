@@ -37,7 +37,8 @@ KivContourArray kivdata::trace_contours(KivRunView runs, int width, int height)
 
 cv::Mat kivdata::fill_contours(const KivContourArray& contours, int width, int height)
 {
-    cv::Mat mask = mask_of_runs({}, width, height); // first: of a frame that is too large for it no runs are made
+    check_frame(width, height);
+    cv::Mat mask(height, width, CV_8UC1); // first: of a frame that is too large for it no runs are made
     paint_runs(contours.FilledRuns(width, height), mask);
     return mask;
 }

@@ -11,7 +11,7 @@
 namespace kivdata
 {
 
-/// Paints runs into a mask with 255; what lies outside is cut off.
+/// Makes a mask 255 where a run lies and 0 elsewhere; what lies outside is cut off.
 void paint_runs(const std::vector<Run>& runs, cv::Mat& mask);
 
 /// A new mask of height x width pixels, 255 where a run lies and 0 elsewhere; what lies outside is cut off.

@@ -3,8 +3,50 @@
 
 #include "argument_checks.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
+
+namespace
+{
+
+/// Collects points where they stay in the cache, and appends many at once: to make an array longer takes a pass over
+/// the new points of its own. Short runs are written by fours, as how long they are can hardly be guessed.
+class PointCollector
+{
+public:
+    explicit PointCollector(std::vector<KivPoint>& points) : points_(points) {}
+
+    void add(const Run& run)
+    {
+        const auto y = static_cast<double>(run.row);
+        for (std::int64_t x = run.colBegin; x <= run.colEnd; x += at_once) {
+            for (int i = 0; i < at_once; ++i) {
+                collected_[count_ + static_cast<std::size_t>(i)] = {static_cast<double>(x + i), y};
+            }
+            count_ += static_cast<std::size_t>(std::min<std::int64_t>(run.colEnd - x + 1, at_once));
+            if (count_ >= full) {
+                flush();
+            }
+        }
+    }
+
+    void flush()
+    {
+        points_.insert(points_.end(), collected_, collected_ + count_);
+        count_ = 0;
+    }
+
+private:
+    static constexpr int at_once = 4;
+    static constexpr std::size_t full = 512;
+
+    std::vector<KivPoint>& points_;
+    std::size_t count_ = 0;
+    KivPoint collected_[full + 2 * at_once];
+};
+
+} // namespace
 
 KivPointArray::KivPointArray(std::vector<KivPoint> points)
     : points_(kivdata::checked_elements("KivPointArray", std::move(points)))
@@ -19,14 +61,25 @@ void KivPointArray::append_slowly(const KivPoint& point)
 
 void KivPointArray::AppendPixels(int row, int first, int last)
 {
-    const std::size_t before = points_.size();
-    const auto added = static_cast<std::size_t>(std::int64_t{last} - first + 1);
-    kivdata::check_room("KivPointArray", before, added);
-    points_.resize(before + added);
-    KivPoint* point = points_.data() + before;
-    for (std::size_t i = 0; i < added; ++i) {
-        point[i] = {static_cast<double>(first) + static_cast<double>(static_cast<int>(i)), static_cast<double>(row)};
+    const Run run{row, first, last};
+    AppendPixels(KivRunView(&run, 1));
+}
+
+void KivPointArray::AppendPixels(KivRunView runs)
+{
+    std::size_t added = 0;
+    for (const Run& run : runs) {
+        added += static_cast<std::size_t>(std::max<std::int64_t>(std::int64_t{run.colEnd} - run.colBegin + 1, 0));
     }
+    kivdata::check_room("KivPointArray", points_.size(), added);
+    if (points_.capacity() - points_.size() < added) {
+        points_.reserve(std::max(points_.size() + added, points_.empty() ? 0 : 2 * points_.size()));
+    }
+    PointCollector collector(points_);
+    for (const Run& run : runs) {
+        collector.add(run);
+    }
+    collector.flush();
 }
 
 void KivPointArray::throw_out_of_range(int index) const

@@ -8,9 +8,12 @@
 #include <iterator>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace
 {
+
+using Runs = std::vector<Run>;
 
 const KivPointArray sample{KivPoint{1.0, 2.0}, KivPoint{-3.5, 0.25}};
 
@@ -107,6 +110,31 @@ TEST(PointArray, HasRoomForAsManyPointsAsAnIntCounts)
     EXPECT_THROW(array.AppendPixels(0, INT_MIN, INT_MAX), std::length_error);
     EXPECT_THROW(array.AppendPixels(0, 0, INT_MAX - 1), std::length_error);
     EXPECT_EQ(array, sample);
+}
+
+TEST(PointArray, ThePixelsOfRunsAreAppendedInTheirOrder)
+{
+    Runs runs = {{5, 2, 1}, {3, -1, 0}, {3, -1, -1}, {INT_MIN, INT_MAX - 1, INT_MAX}};
+    for (int i = 0; i < 700; ++i) {
+        runs.push_back({i, 7 * i, 8 * i});
+    }
+    std::vector<KivPoint> expected = {{0.5, 0.5}};
+    for (const auto& run : runs) {
+        for (long long column = run.colBegin; column <= run.colEnd; ++column) {
+            expected.push_back({static_cast<double>(column), static_cast<double>(run.row)});
+        }
+    }
+    KivPointArray points = {{0.5, 0.5}};
+    points.AppendPixels(runs);
+    EXPECT_EQ(points, KivPointArray(expected));
+}
+
+TEST(PointArray, RunsOfTooManyPixelsAreRejected)
+{
+    KivPointArray points = {{0.5, 0.5}};
+    const Runs runs = {{0, 0, INT_MAX - 1}};
+    EXPECT_THROW(points.AppendPixels(runs), std::length_error);
+    EXPECT_EQ(points, (KivPointArray{{0.5, 0.5}}));
 }
 
 } // namespace

@@ -38,7 +38,100 @@ void paint(const KivRunSet& set, const KivImageView<Pixel>& image, Pixel value)
     }
 }
 
+/// Paints runs on a background, which each row gets shortly before the first run on it, while it is in the cache.
+///
+/// A short run that lies right of all others so far is painted with some of the background behind it, by one store of a
+/// fixed size: what comes behind it is painted later. Lengths of short runs can hardly be guessed.
+class MaskPainter
+{
+public:
+    MaskPainter(const KivImageView<std::uint8_t>& image, std::uint8_t value, std::uint8_t background)
+        : image_(image), value_(value), background_(background), rows_at_once_(std::max(bytes_at_once / image.width, 1))
+    {
+        std::fill_n(pattern_, wide, value);
+        std::fill_n(pattern_ + wide, wide, background);
+    }
+
+    void add(const Run& run)
+    {
+        const int first = std::max(run.colBegin, 0);
+        const int last = std::min(run.colEnd, image_.width - 1);
+        if (run.row < 0 || run.row >= image_.height || first > last) {
+            return;
+        }
+        if (run.row >= cleared_) {
+            clear_up_to(run.row + std::min(rows_at_once_, image_.height - run.row));
+        }
+        paint(run.row, first, static_cast<std::size_t>(last - first) + 1);
+    }
+
+    /// Gives all rows from the last one that was painted on the background.
+    void finish() { clear_up_to(image_.height); }
+
+private:
+    static constexpr int bytes_at_once = 1 << 16;
+    static constexpr std::size_t wide = 16;
+
+    void clear_up_to(int stop)
+    {
+        if (stop == cleared_) {
+            return;
+        }
+        const auto width = static_cast<std::size_t>(image_.width);
+        if (image_.stride == image_.width) {
+            std::memset(kivrlc::bytes_of(image_, 0, cleared_), background_,
+                        width * static_cast<std::size_t>(stop - cleared_));
+        } else {
+            for (int row = cleared_; row < stop; ++row) {
+                std::memset(kivrlc::bytes_of(image_, 0, row), background_, width);
+            }
+        }
+        cleared_ = stop;
+    }
+
+    void paint(int row, int first, std::size_t length)
+    {
+        const bool is_last = row > last_row_ || (row == last_row_ && first >= stop_);
+        unsigned char* const bytes = kivrlc::bytes_of(image_, first, row);
+        if (is_last) {
+            last_row_ = row;
+            stop_ = first + static_cast<int>(length);
+        }
+        if (is_last && length <= wide && image_.width - first >= static_cast<int>(wide)) {
+            std::memcpy(bytes, pattern_ + wide - length, wide);
+        } else if (length >= wide && length <= 2 * wide) {
+            std::memcpy(bytes, pattern_, wide);
+            std::memcpy(bytes + length - wide, pattern_, wide);
+        } else {
+            std::memset(bytes, value_, length);
+        }
+    }
+
+    KivImageView<std::uint8_t> image_;
+    std::uint8_t value_;
+    std::uint8_t background_;
+    int rows_at_once_;
+    int cleared_ = 0;   // rows from the top on
+    int last_row_ = -1; // the lowest row with a run
+    int stop_ = 0;      // behind its rightmost run
+    std::uint8_t pattern_[2 * wide];
+};
+
 } // namespace
+
+void KivRuns::PaintMask(KivRunView runs, const KivImageView<std::uint8_t>& mask, std::uint8_t value,
+                        std::uint8_t background)
+{
+    kivrlc::check_image(mask);
+    if (mask.width == 0 || mask.height == 0) {
+        return;
+    }
+    MaskPainter painter(mask, value, background);
+    for (const Run& run : runs) {
+        painter.add(run);
+    }
+    painter.finish();
+}
 
 void KivRuns::Paint(const KivRunSet& set, const KivImageView<std::uint8_t>& image, std::uint8_t value)
 {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <KivData/KivDataExport.h>
+#include <KivRLC/KivRunBuffer.h>
 
 #include <climits>
 #include <cstddef>
@@ -47,6 +48,9 @@ public:
 
     /// Adds the pixels of a row from column `first` up to and including column `last`, `first` <= `last`.
     void AppendPixels(int row, int first, int last);
+
+    /// Adds the pixels of each run, in the order of the runs; a run whose begin lies past its end has none.
+    void AppendPixels(KivRunView runs);
 
     const std::vector<KivPoint>& Points() const noexcept { return points_; } ///< All points, as a flat list.
     auto begin() const noexcept { return points_.begin(); }                  ///< The first point.

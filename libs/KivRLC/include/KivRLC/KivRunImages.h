@@ -85,6 +85,12 @@ KIVRLC_API void Paint(const KivRunSet& set, const KivImageView<std::uint16_t>& i
 KIVRLC_API void Paint(const KivRunSet& set, const KivImageView<std::int32_t>& image, std::int32_t value);   ///< 32-bit
 KIVRLC_API void Paint(const KivRunSet& set, const KivImageView<float>& image, float value); ///< real numbers
 
+/// Gives the pixels of the image that any of the runs covers a value, and all others another one. The runs may come in
+/// any order, overlap and repeat, and lie outside the image; a run whose begin lies past its end covers nothing. No
+/// byte of the image's memory is written that belongs to no pixel.
+KIVRLC_API void PaintMask(KivRunView runs, const KivImageView<std::uint8_t>& mask, std::uint8_t value,
+                          std::uint8_t background);
+
 /// Gives the pixels of the first set the value 1, those of the second one 2, and so on; where sets overlap, the later
 /// one wins. Leaves all other pixels as they are.
 KIVRLC_API void PaintLabels(const std::vector<KivRunSet>& sets, const KivImageView<std::int32_t>& image);
