@@ -21,11 +21,17 @@ inline Run* put(Run run, bool kept, Run* out)
     return out + (kept ? 1 : 0);
 }
 
+/// Whether both rows have runs left; as one question, as which of them ends first can hardly be guessed either.
+inline bool both_left(RowRuns a, RowRuns b)
+{
+    return (static_cast<int>(a.begin != a.end) & static_cast<int>(b.begin != b.end)) != 0;
+}
+
 /// What two rows have in common. Of two runs, the one that ends first can meet nothing further.
 inline Run* intersect(RowRuns a, RowRuns b, Run* out)
 {
     const int row = a.begin->row;
-    while (a.begin != a.end && b.begin != b.end) {
+    while (both_left(a, b)) {
         const int begin = std::max(a.begin->colBegin, b.begin->colBegin);
         const int end = std::min(a.begin->colEnd, b.begin->colEnd);
         out = put({row, begin, end}, begin <= end, out);
@@ -42,7 +48,7 @@ inline Run* subtract(RowRuns a, RowRuns b, Run* out)
 {
     const int row = a.begin->row;
     std::int64_t behind_cut = a.begin->colBegin;
-    while (a.begin != a.end && b.begin != b.end) {
+    while (both_left(a, b)) {
         const std::int64_t begin = std::max<std::int64_t>(a.begin->colBegin, behind_cut);
         const std::int64_t end = std::min<std::int64_t>(a.begin->colEnd, std::int64_t{b.begin->colBegin} - 1);
         out = put({row, static_cast<int>(begin), static_cast<int>(end)}, begin <= end, out);
@@ -83,7 +89,7 @@ inline Run* unite(RowRuns a, RowRuns b, Run* out)
 {
     const Run& first = a.begin->colBegin < b.begin->colBegin ? *a.begin : *b.begin;
     Union made({a.begin->row, first.colBegin, first.colEnd}, out);
-    while (a.begin != a.end && b.begin != b.end) {
+    while (both_left(a, b)) {
         const bool a_begins_first = a.begin->colBegin < b.begin->colBegin;
         made.add(a_begins_first ? *a.begin : *b.begin);
         a.begin += a_begins_first ? 1 : 0;

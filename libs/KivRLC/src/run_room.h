@@ -46,12 +46,7 @@ public:
         if (reinterpret_cast<std::uintptr_t>(end_) - reinterpret_cast<std::uintptr_t>(next) >= needed * sizeof(Run)) {
             return next;
         }
-        const auto count = static_cast<std::size_t>(next - runs_.data());
-        if (runs_.capacity() - count < needed) {
-            runs_.reserve(count + std::max(needed, expected_more(count, progress())));
-        }
-        make_room(count, needed);
-        return runs_.data() + count;
+        return moved(next, needed, progress());
     }
 
     /// Keeps the runs that were written before `stop`.
@@ -60,6 +55,16 @@ public:
 private:
     /// As much as the nearest cache holds, as most vectors clear their room first.
     static constexpr std::size_t at_once = 1024;
+
+    [[gnu::noinline]] Run* moved(Run* next, std::size_t needed, Progress progress)
+    {
+        const auto count = static_cast<std::size_t>(next - runs_.data());
+        if (runs_.capacity() - count < needed) {
+            runs_.reserve(count + std::max(needed, expected_more(count, progress)));
+        }
+        make_room(count, needed);
+        return runs_.data() + count;
+    }
 
     std::size_t expected_more(std::size_t count, Progress progress) const
     {
