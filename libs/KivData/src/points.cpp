@@ -21,8 +21,9 @@ public:
     {
         const auto y = static_cast<double>(run.row);
         for (std::int64_t x = run.colBegin; x <= run.colEnd; x += at_once) {
-            for (int i = 0; i < at_once; ++i) {
-                collected_[count_ + static_cast<std::size_t>(i)] = {static_cast<double>(x + i), y};
+            const auto first = static_cast<double>(x);
+            for (std::size_t i = 0; i < at_once; ++i) {
+                collected_[count_ + i] = {first + static_cast<double>(i), y};
             }
             count_ += static_cast<std::size_t>(std::min<std::int64_t>(run.colEnd - x + 1, at_once));
             if (count_ >= full) {
