@@ -96,23 +96,58 @@ TEST_F(Commands, CombineRunsAndImages)
     }
     run(0, "union a.csv b.csv -o union.png");
     EXPECT_TRUE(has_fact("union.png", "pixels 16"));
-    run(0, "complement a.csv -o a.csv"); // in place, without its last row
-    EXPECT_EQ(get("a.csv"), run_file(7, 3, "0,0,0\n0,1,5\n0,6,6\n"));
+    run(0, "complement a.csv -o a.csv"); // in place
+    EXPECT_EQ(get("a.csv"), run_file(7, 3, "0,0,0\n0,2,3\n0,6,6\n2,0,1\n2,5,6\n"));
 }
 
-TEST_F(Commands, ComplementByTheRulesOfRegionsOfInterestOnDemand)
+TEST_F(Commands, CombineAnyNumberOfOperandsPlainly)
+{
+    put("c.csv", run_file(9, 4, "1,6,8\n3,8,8\n"));
+    const std::pair<std::string, std::string> cases[] = {
+        {"union", "0,1,1\n0,4,6\n1,0,8\n2,0,4\n3,8,8\n"},
+        {"intersection", ""},
+        {"difference", "0,1,1\n0,4,4\n1,0,1\n1,4,5\n2,3,3\n"},
+        {"xor", "0,1,1\n0,4,4\n0,6,6\n1,0,1\n1,4,5\n1,7,8\n2,0,1\n2,3,3\n3,8,8\n"},
+    };
+    for (const auto& [operation, runs] : cases) {
+        run(0, operation + " a.csv b.csv c.csv -o out.csv");
+        EXPECT_EQ(get("out.csv"), run_file(9, 4, runs)) << operation;
+    }
+    run(0, "intersection a.csv b.csv a.csv -o out.csv");
+    EXPECT_EQ(get("out.csv"), run_file(7, 3, "0,5,5\n1,2,3\n2,2,2\n2,4,4\n"));
+}
+
+TEST_F(Commands, CombinePixelsOfTheFramesAlone)
+{
+    put("beyond.csv", run_file(3, 2, "0,-5,0\n0,2,9\n1,1,1\n1,0,1\n5,0,2\n"));
+    put("wide.csv", run_file(6, 2, "1,4,5\n"));
+    run(0, "union beyond.csv wide.csv -o out.csv");
+    EXPECT_EQ(get("out.csv"), run_file(6, 2, "0,0,0\n0,2,2\n1,0,1\n1,4,5\n"));
+    run(0, "complement beyond.csv -o out.csv");
+    EXPECT_EQ(get("out.csv"), run_file(3, 2, "0,1,1\n1,2,2\n"));
+}
+
+TEST_F(Commands, CombineByTheRulesOfTheLibraryOnDemand)
 {
     put("c.csv", run_file(3, 2, "0,0,0\n1,0,1\n"));
-    run(0, "complement c.csv -o out.csv");
-    EXPECT_TRUE(has_fact("out.csv", "pixels 2"));
-    run(0, "complement c.csv --as-roi -o out.csv");
+    run(0, "complement c.csv --rules regions -o out.csv");
+    EXPECT_TRUE(has_fact("out.csv", "pixels 2")) << "without the last row";
+    run(0, "complement c.csv --rules rois -o out.csv");
     EXPECT_TRUE(has_fact("out.csv", "pixels 3"));
+    run(0, "intersection a.csv b.csv --rules regions -o out.csv");
+    EXPECT_EQ(get("out.csv"), run_file(7, 3, "0,5,5\n1,2,3\n")) << "without the last row";
     run(0, "image c.csv -o c.png");
     for (const std::string operation : {"union", "intersection", "difference"}) {
-        run(0, operation + " c.csv c.csv --as-roi -o runs.csv");
-        run(0, operation + " c.png c.csv --as-roi -o mixed.csv");
-        expect_same("runs.csv", "mixed.csv");
+        for (const std::string rules : {"regions", "rois"}) {
+            run(0, operation + " c.csv c.csv -o runs.csv --rules " + rules);
+            run(0, operation + " c.png c.csv -o mixed.csv --rules " + rules);
+            expect_same("runs.csv", "mixed.csv");
+        }
+        EXPECT_EQ(refuse(2, operation + " c.csv c.csv c.csv -o out.csv --rules rois"),
+                  "--rules: is for two operands; the library combines no more at a time");
+        refuse(2, operation + " c.csv c.csv -o out.csv --rules plain");
     }
+    refuse(2, "xor c.csv c.csv -o out.csv --rules rois");
 }
 
 TEST_F(Commands, LeaveTheOutputAloneWhenTheyFail)
@@ -146,8 +181,9 @@ TEST_F(Commands, ReportTheResultCodesOfTheLibrary)
 {
     put("nothing.csv", run_file(0, 5, ""));
     const std::string code = "KIVMV_ERR_PARAM_1 (1100008): the first input that is not an image is empty or invalid";
-    EXPECT_EQ(refuse(1, "complement nothing.csv -o out.csv"), "nothing.csv: " + code);
-    EXPECT_EQ(refuse(1, "union nothing.csv nothing.csv -o out.csv"), "union of nothing.csv and nothing.csv: " + code);
+    EXPECT_EQ(refuse(1, "complement nothing.csv -o out.csv --rules regions"), "nothing.csv: " + code);
+    EXPECT_EQ(refuse(1, "union nothing.csv nothing.csv -o out.csv --rules regions"),
+              "union of nothing.csv and nothing.csv: " + code);
     EXPECT_EQ(refuse(1, "image nothing.csv --width 5 --height 5 -o out.png"), "nothing.csv: " + code);
 }
 
@@ -177,8 +213,9 @@ TEST_F(Commands, RefuseArgumentsThatTheyDoNotTake)
 {
     for (const std::string arguments :
          {"region a.csv -o out.csv --threshold 256", "image b.csv -o out.png --foreground -1", "union a.csv -o out.csv",
-          "regoin a.csv -o out.csv", "--bogus", "region a.csv --treshold 5 -o out.csv",
-          "region a.csv --contour -1 -o out.csv", "image a.csv --width 1048577 -o out.png", "--roi"}) {
+          "regoin a.csv -o out.csv", "--bogus", "region a.csv --treshold 5 -o out.csv", "xor -o out.csv",
+          "complement a.csv b.csv -o out.csv", "region a.csv --contour -1 -o out.csv",
+          "image a.csv --width 1048577 -o out.png", "--roi"}) {
         refuse(2, arguments);
     }
     EXPECT_NE(run(2, "regoin a.csv -o out.csv").find("regoin"), std::string::npos);
@@ -196,8 +233,10 @@ TEST_F(Commands, ExplainThemselves)
 {
     EXPECT_NE(run(0, "--help").find("complement"), std::string::npos);
     EXPECT_EQ(run(0, "--version").find("kivconvert "), 0U);
-    for (const std::string command : {"region", "image", "contours", "points", "matrix", "edit", "union",
-                                      "intersection", "difference", "complement", "info"}) {
+    for (const std::string command :
+         {"region",       "image",      "contours", "points",     "matrix",     "edit", "union",
+          "intersection", "difference", "xor",      "complement", "components", "fill", "open",
+          "close",        "dilate",     "erode",    "measure",    "compare",    "info"}) {
         EXPECT_NE(run(0, command + " --help").find("kivconvert " + command + " "), std::string::npos) << command;
     }
 }

@@ -70,7 +70,7 @@ protected:
     void SetUp() override
     {
         CommandLine::SetUp();
-        kivconvert::add_commands(app_, printed_);
+        kivconvert::add_commands(app_, outcome_);
         program_options_ = options_of(app_);
         for (const CLI::App* const command : app_.get_subcommands([](const CLI::App*) { return true; })) {
             commands_[command->get_name()] = options_of(*command);
@@ -87,7 +87,7 @@ protected:
     }
 
     CLI::App app_;
-    std::string printed_;
+    kivconvert::Outcome outcome_;
     Words program_options_;
     std::map<std::string, Words> commands_;
 };

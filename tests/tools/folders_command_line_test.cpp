@@ -107,4 +107,34 @@ TEST_F(FolderInputs, NeedOneOutputEach)
     refuse(2, "image in -o 1.csv");
 }
 
+TEST_F(FolderInputs, MayBeSeveral)
+{
+    run(0, "region in/1.png 2.csv in/3.png -o several --jobs 1");
+    EXPECT_EQ(names_in("several"), (Names{"1.csv", "2.csv", "3.csv"}));
+    expect_same("several/3.csv", "3.csv");
+    EXPECT_EQ(refuse(2, "region in/1.png 1.csv -o out"), "out/1.csv: would be made of both in/1.png and 1.csv");
+    EXPECT_EQ(refuse(2, "region in/1.png 2.csv -o out.csv"),
+              "out.csv: is named like a file; with several inputs, it is a folder");
+    refuse(2, "region in/1.png 2.csv -o out --jobs 0");
+}
+
+TEST_F(FolderInputs, MayHaveFoldersWithin)
+{
+    std::filesystem::create_directories("tree/a/b");
+    std::filesystem::create_directories("tree/.hidden");
+    std::filesystem::copy("in/1.png", "tree/1.png");
+    std::filesystem::copy("in/1.png", "tree/a/1.png");
+    std::filesystem::copy("in/2.png", "tree/a/b/2.png");
+    std::filesystem::copy("in/2.png", "tree/.hidden/2.png");
+    run(0, "region tree -o flat");
+    EXPECT_EQ(names_in("flat"), (Names{"1.csv"}));
+    for (int i = 0; i < 2; ++i) { // what is in the folder for the outputs is no input
+        run(0, "region tree --recursive -o tree/out");
+        EXPECT_EQ(names_in("tree/out"), (Names{"1.csv", "a"}));
+        expect_same("tree/out/1.csv", "1.csv");
+        expect_same("tree/out/a/1.csv", "1.csv");
+        expect_same("tree/out/a/b/2.csv", "2.csv");
+    }
+}
+
 } // namespace

@@ -32,7 +32,7 @@ TEST_F(ImagesCommandLine, DeepImagesAreTakenByEveryCommand)
     EXPECT_EQ(get("mask.pgm"), "P5\n4 1\n255\n\xff\0\xff\xff"s);
     EXPECT_TRUE(has_fact("deep.pgm", "pixels 3"));
     run(0, "union deep.pgm mask.pgm -o out.csv");
-    run(0, "complement deep.pgm --as-roi -o out.csv");
+    run(0, "complement deep.pgm --rules rois -o out.csv");
     run(0, "contours deep.pgm -o out.json");
     run(0, "points deep.pgm -o out.csv");
     EXPECT_EQ(refuse(2, "region mask.pgm --threshold 256 -o none.csv"),
@@ -120,7 +120,7 @@ TEST_F(StackCommandLine, AllPagesBecomeFilesInAFolder)
     run(0, "region runs/single-1.json -o out.csv");
     EXPECT_EQ(get("out.csv"), second_);
     EXPECT_EQ(refuse(2, "region stack.tif --page all -o none.csv"),
-              "none.csv: is named like a file, which holds one page; with --page all, it is a folder");
+              "none.csv: is named like a file; with --page all, it is a folder");
     EXPECT_EQ(refuse(2, "image stacks --page all -o stacks"),
               "stacks: holds the inputs; with --page all, the outputs need another folder");
 }

@@ -49,20 +49,21 @@ TEST_F(SmallFiles, WithRunsFarOutsideAreComplementedInTheFrame)
     for (const int row : {30'000'000, 2'000'000'000, -2'000'000'000}) {
         put("far.csv", run_file(10, 10, "4,2,9\n" + std::to_string(row) + ",1,1\n"));
         expect_small(0, "complement far.csv -o out.csv", 400);
-        expect_small(0, "complement far.csv --as-roi -o out.csv", 400);
+        expect_small(0, "complement far.csv --rules regions -o out.csv", 400);
+        expect_small(0, "complement far.csv --rules rois -o out.csv", 400);
     }
 }
 
 TEST_F(SmallFiles, HaveTheComplementThatTheyHadBefore)
 {
     put("near.csv", run_file(3, 4, "1,0,0\n4,0,0\n"));
-    run(0, "complement near.csv -o near.png");
+    run(0, "complement near.csv -o near.png --rules regions");
     put("far.csv", run_file(3, 4, "1,0,0\n1000,0,0\n"));
-    run(0, "complement far.csv -o far.png");
+    run(0, "complement far.csv -o far.png --rules regions");
     expect_same("near.png", "far.png");
     EXPECT_TRUE(has_fact("far.png", "pixels 11")) << "all except one, as the last row of runs is outside";
     put("above.csv", run_file(3, 4, "-1000,0,0\n1,0,0\n2,0,0\n"));
-    run(0, "complement above.csv -o above.png");
+    run(0, "complement above.csv -o above.png --rules regions");
     EXPECT_TRUE(has_fact("above.png", "pixels 8")) << "rows 0 and 3, and two of row 1";
 }
 
@@ -105,13 +106,13 @@ TEST_F(SmallFiles, OfManyRunsInARowAreNotCombined)
     put("left.csv", run_file(48000, 3, left + further));
     put("right.csv", run_file(48000, 3, right + further));
     put("same.csv", run_file(48000, 3, same + further));
-    EXPECT_EQ(refuse(2, "union left.csv right.csv -o out.csv"),
+    EXPECT_EQ(refuse(2, "union left.csv right.csv -o out.csv --rules regions"),
               "union of left.csv and right.csv: up to 72006006 runs would take 4395 MiB; --max-memory allows 1024");
-    expect_small(2, "union left.csv right.csv -o out.csv", 400);
+    expect_small(2, "union left.csv right.csv -o out.csv --rules regions", 400);
     for (const std::string operation : {"intersection", "difference"}) {
-        expect_small(0, operation + " left.csv right.csv -o runs.csv", 400);
-        refuse(2, operation + " same.csv same.csv -o out.csv");
-        refuse(2, operation + " same.csv same.csv --as-roi -o out.csv");
+        expect_small(0, operation + " left.csv right.csv -o runs.csv --rules regions", 400);
+        refuse(2, operation + " same.csv same.csv -o out.csv --rules regions");
+        refuse(2, operation + " same.csv same.csv --rules rois -o out.csv");
     }
 }
 

@@ -27,26 +27,27 @@ TEST_F(OperandsOfCommands, AreFilesOrShapes)
     EXPECT_EQ(region_of(kivconvert::read_operand(rectangle, {3, 9})), KivRegion(3, 9, {{1, 0, 2}, {2, 0, 2}}));
 }
 
-TEST_F(OperandsOfCommands, GiveShapesAndContoursTheFrameOfTheOther)
+TEST_F(OperandsOfCommands, GiveShapesAndContoursTheFirstFrameThatThereIs)
 {
     kivconvert::write_runs(path("a.csv"), runs);
     put("a.geojson", R"({"type":"Polygon","coordinates":[[[-5,1],[50,1],[50,2],[-5,2],[-5,1]]]})");
     const KivRegion shape(7, 5, {{1, 0, 6}, {2, 0, 6}});
     for (const std::string& placeable : {rectangle, path("a.geojson")}) {
-        const kivconvert::Operands first = read_operands(placeable, path("a.csv"), {});
-        EXPECT_EQ(region_of(first.a), shape);
-        EXPECT_EQ(region_of(first.b), runs);
-        const kivconvert::Operands second = read_operands(path("a.csv"), placeable, {});
-        EXPECT_EQ(region_of(second.a), runs);
-        EXPECT_EQ(region_of(second.b), shape);
+        const std::vector<Content> first = read_operands({placeable, path("a.csv"), placeable}, {});
+        EXPECT_EQ(region_of(first[0]), shape);
+        EXPECT_EQ(region_of(first[1]), runs);
+        EXPECT_EQ(region_of(first[2]), shape);
+        const std::vector<Content> second = read_operands({path("a.csv"), placeable}, {});
+        EXPECT_EQ(region_of(second[0]), runs);
+        EXPECT_EQ(region_of(second[1]), shape);
     }
 }
 
 TEST_F(OperandsOfCommands, TakeAGivenFrameFirst)
 {
     kivconvert::write_runs(path("a.csv"), runs);
-    EXPECT_EQ(region_of(read_operands(path("a.csv"), rectangle, {2, 2}).b), KivRegion(2, 2, {{1, 0, 1}}));
-    EXPECT_EQ(region_of(read_operands(rectangle, path("a.csv"), {2, 2}).a), KivRegion(2, 2, {{1, 0, 1}}));
+    EXPECT_EQ(region_of(read_operands({path("a.csv"), rectangle}, {2, 2})[1]), KivRegion(2, 2, {{1, 0, 1}}));
+    EXPECT_EQ(region_of(read_operands({rectangle, path("a.csv")}, {2, 2})[0]), KivRegion(2, 2, {{1, 0, 1}}));
 }
 
 TEST_F(OperandsOfCommands, RefuseAFrameThatNoneNeeds)
@@ -55,7 +56,7 @@ TEST_F(OperandsOfCommands, RefuseAFrameThatNoneNeeds)
     const std::string complaint =
         "--width: is for shapes, contours and runs without a frame; everything else has its own";
     EXPECT_EQ(complaint_of([&] { kivconvert::read_operand(path("a.csv"), {2, 2}); }), complaint);
-    EXPECT_EQ(complaint_of([&] { read_operands(path("a.csv"), path("a.csv"), {2, 2}); }), complaint);
+    EXPECT_EQ(complaint_of([&] { read_operands({path("a.csv"), path("a.csv")}, {2, 2}); }), complaint);
 }
 
 TEST_F(OperandsOfCommands, NeedAPossibleFrame)
@@ -77,7 +78,7 @@ TEST_F(OperandsOfCommands, MayBeRunsWithoutAFrame)
     EXPECT_EQ(complaint_of([&] { kivconvert::read_operand(path("b.csv"), {}); }),
               path("b.csv") + ": is in no frame; give --width and --height");
     EXPECT_EQ(region_of(kivconvert::read_operand(path("b.csv"), {3, 9})), KivRegion(3, 9, {{1, 2, 9}}));
-    EXPECT_EQ(region_of(read_operands(path("a.csv"), path("b.csv"), {}).b), KivRegion(7, 5, {{1, 2, 9}}));
+    EXPECT_EQ(region_of(read_operands({path("a.csv"), path("b.csv")}, {})[1]), KivRegion(7, 5, {{1, 2, 9}}));
 }
 
 TEST_F(OperandsOfCommands, MayBeShapesWithoutPixels)

@@ -4,14 +4,14 @@
 #pragma once
 
 #include "kivconvert/cli_types.h"
-
-#include <string>
+#include "kivconvert/run.h"
 
 namespace kivconvert
 {
 
 /// The whole command line: the options of the program and all subcommands.
-void add_commands(CLI::App& app, std::string& out);
+/// @param outcome where subcommands put what they print, and exit statuses other than 0 that are no failure
+void add_commands(CLI::App& app, Outcome& outcome);
 
 void add_region_command(CLI::App& app);
 void add_image_command(CLI::App& app);
@@ -19,8 +19,10 @@ void add_matrix_command(CLI::App& app);
 void add_contour_commands(CLI::App& app);
 void add_points_command(CLI::App& app);
 void add_set_commands(CLI::App& app);
-
-/// What the command prints is appended to `out`.
-void add_info_command(CLI::App& app, std::string& out);
+void add_components_command(CLI::App& app);
+void add_morphology_commands(CLI::App& app);
+void add_measure_command(CLI::App& app, Outcome& outcome);
+void add_compare_command(CLI::App& app, Outcome& outcome);
+void add_info_command(CLI::App& app, Outcome& outcome);
 
 } // namespace kivconvert

@@ -6,6 +6,7 @@
 #include "kivconvert/files.h"
 #include "kivconvert/folders.h"
 #include "kivconvert/image_options.h"
+#include "kivconvert/inputs.h"
 
 #include <CLI/CLI.hpp>
 
@@ -21,7 +22,7 @@ namespace
 {
 
 struct Files {
-    std::string input;
+    Inputs inputs;
     std::string output;
     std::string ending;
     ImagePart part;
@@ -39,7 +40,7 @@ void convert_to_file(const Files& files, const ConversionTexts& texts, const Con
         throw InputError("--to", "is for folders; the name of a single output says its format");
     }
     texts.expect_output(files.output);
-    convert(files.input, files.output, files.part);
+    convert(files.inputs.texts.front(), files.output, files.part);
 }
 
 /// The pages become files of their own, whose names end in the page's number with as many digits as the last one has.
@@ -54,20 +55,22 @@ void convert_pages(const std::string& input, const std::string& output, const st
     }
 }
 
-/// Where the outputs of all pages of a file go.
-void expect_folder_for_pages(const std::string& output)
+/// Where outputs go that are more than one.
+void expect_folder_for(const char* what, const std::string& output)
 {
     if (!is_folder(output) && !extension_of(output).empty()) {
-        throw FileError(output, "is named like a file, which holds one page; with --page all, it is a folder");
+        throw FileError(output, fmt::format("is named like a file; with {}, it is a folder", what));
     }
 }
 
 /// The output of a page may have the name of any other file.
-void expect_other_folder(const std::string& input, const std::string& output)
+void expect_other_folder(const Inputs& inputs, const std::string& output)
 {
     std::error_code none;
-    if (std::filesystem::equivalent(input, output, none)) {
-        throw FileError(output, "holds the inputs; with --page all, the outputs need another folder");
+    for (const std::string& input : inputs.texts) {
+        if (std::filesystem::equivalent(input, output, none)) {
+            throw FileError(output, "holds the inputs; with --page all, the outputs need another folder");
+        }
     }
 }
 
@@ -82,15 +85,18 @@ void convert_to_folder(const Files& files, const ConversionTexts& texts, const C
             convert(input, output, files.part);
         }
     };
-    if (!is_folder(files.input)) {
-        expect_folder_for_pages(files.output);
-        convert_into_folder(files.input, files.output, ending, convert_one);
+    if (files.inputs.is_single()) {
+        expect_folder_for("--page all", files.output);
+        convert_into_folder(files.inputs.texts.front(), files.output, ending, convert_one);
         return;
     }
-    if (files.all_pages) {
-        expect_other_folder(files.input, files.output);
+    if (files.inputs.texts.size() > 1) {
+        expect_folder_for("several inputs", files.output);
     }
-    convert_folder(files.input, files.output, ending, convert_one);
+    if (files.all_pages) {
+        expect_other_folder(files.inputs, files.output);
+    }
+    convert_files(files.inputs, files.output, ending, convert_one);
 }
 
 } // namespace
@@ -98,7 +104,7 @@ void convert_to_folder(const Files& files, const ConversionTexts& texts, const C
 void add_conversion(CLI::App& command, const ConversionTexts& texts, Conversion convert)
 {
     const auto files = std::make_shared<Files>();
-    command.add_option("IN", files->input, fmt::format("{}; or a folder of such files", texts.input))->required();
+    add_inputs(command, files->inputs, texts.input);
     command.add_option("-o,--output", files->output, fmt::format("{}; or a folder for them", texts.output))->required();
     command
         .add_option("--to", files->ending,
@@ -110,10 +116,10 @@ void add_conversion(CLI::App& command, const ConversionTexts& texts, Conversion 
         report_under(input, [&] { convert(input, output, part); });
     };
     command.callback([files, convert_named, texts] {
-        if (is_folder(files->input) || files->all_pages) {
-            convert_to_folder(*files, texts, convert_named);
-        } else {
+        if (files->inputs.is_single() && !files->all_pages) {
             convert_to_file(*files, texts, convert_named);
+        } else {
+            convert_to_folder(*files, texts, convert_named);
         }
     });
 }

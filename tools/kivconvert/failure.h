@@ -11,6 +11,7 @@ namespace kivconvert
 
 namespace exit_status
 {
+inline constexpr int different = 1;   ///< no failure: what has been compared differs
 inline constexpr int refused = 1;     ///< the library refused its input, or memory ran out
 inline constexpr int wrong_input = 2; ///< the command line or a file is wrong
 } // namespace exit_status

@@ -3,17 +3,16 @@
 
 #include "kivconvert/errors.h"
 #include "kivconvert/failure.h"
+#include "kivconvert/processors.h"
 #include "kivconvert/progress.h"
 #include "kivconvert/run_files.h"
 
 #include <algorithm>
-#include <atomic>
 #include <filesystem>
 #include <fmt/format.h>
 #include <map>
 #include <optional>
 #include <system_error>
-#include <thread>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -27,23 +26,6 @@ struct Task {
     fs::path input;
     fs::path output;
 };
-
-std::vector<fs::path> files_of(const fs::path& folder)
-{
-    std::vector<fs::path> files;
-    std::error_code error;
-    std::error_code none;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
-        if (!entry.is_directory(none) && entry.path().filename().native().front() != '.') {
-            files.push_back(entry.path());
-        }
-    }
-    if (error || files.empty()) {
-        throw FileError(folder, error ? fmt::format("cannot be read: {}", error.message()) : "holds no files");
-    }
-    std::sort(files.begin(), files.end());
-    return files;
-}
 
 /// Names that differ in their endings alone would take each other's place.
 void expect_distinct_outputs(std::vector<Task> tasks)
@@ -77,14 +59,14 @@ void expect_no_other_input_replaced(const std::vector<Task>& tasks)
 
 fs::path output_in(const fs::path& folder, const fs::path& input, const std::string& ending)
 {
-    return folder / (name_without_ending(input) + ending);
+    return folder / input.parent_path() / (name_without_ending(input) + ending);
 }
 
-std::vector<Task> tasks_for(const fs::path& input, const fs::path& output, const std::string& ending)
+std::vector<Task> tasks_for(const std::vector<InputFile>& files, const fs::path& output, const std::string& ending)
 {
     std::vector<Task> tasks;
-    for (const fs::path& file : files_of(input)) {
-        tasks.push_back({file, output_in(output, file, ending)});
+    for (const InputFile& file : files) {
+        tasks.push_back({file.path, output_in(output, file.name, ending)});
     }
     expect_distinct_outputs(tasks);
     expect_no_other_input_replaced(tasks);
@@ -100,26 +82,14 @@ void make_folder(const fs::path& folder)
     }
 }
 
-void on_all_processors(std::size_t count, const std::function<void(std::size_t)>& work)
+void make_folders_of(const std::vector<Task>& tasks)
 {
-    std::atomic<std::size_t> next{0};
-    const auto worker = [&] {
-        for (std::size_t i = next++; i < count; i = next++) {
-            work(i);
+    fs::path last;
+    for (const Task& task : tasks) { // those of a folder follow each other
+        if (task.output.parent_path() != last) {
+            last = task.output.parent_path();
+            make_folder(last);
         }
-    };
-    const std::size_t workers = std::min<std::size_t>(count, std::thread::hardware_concurrency());
-    std::vector<std::thread> helpers;
-    helpers.reserve(workers);
-    try {
-        while (helpers.size() + 1 < workers) {
-            helpers.emplace_back(worker);
-        }
-    } catch (const std::system_error&) { // no more threads can be had: those that there are do the work
-    }
-    worker();
-    for (std::thread& helper : helpers) {
-        helper.join();
     }
 }
 
@@ -134,24 +104,7 @@ void expect_regular_file(const fs::path& path)
 
 using Failures = std::vector<std::optional<Failure>>;
 
-Failures run_all(const std::vector<Task>& tasks,
-                 const std::function<void(const std::string& input, const std::string& output)>& convert)
-{
-    Failures failures(tasks.size());
-    Progress progress(tasks.size());
-    on_all_processors(tasks.size(), [&](std::size_t i) {
-        try {
-            expect_regular_file(tasks[i].input);
-            convert(tasks[i].input, tasks[i].output);
-        } catch (...) {
-            failures[i] = current_failure();
-        }
-        progress.advance();
-    });
-    return failures;
-}
-
-void expect_no_failures(const Failures& failures)
+void expect_no_failures(const Failures& failures, const char* done)
 {
     std::size_t failed = 0;
     Failure all{0, {}};
@@ -163,7 +116,7 @@ void expect_no_failures(const Failures& failures)
         }
     }
     if (failed > 0) {
-        const std::string summary = fmt::format("{} of {} files could not be converted", failed, failures.size());
+        const std::string summary = fmt::format("{} of {} files could not be {}", failed, failures.size(), done);
         all.lines += error_line(summary);
         throw FilesFailed(all, summary);
     }
@@ -171,25 +124,42 @@ void expect_no_failures(const Failures& failures)
 
 } // namespace
 
-bool is_folder(const std::string& path)
+void for_each_file(const std::vector<InputFile>& files, const char* done,
+                   const std::function<void(std::size_t index)>& work)
 {
-    std::error_code none;
-    return fs::is_directory(path, none);
+    Failures failures(files.size());
+    {
+        Progress progress(files.size());
+        on_all_processors(files.size(), [&](std::size_t i) {
+            try {
+                if (files[i].is_found) {
+                    expect_regular_file(files[i].path);
+                }
+                work(i);
+            } catch (...) {
+                failures[i] = current_failure();
+            }
+            progress.advance();
+        });
+    }
+    expect_no_failures(failures, done);
 }
 
-void convert_folder(const std::string& input, const std::string& output, const std::string& ending,
-                    const std::function<void(const std::string& input, const std::string& output)>& convert)
+void convert_files(const Inputs& inputs, const std::string& output, const std::string& ending,
+                   const FileConversion& convert)
 {
-    const std::vector<Task> tasks = tasks_for(input, output, ending);
+    const std::vector<InputFile> files = files_of(inputs, output);
+    const std::vector<Task> tasks = tasks_for(files, output, ending);
     make_folder(output);
-    expect_no_failures(run_all(tasks, convert));
+    make_folders_of(tasks);
+    for_each_file(files, "converted", [&](std::size_t i) { convert(tasks[i].input, tasks[i].output); });
 }
 
 void convert_into_folder(const std::string& input, const std::string& output, const std::string& ending,
-                         const std::function<void(const std::string& input, const std::string& output)>& convert)
+                         const FileConversion& convert)
 {
     make_folder(output);
-    convert(input, output_in(output, input, ending));
+    convert(input, output_in(output, fs::path(input).filename(), ending));
 }
 
 } // namespace kivconvert

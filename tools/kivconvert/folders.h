@@ -1,28 +1,37 @@
 // SPDX-License-Identifier: MIT
-// Folders of files, converted one by one.
+// Many files, one by one, on all processors.
 #pragma once
+
+#include "kivconvert/inputs.h"
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace kivconvert
 {
 
-bool is_folder(const std::string& path);
+/// Calls `work` with the index of each file, with a bar on a terminal. Files that fail are reported; the rest are still
+/// worked on.
+/// @param done what is to be done to the files, such as "converted"
+/// @throws FilesFailed afterwards, if any file failed
+void for_each_file(const std::vector<InputFile>& files, const char* done,
+                   const std::function<void(std::size_t index)>& work);
 
-/// Calls `convert` for each file of the folder `input`, on all processors. It gets the file and the path of its result:
-/// the same name with another ending, in the folder `output`, which is created if it does not exist. Hidden files and
-/// subfolders are ignored. Files that fail are reported; the rest are still converted.
+using FileConversion = std::function<void(const std::string& input, const std::string& output)>;
+
+/// Calls `convert` for each of the inputs. It gets the file and the path of its result: the same name with another
+/// ending, in the folder `output`, which is created if it does not exist; in subfolders where the inputs were in some.
 ///
 /// @throws FileError before anything is converted: if a folder cannot be read or created, or holds no files; if two
 /// files would have the same result, or a result would replace another input. FilesFailed afterwards, if any file
 /// failed
-void convert_folder(const std::string& input, const std::string& output, const std::string& ending,
-                    const std::function<void(const std::string& input, const std::string& output)>& convert);
+void convert_files(const Inputs& inputs, const std::string& output, const std::string& ending,
+                   const FileConversion& convert);
 
-/// The same for a single file: its result belongs in the folder `output` as well, by its name with another ending.
+/// The same for a single input.
 /// @throws FileError if the folder cannot be made
 void convert_into_folder(const std::string& input, const std::string& output, const std::string& ending,
-                         const std::function<void(const std::string& input, const std::string& output)>& convert);
+                         const FileConversion& convert);
 
 } // namespace kivconvert

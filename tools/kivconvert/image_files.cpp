@@ -228,12 +228,19 @@ cv::Mat read_for_eyes(ImageDecoder& decoder, const std::string& path)
 
 struct WrittenFormat {
     const char* extension;
+    int depth; ///< the largest one, of the depths CV_8U, CV_16U and CV_32S
     std::string (*encode)(const cv::Mat& pixels);
 };
 
 constexpr WrittenFormat written_formats[] = {
-    {".png", encode_png}, {".bmp", encode_bmp}, {".pgm", encode_pgm}, {".tif", encode_tiff}, {".tiff", encode_tiff},
+    {".png", CV_16U, encode_png},  {".bmp", CV_8U, encode_bmp},    {".pgm", CV_8U, encode_pgm},
+    {".tif", CV_32S, encode_tiff}, {".tiff", CV_32S, encode_tiff},
 };
+
+std::size_t bits_of(int depth)
+{
+    return 8 * CV_ELEM_SIZE1(depth);
+}
 
 const WrittenFormat& written_format_of(const std::string& path)
 {
@@ -244,6 +251,17 @@ const WrittenFormat& written_format_of(const std::string& path)
         throw FileError(path, "is not named like an image that keeps every pixel; those end in .png, .bmp, .pgm, .tif");
     }
     return *format;
+}
+
+void write_encoded(const std::string& path, std::string (*encode)(const cv::Mat& pixels), const cv::Mat& pixels)
+{
+    std::string bytes;
+    try {
+        bytes = encode(pixels);
+    } catch (const EncodingError& error) {
+        throw FileError(path, error.what());
+    }
+    write_file(path, bytes);
 }
 
 } // namespace
@@ -304,16 +322,32 @@ void expect_lossless_image(const std::string& path)
     written_format_of(path);
 }
 
-void write_image(const std::string& path, const KivImage& image)
+void expect_image_of_depth(const std::string& path, int depth)
 {
     const WrittenFormat& format = written_format_of(path);
-    std::string bytes;
-    try {
-        bytes = format.encode(image.Mat());
-    } catch (const EncodingError& error) {
-        throw FileError(path, error.what());
+    if (format.depth < depth) {
+        throw FileError(path, fmt::format("is named like an image of at most {} bits, where {} are needed; a .tif has "
+                                          "up to 32, a .png up to 16",
+                                          bits_of(format.depth), bits_of(depth)));
     }
-    write_file(path, bytes);
+}
+
+void write_image(const std::string& path, const KivImage& image)
+{
+    expect_image_of_depth(path, image.Mat().depth());
+    write_encoded(path, written_format_of(path).encode, image.Mat());
+}
+
+void expect_png(const std::string& path)
+{
+    if (extension_of(path) != ".png") {
+        throw FileError(path, "is not named like a picture in colour; those end in .png");
+    }
+}
+
+void write_png(const std::string& path, const cv::Mat& pixels)
+{
+    write_encoded(path, encode_png, pixels);
 }
 
 } // namespace kivconvert

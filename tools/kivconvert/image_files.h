@@ -60,7 +60,17 @@ PngPicture read_as_png(const std::string& path);
 /// @throws FileError unless the extension is that of a format that keeps every pixel: .png, .bmp, .pgm or .tif.
 void expect_lossless_image(const std::string& path);
 
-/// Writes an 8-bit image of one channel in a format that keeps every pixel. @throws FileError
+/// @param depth CV_8U, CV_16U or CV_32S
+/// @throws FileError unless the extension is that of a format that keeps every pixel of such a depth
+void expect_image_of_depth(const std::string& path, int depth);
+
+/// Writes an image of one channel of 8, 16 or 32 bits in a format that keeps every pixel. @throws FileError
 void write_image(const std::string& path, const KivImage& image);
+
+/// @throws FileError unless the name ends in .png.
+void expect_png(const std::string& path);
+
+/// Writes a picture of several channels, as encode_png() takes it. @throws FileError
+void write_png(const std::string& path, const cv::Mat& pixels);
 
 } // namespace kivconvert

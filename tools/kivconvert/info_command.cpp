@@ -105,7 +105,7 @@ std::string description_of(const InfoOptions& options)
 
 } // namespace
 
-void add_info_command(CLI::App& app, std::string& out)
+void add_info_command(CLI::App& app, Outcome& outcome)
 {
     const auto options = std::make_shared<InfoOptions>();
     CLI::App* const command = app.add_subcommand("info", "Prints the frame, runs and pixels of a file or a shape");
@@ -113,7 +113,8 @@ void add_info_command(CLI::App& app, std::string& out)
     command->add_option("FILE", options->input, any_content)->required();
     add_frame_options(*command, options->frame);
     add_image_options(*command, options->part, options->all_pages);
-    command->callback([options, &out] { report_under(options->input, [&] { out += description_of(*options); }); });
+    command->callback(
+        [options, &outcome] { report_under(options->input, [&] { outcome.out += description_of(*options); }); });
 }
 
 } // namespace kivconvert

@@ -16,6 +16,7 @@ inline constexpr int default_memory_limit = 1024; ///< in MiB
 inline constexpr double bytes_per_run = 64;
 inline constexpr double bytes_per_point = 64;
 inline constexpr double bytes_per_pixel = 4; ///< of a frame that is painted or traced
+inline constexpr double bytes_per_coloured_pixel = 6;
 
 /// For all that follow, on all threads.
 void set_memory_limit(int mebibytes);

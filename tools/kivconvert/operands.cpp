@@ -3,6 +3,9 @@
 
 #include "kivconvert/errors.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kivconvert
 {
 namespace
@@ -20,6 +23,14 @@ bool is_image(const Content& content)
     return std::holds_alternative<KivImage>(content);
 }
 
+/// Unknown if none of them is in a frame.
+Frame first_frame_of(const std::vector<Content>& contents)
+{
+    const auto placed = std::find_if(contents.begin(), contents.end(),
+                                     [](const Content& content) { return frame_of(content).is_known(); });
+    return placed == contents.end() ? Frame{} : frame_of(*placed);
+}
+
 } // namespace
 
 Content read_operand(const std::string& text, const Frame& frame, const ImagePart& part)
@@ -34,23 +45,30 @@ Content read_operand(const std::string& text, const Frame& frame, const ImagePar
     return content;
 }
 
-Operands read_operands(const std::string& a, const std::string& b, const Frame& frame, const ImagePart& part)
+std::vector<Content> read_operands(const std::vector<std::string>& texts, const Frame& frame, const ImagePart& part,
+                                   const Reduction& reduce)
 {
-    Operands operands{read_content(a, part), read_content(b, part)};
-    if (!is_image(operands.a) && !is_image(operands.b)) {
+    std::vector<Content> operands;
+    bool any_image = false;
+    for (const std::string& text : texts) {
+        Content content = read_content(text, part);
+        any_image = any_image || is_image(content);
+        operands.push_back(reduce ? reduce(std::move(content), text) : std::move(content));
+    }
+    if (!any_image) {
         expect_no_part(part);
     }
-    expect_use_for(frame, is_placeable(operands.a) || is_placeable(operands.b));
-    place(operands.a, frame);
-    place(operands.b, frame);
-    if (!frame_of(operands.a).is_known()) {
-        place(operands.a, frame_of(operands.b));
+    expect_use_for(frame, std::any_of(operands.begin(), operands.end(), is_placeable));
+    for (Content& operand : operands) {
+        place(operand, frame);
     }
-    if (!frame_of(operands.b).is_known()) {
-        place(operands.b, frame_of(operands.a));
+    const Frame first = first_frame_of(operands);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (!frame_of(operands[i]).is_known()) {
+            place(operands[i], first);
+        }
+        expect_placed(operands[i], texts[i]);
     }
-    expect_placed(operands.a, a);
-    expect_placed(operands.b, b);
     return operands;
 }
 

@@ -4,7 +4,9 @@
 
 #include "kivconvert/contents.h"
 
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace kivconvert
 {
@@ -15,12 +17,12 @@ namespace kivconvert
 /// are asked for of what is no image
 Content read_operand(const std::string& text, const Frame& frame, const ImagePart& part = {});
 
-/// The two operands of a set operation. Where one of them lacks a frame, and none is given, it gets that of the other.
-/// The part of an image is that of both; one of them must be an image then.
-struct Operands {
-    Content a;
-    Content b;
-};
-Operands read_operands(const std::string& a, const std::string& b, const Frame& frame, const ImagePart& part = {});
+/// Makes an operand take less memory as soon as it is read; it keeps its pixels and its frame.
+using Reduction = std::function<Content(Content content, const std::string& text)>;
+
+/// The operands of a set operation. Where one of them lacks a frame, and none is given, it gets that of the first one
+/// that has one. The part of an image is that of all; one of them must be an image then.
+std::vector<Content> read_operands(const std::vector<std::string>& texts, const Frame& frame,
+                                   const ImagePart& part = {}, const Reduction& reduce = {});
 
 } // namespace kivconvert

@@ -3,6 +3,7 @@
 #include "kivconvert/image_encoder.h"
 #include "kivconvert/png_calls.h"
 
+#include <bit>
 #include <fmt/format.h>
 #include <new>
 
@@ -38,10 +39,14 @@ int colour_type_of(const cv::Mat& pixels)
 
 void write_pixels(png_structp png, png_infop info, const cv::Mat& pixels)
 {
+    const auto bits = static_cast<int>(8 * pixels.elemSize1());
     png_set_user_limits(png, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
-    png_set_IHDR(png, info, static_cast<png_uint_32>(pixels.cols), static_cast<png_uint_32>(pixels.rows), 8,
+    png_set_IHDR(png, info, static_cast<png_uint_32>(pixels.cols), static_cast<png_uint_32>(pixels.rows), bits,
                  colour_type_of(pixels), PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     png_write_info(png, info);
+    if (bits == 16 && std::endian::native == std::endian::little) {
+        png_set_swap(png); // the file has the higher byte first
+    }
     for (int row = 0; row < pixels.rows; ++row) {
         png_write_row(png, pixels.ptr(row));
     }

@@ -25,6 +25,9 @@ struct Painting {
 /// @throws FileError, ResultError
 void write_painted(const std::string& path, KivRegion& region, const Painting& painting, const std::string& subject);
 
+/// @throws FileError unless the name is that of a run file or a mask image.
+void expect_region_output(const std::string& path);
+
 /// Writes a run file or a mask image, as the name says. @throws FileError, ResultError
 void write_region(const std::string& path, KivRegion& region);
 

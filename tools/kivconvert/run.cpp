@@ -5,6 +5,7 @@
 #include "kivconvert/errors.h"
 #include "kivconvert/failure.h"
 #include "kivconvert/memory_limit.h"
+#include "kivconvert/processors.h"
 
 #include <CLI/CLI.hpp>
 
@@ -44,29 +45,27 @@ std::vector<std::string> with_shapes_as_operands(const std::vector<std::string>&
     return operands;
 }
 
-/// @returns what the command prints
-std::string run_command(std::vector<std::string> arguments)
+void run_command(std::vector<std::string> arguments, Outcome& outcome)
 {
-    CLI::App app("Converts shapes between images, runs, contours and points, and combines them.");
-    std::string out;
-    add_commands(app, out);
+    CLI::App app("Converts shapes between images, runs, contours and points, combines, changes and measures them.");
+    add_commands(app, outcome);
     std::reverse(arguments.begin(), arguments.end()); // the order in which CLI11 takes them
     try {
         app.parse(std::move(arguments));
     } catch (const CLI::Success& success) { // the help or the version
         std::ostringstream text;
         app.exit(success, text);
-        return text.str();
+        outcome.out = text.str();
+        return;
     }
     if (app.get_subcommands().empty()) { // required by CLI11 itself, a misspelt subcommand would be reported as missing
         throw InputError("command line", "a subcommand is missing; see --help");
     }
-    return out;
 }
 
 } // namespace
 
-void add_commands(CLI::App& app, std::string& out)
+void add_commands(CLI::App& app, Outcome& outcome)
 {
     app.name("kivconvert");
     app.set_version_flag("--version", "kivconvert " KIVCONVERT_VERSION);
@@ -76,6 +75,11 @@ void add_commands(CLI::App& app, std::string& out)
            fmt::format("most memory that a file may take, in MiB, {} by default", default_memory_limit))
         ->type_name("N")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()));
+    set_jobs(0);
+    app.add_option_function<int>("--jobs", set_jobs,
+                                 "how many files are worked on at a time, one per processor by default")
+        ->type_name("N")
+        ->check(CLI::Range(1, 1024));
     app.fallthrough(); // for the subcommands, which inherit it
     add_region_command(app);
     add_image_command(app);
@@ -83,20 +87,28 @@ void add_commands(CLI::App& app, std::string& out)
     add_points_command(app);
     add_matrix_command(app);
     add_set_commands(app);
-    add_info_command(app, out);
+    add_components_command(app);
+    add_morphology_commands(app);
+    add_measure_command(app, outcome);
+    add_compare_command(app, outcome);
+    add_info_command(app, outcome);
 }
 
 Outcome run(const std::vector<std::string>& arguments)
 {
     silence_opencv();
+    Outcome outcome;
     try {
-        return {0, run_command(with_shapes_as_operands(arguments)), {}};
+        run_command(with_shapes_as_operands(arguments), outcome);
     } catch (const CLI::ParseError& error) {
-        return {exit_status::wrong_input, {}, error_line(fmt::format("{}; see --help", error.what()))};
+        outcome.status = exit_status::wrong_input;
+        outcome.err = error_line(fmt::format("{}; see --help", error.what()));
     } catch (...) {
         const Failure failure = current_failure();
-        return {failure.status, {}, failure.lines};
+        outcome.status = std::max(outcome.status, failure.status);
+        outcome.err = failure.lines;
     }
+    return outcome;
 }
 
 } // namespace kivconvert

@@ -54,7 +54,7 @@ void set_tags(TIFF* tiff, const cv::Mat& pixels)
 {
     TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(pixels.cols));
     TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(pixels.rows));
-    TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 8);
+    TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, static_cast<int>(8 * pixels.elemSize1()));
     TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, 1);
     TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
     TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
@@ -64,7 +64,8 @@ void set_tags(TIFF* tiff, const cv::Mat& pixels)
 
 bool write_rows(TIFF* tiff, const cv::Mat& pixels)
 {
-    std::vector<std::uint8_t> copy(static_cast<std::size_t>(pixels.cols)); // libtiff may change what it writes
+    std::vector<std::uint8_t> copy(static_cast<std::size_t>(pixels.cols) *
+                                   pixels.elemSize()); // libtiff may change what it writes
     for (int row = 0; row < pixels.rows; ++row) {
         std::copy_n(pixels.ptr(row), copy.size(), copy.begin());
         if (TIFFWriteScanline(tiff, copy.data(), static_cast<std::uint32_t>(row)) < 0) {
