@@ -59,6 +59,9 @@ constexpr const char* commands[] = {
     "measure A --json",
     "measure A --by label",
     "compare A B --picture out.png",
+    "dataset A -o out.json --segmentation polygons",
+    "dataset A -o out.json --by file",
+    "region A --annotation 1 -o out.csv",
 };
 
 constexpr const char* endings[] = {".csv", ".json", ".geojson", ".pgm"};
@@ -67,7 +70,7 @@ constexpr const char* endings[] = {".csv", ".json", ".geojson", ".pgm"};
 template <std::size_t count>
 const char* choice(const char* const (&entries)[count], unsigned char byte)
 {
-    return entries[(byte + 256U - 'a') % count];
+    return entries[static_cast<unsigned char>(byte - 'a') % count];
 }
 
 std::string put(const char* name, const char* ending, std::string_view bytes)
@@ -98,6 +101,14 @@ std::vector<std::string> arguments_of(const char* command, const std::string& a,
     return arguments;
 }
 
+/// One line; or several if annotations of a data set are malformed, the last of which counts them.
+bool is_complaint(const std::string& text)
+{
+    const auto lines = std::count(text.begin(), text.end(), '\n');
+    return text.empty() ||
+           (text.back() == '\n' && (lines == 1 || text.find(" annotation") != text.npos) && text.starts_with("kivconvert: "));
+}
+
 } // namespace
 
 // Three letters for the command and the formats of the files, then the first file, a line of "--", and the second one.
@@ -121,7 +132,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 
     const bool differs = std::string_view(command).starts_with("compare") && outcome.status == 1;
     EXPECT_EQ(outcome.status == 0 || differs, outcome.err.empty());
-    EXPECT_EQ(outcome.err.find('\n'), outcome.err.empty() ? std::string::npos : outcome.err.size() - 1);
+    EXPECT_TRUE(is_complaint(outcome.err)) << outcome.err;
     rusage usage = {};
     getrusage(RUSAGE_SELF, &usage);
     EXPECT_LT(usage.ru_maxrss, most_memory);

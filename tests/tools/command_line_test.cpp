@@ -82,6 +82,15 @@ TEST_F(Commands, PrintFacts)
                                           "pixels     0\n");
 }
 
+TEST_F(Commands, PrintFactsForPrograms)
+{
+    EXPECT_EQ(run(0, "info a.csv --json"), "[\n{\"file\":\"a.csv\",\"kind\":\"runs\",\"frame\":[7,3],\"runs\":4,"
+                                           "\"pixels\":13,\"columns\":[0,6],\"rows\":[0,2]}\n]\n");
+    const std::string facts = run(0, "info a.csv b.csv");
+    EXPECT_EQ(facts.find("file       a.csv\nkind       runs\n"), 0U);
+    EXPECT_NE(facts.find("\nfile       b.csv\nkind       runs\n"), std::string::npos);
+}
+
 TEST_F(Commands, CombineRunsAndImages)
 {
     run(0, "image a.csv -o a.png");
@@ -170,10 +179,11 @@ TEST_F(Commands, RefuseFilesThatTheyCannotRead)
     put("text.png", "no image");
     put("cut.png", get("a.png").substr(0, 40));
     for (const std::string file : {"none.csv", "empty.csv", "number.csv", "column.csv", "range.csv", "type.json",
-                                   "cut.json", "huge.csv", "text.png", "cut.png", "."}) {
+                                   "cut.json", "huge.csv", "text.png", "cut.png"}) {
         EXPECT_EQ(refuse(2, "info " + file).find(file + ":"), 0U);
         EXPECT_EQ(refuse(2, "complement -o out.csv " + file).find(file + ":"), 0U);
     }
+    EXPECT_EQ(refuse(2, "complement -o out.csv .").find(".:"), 0U);
     EXPECT_EQ(run(2, "info number.csv"), "number.csv:4: colBegin is not an integer");
 }
 

@@ -150,7 +150,7 @@ TEST_F(ImageParts, PagesAreAskedFor)
                                   {.width = 2, .height = 1, .samples = "\2\3"s},
                                   {.width = 2, .height = 2, .samples = "\0\0\4\5"s}});
     const auto page = [&](int number) { return kivconvert::read_image(path("pages.tif"), {.page = number}).Mat(); };
-    EXPECT_EQ(kivconvert::count_pages(path("pages.tif")), 3);
+    EXPECT_EQ(kivconvert::ImageFile(path("pages.tif")).pages(), 3);
     EXPECT_EQ(complaint_of([&] { page(0); }), path("pages.tif") + ": has 3 pages; --page N takes one of them");
     expect_values<uchar>(page(1), {0, 1, 0});
     expect_values<uchar>(page(2), {2, 3});
@@ -161,7 +161,7 @@ TEST_F(ImageParts, PagesAreAskedFor)
 TEST_F(ImageParts, OtherFilesHaveOnePage)
 {
     put("a.png", make_png({.width = 1, .height = 1, .samples = "\7"s}));
-    EXPECT_EQ(kivconvert::count_pages(path("a.png")), 1);
+    EXPECT_EQ(kivconvert::ImageFile(path("a.png")).pages(), 1);
     expect_values<uchar>(kivconvert::read_image(path("a.png"), {.page = 1}).Mat(), {7});
     EXPECT_EQ(complaint_of([&] { kivconvert::read_image(path("a.png"), {.page = 2}); }),
               path("a.png") + ": has 1 page and no page 2");

@@ -42,6 +42,19 @@ ends 0 sh -c '"$1" region ring.png -o out.csv <&- >&- 2>&-' sh "$kivconvert"
 cmp ring.csv out.csv || fail 'without standard streams, the output differs'
 ends 2 sh -c '"$1" info none.csv 2>/dev/full' sh "$kivconvert"
 
+# A dash is standard input or output.
+"$kivconvert" region - --from png -o - --to csv <ring.png >out.csv || fail 'does not convert standard input'
+cmp ring.csv out.csv || fail 'from standard input, the output differs'
+"$kivconvert" union ring.png - --from .csv -o - --to .csv <ring.csv | cmp - ring.csv || fail 'the union differs'
+ends 2 "$kivconvert" region - -o out.csv
+says '-: is standard input; --from ENDING says what it holds'
+ends 2 "$kivconvert" region ring.png -o -
+says '-: is standard output; --to ENDING says what it gets'
+ends 2 "$kivconvert" compare - - --from csv
+says '-: is standard input, which can be read once'
+ends 2 sh -c '"$1" region ring.png -o - --to csv >/dev/full' sh "$kivconvert"
+says '<stdout>.csv: cannot be written: No space left on device'
+
 # Limits. A thread has a stack as large as the limit of stacks.
 ends 2 sh -c 'ulimit -f 1; "$1" image roi:circle:500,500,500 --width 1000 --height 1000 -o out.bmp' sh "$kivconvert"
 says 'out.bmp: cannot be written: File too large'

@@ -6,17 +6,13 @@
 #include "kivconvert/frame_options.h"
 #include "kivconvert/help_texts.h"
 #include "kivconvert/label_images.h"
+#include "kivconvert/part_sets.h"
 #include "kivconvert/placed_pixels.h"
-
-#include <KivRLC/KivRunComponents.h>
 
 #include <CLI/CLI.hpp>
 
-#include <cstdint>
 #include <memory>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace kivconvert
 {
@@ -27,15 +23,6 @@ struct ComponentOptions {
     KivRuns::Connectivity connectivity = default_connectivity;
     Frame frame;
 };
-
-std::vector<KivRuns::LabelledSet> numbered_components(const KivRunSet& pixels, KivRuns::Connectivity connectivity)
-{
-    std::vector<KivRuns::LabelledSet> numbered;
-    for (KivRunSet& component : KivRuns::Components(pixels, connectivity)) {
-        numbered.push_back({static_cast<std::int32_t>(numbered.size()) + 1, std::move(component)});
-    }
-    return numbered;
-}
 
 } // namespace
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/contents.h"
 
+#include "kivconvert/coco_data_set.h"
 #include "kivconvert/errors.h"
 #include "kivconvert/files.h"
 #include "kivconvert/image_files.h"
@@ -8,6 +9,9 @@
 #include "kivconvert/point_files.h"
 #include "kivconvert/run_files.h"
 #include "kivconvert/shape_text.h"
+#include "kivconvert/standard_streams.h"
+
+#include <KivData/KivRunBridges.h>
 
 #include <algorithm>
 #include <iterator>
@@ -61,6 +65,10 @@ Content read_file_content(const std::string& path, const ImagePart& part)
     if (extension == ".csv") {
         return parse_csv(read_text(path), path);
     }
+    if (is_data_set(path)) {
+        const PlacedPixels chosen = CocoDataSet(path).pixels_of(part.choice);
+        return KivRuns::RegionOf(chosen.pixels, chosen.frame.width, chosen.frame.height);
+    }
     if (extension == ".json" || extension == ".geojson") {
         return parse_json(read_text(path), path);
     }
@@ -86,6 +94,21 @@ Content read_content(const std::string& text, const ImagePart& part)
     const Frame frame = frame_of(content);
     expect_possible_frame(text, frame.width, frame.height);
     return content;
+}
+
+bool is_data_set(const std::string& text)
+{
+    return !is_shape(text) && !is_standard_input(text) && extension_of(text) == ".json" && is_coco_data_set(text);
+}
+
+void expect_use_for_part(const std::string& text, const Content& content, const ImagePart& part)
+{
+    if (!std::holds_alternative<KivImage>(content)) {
+        expect_no_image_part(part);
+    }
+    if (part.choice.is_made() && !is_data_set(text)) {
+        expect_no_choice(part.choice);
+    }
 }
 
 Frame extent_of(const KivPointArray& points)

@@ -40,6 +40,12 @@ using Content = std::variant<KivImage, KivRegion, KivROI, TracedContours, KivPoi
 /// @throws InputError for everything else, and for frames that are too large
 Content read_content(const std::string& text, const ImagePart& part = {});
 
+/// Whether a text names a COCO data set. Reads no further than it must.
+bool is_data_set(const std::string& text);
+
+/// For what has been read of `text`. @throws InputError if `part` asks for what it does not have
+void expect_use_for_part(const std::string& text, const Content& content, const ImagePart& part);
+
 /// The smallest frame that holds the pixels on which the points fall.
 Frame extent_of(const KivPointArray& points);
 

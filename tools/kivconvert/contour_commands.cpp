@@ -10,6 +10,7 @@
 #include "kivconvert/image_files.h"
 #include "kivconvert/image_options.h"
 #include "kivconvert/operands.h"
+#include "kivconvert/standard_streams.h"
 
 #include <CLI/CLI.hpp>
 
@@ -76,7 +77,7 @@ void add_edit_command(CLI::App& app)
     command->footer(example("edit mask.png scratches.json --cut -o clean.png"));
     command->add_option("IMAGE", options->image, "mask image")->required();
     command->add_option("CONTOURS", options->contours, "contours, .json or .geojson")->required();
-    command->add_option("-o,--output", options->output, any_image)->required();
+    add_single_output(*command, options->output, any_image);
     CLI::Option_group* const mode = command->add_option_group("mode", "What becomes of the pixels in the contours");
     mode->add_flag("--add", options->add, "they become foreground");
     mode->add_flag("--cut", options->cut, "they become background");

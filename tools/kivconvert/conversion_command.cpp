@@ -7,6 +7,7 @@
 #include "kivconvert/folders.h"
 #include "kivconvert/image_options.h"
 #include "kivconvert/inputs.h"
+#include "kivconvert/standard_streams.h"
 
 #include <CLI/CLI.hpp>
 
@@ -29,15 +30,10 @@ struct Files {
     bool all_pages = false;
 };
 
-std::string with_dot(const std::string& ending)
-{
-    return ending.front() == '.' ? ending : fmt::format(".{}", ending);
-}
-
 void convert_to_file(const Files& files, const ConversionTexts& texts, const Conversion& convert)
 {
     if (!files.ending.empty()) {
-        throw InputError("--to", "is for folders; the name of a single output says its format");
+        expect_use_for_ending(files.output);
     }
     texts.expect_output(files.output);
     convert(files.inputs.texts.front(), files.output, files.part);
@@ -47,7 +43,8 @@ void convert_to_file(const Files& files, const ConversionTexts& texts, const Con
 void convert_pages(const std::string& input, const std::string& output, const std::string& ending, ImagePart part,
                    const Conversion& convert)
 {
-    const int pages = count_pages(input);
+    part.file = std::make_shared<ImageFile>(input);
+    const int pages = part.file->pages();
     const std::size_t digits = fmt::formatted_size("{}", pages);
     const std::string name = output.substr(0, output.size() - ending.size());
     for (part.page = 1; part.page <= pages; ++part.page) {
@@ -105,10 +102,13 @@ void add_conversion(CLI::App& command, const ConversionTexts& texts, Conversion 
 {
     const auto files = std::make_shared<Files>();
     add_inputs(command, files->inputs, texts.input);
-    command.add_option("-o,--output", files->output, fmt::format("{}; or a folder for them", texts.output))->required();
+    command
+        .add_option("-o,--output", files->output,
+                    fmt::format("{}; or a folder for them; - is standard output", texts.output))
+        ->required();
     command
         .add_option("--to", files->ending,
-                    fmt::format("ending of the files in the output folder, {} by default", texts.ending))
+                    fmt::format("ending of the files in the output folder, {} by default, or of -", texts.ending))
         ->type_name("ENDING");
     add_image_options(command, files->part, files->all_pages);
     const auto convert_named = [convert = std::move(convert)](const std::string& input, const std::string& output,

@@ -60,6 +60,32 @@ Failure current_failure()
     }
 }
 
+void Complaints::keep(const std::function<void()>& work)
+{
+    try {
+        work();
+    } catch (...) {
+        const Failure failure = current_failure();
+        failure_ = {std::max(failure_.status, failure.status), failure_.lines + failure.lines};
+        ++count_;
+    }
+}
+
+void Complaints::expect_none() const
+{
+    if (count_ > 0) {
+        throw FilesFailed(failure_, failure_.lines);
+    }
+}
+
+void Complaints::expect_none(std::size_t total, const std::string& what) const
+{
+    if (count_ > 0) {
+        const std::string summary = fmt::format("{} of {} {}", count_, total, what);
+        throw FilesFailed({failure_.status, failure_.lines + error_line(summary)}, summary);
+    }
+}
+
 void report_under(const std::string& subject, const std::function<void()>& work)
 {
     try {

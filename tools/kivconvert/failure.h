@@ -2,6 +2,7 @@
 // What a failure means to the caller of the program: lines of text and an exit status.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -32,6 +33,24 @@ struct FilesFailed : std::runtime_error {
 
 /// The meaning of the exception that is being handled.
 Failure current_failure();
+
+/// Failures of parts of a whole, the rest of which is done all the same.
+class Complaints
+{
+public:
+    /// Runs `work`, and keeps its failure if it fails.
+    void keep(const std::function<void()>& work);
+
+    /// @throws FilesFailed with a line for each failure, if there are any
+    void expect_none() const;
+
+    /// @throws FilesFailed with another line, "N of TOTAL WHAT"
+    void expect_none(std::size_t total, const std::string& what) const;
+
+private:
+    Failure failure_{0, {}};
+    std::size_t count_ = 0;
+};
 
 /// Runs `work`; errors that do not name a file (std::bad_alloc, for instance) are reported under `subject`.
 void report_under(const std::string& subject, const std::function<void()>& work);

@@ -3,6 +3,7 @@
 
 #include "kivconvert/errors.h"
 #include "kivconvert/part_file.h"
+#include "kivconvert/standard_streams.h"
 
 #include <algorithm>
 #include <array>
@@ -57,6 +58,16 @@ std::string reason()
     return std::strerror(errno);
 }
 
+using InputStream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+InputStream open_input(const std::string& path)
+{
+    if (is_standard_input(path)) {
+        return {stdin, [](std::FILE*) { return 0; }};
+    }
+    return {std::fopen(path.c_str(), "rb"), std::fclose};
+}
+
 } // namespace
 
 std::string extension_of(const std::string& path)
@@ -72,7 +83,7 @@ bool is_named_like(const std::string& path, std::string_view ending)
 
 std::string read_file(const std::string& path)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+    const InputStream file = open_input(path);
     if (!file) {
         throw FileError(path, "cannot be opened: " + reason());
     }
@@ -99,9 +110,50 @@ std::string read_text(const std::string& path)
 
 void write_file(const std::string& path, std::string_view bytes)
 {
-    PartFile part(replaceable(path));
-    if (!part.write(bytes) || !part.replace_target()) {
-        throw FileError(path, "cannot be written: " + reason());
+    FileWriter file(path);
+    file.write(bytes);
+    file.finish();
+}
+
+FileWriter::FileWriter(const std::string& path) : path_(path)
+{
+    if (!is_standard_output(path)) {
+        part_ = std::make_unique<PartFile>(replaceable(path));
+    }
+}
+
+void FileWriter::write(std::string_view bytes)
+{
+    constexpr std::size_t block = 1 << 16;
+    if (buffer_.size() + bytes.size() > block) {
+        flush();
+    }
+    if (bytes.size() > block) {
+        write_now(bytes);
+    } else {
+        buffer_ += bytes;
+    }
+}
+
+void FileWriter::finish()
+{
+    flush();
+    if (part_ ? !part_->replace_target() : std::fflush(stdout) != 0) {
+        throw FileError(path_, "cannot be written: " + reason());
+    }
+}
+
+void FileWriter::flush()
+{
+    write_now(buffer_);
+    buffer_.clear();
+}
+
+void FileWriter::write_now(std::string_view bytes)
+{
+    const bool done = part_ ? part_->write(bytes) : std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
+    if (!done) {
+        throw FileError(path_, "cannot be written: " + reason());
     }
 }
 

@@ -2,6 +2,9 @@
 // Files as bytes.
 #pragma once
 
+#include "kivconvert/part_file.h"
+
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -25,5 +28,27 @@ std::string read_text(const std::string& path);
 ///
 /// @throws FileError if the file cannot be written, is read-only, or is not a regular file
 void write_file(const std::string& path, std::string_view bytes);
+
+/// The same, piece by piece: whatever was there is unchanged until finish().
+class FileWriter
+{
+public:
+    /// @throws FileError as write_file()
+    explicit FileWriter(const std::string& path);
+
+    /// @throws FileError
+    void write(std::string_view bytes);
+
+    /// To be called once, after everything has been written. @throws FileError
+    void finish();
+
+private:
+    void flush();
+    void write_now(std::string_view bytes);
+
+    std::string path_;
+    std::unique_ptr<PartFile> part_; ///< null: standard output
+    std::string buffer_;
+};
 
 } // namespace kivconvert

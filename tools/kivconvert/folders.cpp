@@ -11,7 +11,6 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <map>
-#include <optional>
 #include <system_error>
 #include <vector>
 
@@ -102,57 +101,54 @@ void expect_regular_file(const fs::path& path)
     }
 }
 
-using Failures = std::vector<std::optional<Failure>>;
-
-void expect_no_failures(const Failures& failures, const char* done)
-{
-    std::size_t failed = 0;
-    Failure all{0, {}};
-    for (const std::optional<Failure>& failure : failures) {
-        if (failure) {
-            ++failed;
-            all.status = std::max(all.status, failure->status);
-            all.lines += failure->lines;
-        }
-    }
-    if (failed > 0) {
-        const std::string summary = fmt::format("{} of {} files could not be {}", failed, failures.size(), done);
-        all.lines += error_line(summary);
-        throw FilesFailed(all, summary);
-    }
-}
-
 } // namespace
 
 void for_each_file(const std::vector<InputFile>& files, const char* done,
                    const std::function<void(std::size_t index)>& work)
 {
-    Failures failures(files.size());
+    if (files.size() == 1 && !files.front().is_found) { // which fails as a single file does
+        work(0);
+        return;
+    }
+    std::vector<Complaints> complaints(files.size());
     {
         Progress progress(files.size());
         on_all_processors(files.size(), [&](std::size_t i) {
-            try {
+            complaints[i].keep([&] {
                 if (files[i].is_found) {
                     expect_regular_file(files[i].path);
                 }
                 work(i);
-            } catch (...) {
-                failures[i] = current_failure();
-            }
+            });
             progress.advance();
         });
     }
-    expect_no_failures(failures, done);
+    Complaints all;
+    for (const Complaints& some : complaints) {
+        all.keep([&some] { some.expect_none(); });
+    }
+    all.expect_none(files.size(), fmt::format("files could not be {}", done));
+}
+
+std::vector<std::string> outputs_in(const std::string& folder, const std::vector<InputFile>& files,
+                                    const std::string& ending)
+{
+    const std::vector<Task> tasks = tasks_for(files, folder, ending);
+    make_folder(folder);
+    make_folders_of(tasks);
+    std::vector<std::string> outputs;
+    for (const Task& task : tasks) {
+        outputs.push_back(task.output);
+    }
+    return outputs;
 }
 
 void convert_files(const Inputs& inputs, const std::string& output, const std::string& ending,
                    const FileConversion& convert)
 {
     const std::vector<InputFile> files = files_of(inputs, output);
-    const std::vector<Task> tasks = tasks_for(files, output, ending);
-    make_folder(output);
-    make_folders_of(tasks);
-    for_each_file(files, "converted", [&](std::size_t i) { convert(tasks[i].input, tasks[i].output); });
+    const std::vector<std::string> outputs = outputs_in(output, files, ending);
+    for_each_file(files, "converted", [&](std::size_t i) { convert(files[i].path, outputs[i]); });
 }
 
 void convert_into_folder(const std::string& input, const std::string& output, const std::string& ending,

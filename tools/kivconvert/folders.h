@@ -13,10 +13,16 @@ namespace kivconvert
 
 /// Calls `work` with the index of each file, with a bar on a terminal. Files that fail are reported; the rest are still
 /// worked on.
+/// A single file that was given itself fails by itself.
 /// @param done what is to be done to the files, such as "converted"
 /// @throws FilesFailed afterwards, if any file failed
 void for_each_file(const std::vector<InputFile>& files, const char* done,
                    const std::function<void(std::size_t index)>& work);
+
+/// The paths of the results of files: the same names with another ending, in a folder, which is created, with its
+/// subfolders. @throws FileError as convert_files()
+std::vector<std::string> outputs_in(const std::string& folder, const std::vector<InputFile>& files,
+                                    const std::string& ending);
 
 using FileConversion = std::function<void(const std::string& input, const std::string& output)>;
 

@@ -29,9 +29,7 @@ bool is_mask(const Painting& painting, const Frame& frame)
 void paint(const std::string& input, const std::string& output, const Painting& painting, const ImagePart& part)
 {
     Content content = read_content(input, part);
-    if (!std::holds_alternative<KivImage>(content)) {
-        expect_no_part(part);
-    }
+    expect_use_for_part(input, content, part);
     place(content, {painting.width, painting.height});
     expect_placed(content, input);
     if (is_mask(painting, frame_of(content))) {

@@ -52,6 +52,9 @@ protected:
     ImageLayout layout_;
 };
 
+/// Where in a file a page is described.
+using PagePlace = std::uint64_t;
+
 using ImageDecoderPtr = std::unique_ptr<ImageDecoder>;
 
 // Each of these reads the header. They throw FileError if it is damaged, larger than expect_possible_frame() allows, or
@@ -62,11 +65,11 @@ ImageDecoderPtr decode_jpeg(const ImageBytes& file);
 ImageDecoderPtr decode_bmp(const ImageBytes& file);
 ImageDecoderPtr decode_pnm(const ImageBytes& file);
 
-/// @param page counted from 1 to count_tiff_pages()
-ImageDecoderPtr decode_tiff(const ImageBytes& file, int page);
+/// @param page one of pages_of_tiff()
+ImageDecoderPtr decode_tiff(const ImageBytes& file, PagePlace page);
 
-/// Reduced copies of a page, and masks of transparency, are no pages. @throws FileError
-int count_tiff_pages(const ImageBytes& file);
+/// Reduced copies of a page, and masks of transparency, are no pages. Linear in the pages. @throws FileError
+std::vector<PagePlace> pages_of_tiff(const ImageBytes& file);
 
 /// The complaint of a decoding library about the file.
 [[noreturn]] void fail_decoding(const ImageBytes& file, const char* format, const char* complaint);

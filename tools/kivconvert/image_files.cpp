@@ -20,17 +20,17 @@ namespace
 
 struct ReadFormat {
     bool (*begins)(std::string_view bytes);
-    int (*count_pages)(const ImageBytes& file);
-    ImageDecoderPtr (*decode)(const ImageBytes& file, int page);
+    std::vector<PagePlace> (*find_pages)(const ImageBytes& file);
+    ImageDecoderPtr (*decode)(const ImageBytes& file, PagePlace page);
 };
 
-int one_page(const ImageBytes&)
+std::vector<PagePlace> one_page(const ImageBytes&)
 {
-    return 1;
+    return {0};
 }
 
 template <ImageDecoderPtr (*decode)(const ImageBytes&)>
-ImageDecoderPtr decode_only_page(const ImageBytes& file, int)
+ImageDecoderPtr decode_only_page(const ImageBytes& file, PagePlace)
 {
     return decode(file);
 }
@@ -45,7 +45,7 @@ bool begins_like_tiff(std::string_view bytes)
 constexpr ReadFormat read_formats[] = {
     {[](std::string_view bytes) { return bytes.starts_with("\x89PNG\r\n\x1a\n"); }, one_page,
      decode_only_page<decode_png>},
-    {begins_like_tiff, count_tiff_pages, decode_tiff},
+    {begins_like_tiff, pages_of_tiff, decode_tiff},
     {[](std::string_view bytes) { return bytes.starts_with("\xff\xd8\xff"); }, one_page, decode_only_page<decode_jpeg>},
     {[](std::string_view bytes) { return bytes.starts_with("BM"); }, one_page, decode_only_page<decode_bmp>},
     {[](std::string_view bytes) { return bytes.size() > 2 && bytes[0] == 'P' && bytes[1] >= '1' && bytes[1] <= '6'; },
@@ -62,22 +62,27 @@ const ReadFormat& format_of(const ImageBytes& file)
     return *format;
 }
 
-std::string counted_pages(int pages)
+std::string counted_pages(std::size_t pages)
 {
     return pages == 1 ? "1 page" : fmt::format("{} pages", pages);
 }
 
+/// @param page counted from 1; 0: the only one
+ImageDecoderPtr decoder_of(const ImageBytes& file, const std::vector<PagePlace>& pages, int page)
+{
+    const auto index = static_cast<std::size_t>(std::max(page, 1));
+    if (index > pages.size()) {
+        throw FileError(file.path, fmt::format("has {} and no page {}", counted_pages(pages.size()), index));
+    }
+    if (page == 0 && pages.size() > 1) {
+        throw FileError(file.path, fmt::format("has {} pages; --page N takes one of them", pages.size()));
+    }
+    return format_of(file).decode(file, pages[index - 1]);
+}
+
 ImageDecoderPtr decoder_of(const ImageBytes& file, int page)
 {
-    const ReadFormat& format = format_of(file);
-    const int pages = format.count_pages(file);
-    if (page > pages || pages == 0) {
-        throw FileError(file.path, fmt::format("has {} and no page {}", counted_pages(pages), std::max(page, 1)));
-    }
-    if (page == 0 && pages > 1) {
-        throw FileError(file.path, fmt::format("has {} pages; --page N takes one of them", pages));
-    }
-    return format.decode(file, std::max(page, 1));
+    return decoder_of(file, format_of(file).find_pages(file), page);
 }
 
 /// The picture as it is meant to be seen.
@@ -281,7 +286,17 @@ void expect_possible_frame(const std::string& path, int width, int height)
     }
 }
 
-void expect_no_part(const ImagePart& part)
+void expect_no_choice(const CocoChoice& choice)
+{
+    if (choice.is_made()) {
+        throw InputError(choice.annotation       ? "--annotation"
+                         : !choice.image.empty() ? "--of-image"
+                                                 : "--category",
+                         "is for COCO data sets");
+    }
+}
+
+void expect_no_image_part(const ImagePart& part)
 {
     if (part.alpha != Alpha::refused) {
         throw InputError(part.alpha == Alpha::taken ? "--alpha" : "--no-alpha", "is for images");
@@ -289,6 +304,12 @@ void expect_no_part(const ImagePart& part)
     if (part.page > 0) {
         throw InputError("--page", "is for images");
     }
+}
+
+void expect_no_part(const ImagePart& part)
+{
+    expect_no_image_part(part);
+    expect_no_choice(part.choice);
 }
 
 KivImage decode_image(std::string_view bytes, const std::string& path, const ImagePart& part)
@@ -299,14 +320,19 @@ KivImage decode_image(std::string_view bytes, const std::string& path, const Ima
 
 KivImage read_image(const std::string& path, const ImagePart& part)
 {
-    return decode_image(read_file(path), path, part);
+    return part.file ? part.file->read(part) : decode_image(read_file(path), path, part);
 }
 
-int count_pages(const std::string& path)
+ImageFile::ImageFile(const std::string& path) : path_(path), bytes_(read_file(path))
 {
-    const std::string bytes = read_file(path);
-    const ImageBytes file{bytes, path};
-    return format_of(file).count_pages(file);
+    const ImageBytes file{bytes_, path_};
+    pages_ = format_of(file).find_pages(file);
+}
+
+KivImage ImageFile::read(const ImagePart& part) const
+{
+    const ImageDecoderPtr decoder = decoder_of({bytes_, path_}, pages_, part.page);
+    return KivImage(read_one_channel(*decoder, part.alpha, path_));
 }
 
 PngPicture read_as_png(const std::string& path)

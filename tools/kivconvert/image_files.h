@@ -4,8 +4,12 @@
 
 #include <KivData/KivData.h>
 
+#include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kivconvert
 {
@@ -23,14 +27,34 @@ enum class Alpha {
     ignored, ///< take the other channels
 };
 
-/// Which part of an image file is read.
+class ImageFile;
+
+/// Which annotations of a COCO data set are taken.
+struct CocoChoice {
+    std::optional<std::int64_t> annotation; ///< the id
+    std::string image;                      ///< the id or the name; empty: any
+    std::string category;                   ///< the same
+
+    bool is_made() const { return annotation || !image.empty() || !category.empty(); }
+};
+
+/// Which part of a file is read: of an image, or of a data set.
 struct ImagePart {
     Alpha alpha = Alpha::refused;
     int page = 0; ///< counted from 1; 0: the only one
+
+    /// The file, if it has been opened, so that many of its pages can be read.
+    std::shared_ptr<const ImageFile> file = {};
+
+    CocoChoice choice = {};
 };
 
-/// For input that is no image. @throws InputError if `part` is not the whole of it
+/// For input that is no image, and no data set. @throws InputError if `part` is not the whole of it
 void expect_no_part(const ImagePart& part);
+
+// The two halves of it.
+void expect_no_image_part(const ImagePart& part);
+void expect_no_choice(const CocoChoice& choice);
 
 /// Reads PNG, TIFF, JPEG, BMP and PNM files as one channel of the file's own bit depth. Of a colour image it is the
 /// largest of a pixel's red, green and blue, so that a pixel is 0 where all three are; of a palette image the index.
@@ -43,8 +67,24 @@ KivImage read_image(const std::string& path, const ImagePart& part = {});
 /// The same of a file in memory; `path` is its name in error messages.
 KivImage decode_image(std::string_view bytes, const std::string& path, const ImagePart& part = {});
 
-/// How many pages an image file has: 1 except for TIFF files. @throws FileError
-int count_pages(const std::string& path);
+/// An image file in memory, of which any page can be read at the same cost.
+class ImageFile
+{
+public:
+    /// @throws FileError
+    explicit ImageFile(const std::string& path);
+
+    /// 1 except for TIFF files.
+    int pages() const { return static_cast<int>(pages_.size()); }
+
+    /// As read_image(). @throws FileError
+    KivImage read(const ImagePart& part) const;
+
+private:
+    std::string path_;
+    std::string bytes_;
+    std::vector<std::uint64_t> pages_; ///< where each begins
+};
 
 /// A picture in colour or grey, as a PNG file would hold it.
 struct PngPicture {

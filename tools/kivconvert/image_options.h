@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// --alpha, --no-alpha and --page: what is read of an image.
+// --alpha, --no-alpha and --page: what is read of an image. --annotation, --of-image and --category: of a COCO data
+// set.
 #pragma once
 
 #include "kivconvert/cli_types.h"

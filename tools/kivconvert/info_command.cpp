@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: MIT
-// What is in a file: info.
+// What is in files: info.
+#include "kivconvert/collected_rows.h"
 #include "kivconvert/commands.h"
-#include "kivconvert/conversions.h"
+#include "kivconvert/description.h"
 #include "kivconvert/failure.h"
 #include "kivconvert/frame_options.h"
 #include "kivconvert/help_texts.h"
 #include "kivconvert/image_options.h"
-#include "kivconvert/operands.h"
-#include "kivconvert/visible_pixels.h"
+#include "kivconvert/inputs.h"
 
-#include <KivRLC/KivRunMeasures.h>
-
-#include <algorithm>
 #include <CLI/CLI.hpp>
-#include <cstddef>
-#include <fmt/format.h>
-#include <iterator>
+
 #include <memory>
 #include <string>
 
@@ -24,83 +19,52 @@ namespace kivconvert
 namespace
 {
 
-/// How many runs reach outside the frame or cover nothing.
-std::ptrdiff_t count_outside(const KivRegion& region)
-{
-    return std::count_if(region.Runs().begin(), region.Runs().end(), [&region](const Run& run) {
-        return run.row < 0 || run.row >= region.Height() || run.colBegin < 0 || run.colEnd >= region.Width() ||
-               run.colBegin > run.colEnd;
-    });
-}
-
-void append_facts(std::string& text, const KivRegion& region)
-{
-    const KivRunSet pixels = visible_pixels(region);
-    const auto out = std::back_inserter(text);
-    fmt::format_to(out, "frame      {} x {}\n", region.Width(), region.Height());
-    fmt::format_to(out, "runs       {}\n", region.Runs().size());
-    fmt::format_to(out, "pixels     {}\n", pixels.Area());
-    if (!pixels.Empty()) {
-        const KivRunBox box = KivRuns::BoundingBox(pixels);
-        fmt::format_to(out, "columns    {} to {}\n", box.colBegin, box.colEnd);
-        fmt::format_to(out, "rows       {} to {}\n", box.rowBegin, box.rowEnd);
-    }
-    if (const std::ptrdiff_t outside = count_outside(region); outside > 0) {
-        fmt::format_to(out, "outside    {} runs reach outside the frame or cover nothing\n", outside);
-    }
-}
-
-const char* kind_of(const Content& content)
-{
-    constexpr const char* kinds[] = {
-        "image; the runs are those of its non-zero pixels",
-        "runs",
-        "shape; the runs are those of its pixels",
-        "contours; the runs are those of what they enclose",
-        "points; the runs are those of the pixels they fall on",
-    };
-    static_assert(std::size(kinds) == std::variant_size_v<Content>);
-    return kinds[content.index()];
-}
-
 struct InfoOptions {
-    std::string input;
+    Inputs inputs;
     Frame frame;
     ImagePart part;
     bool all_pages = false;
+    bool as_json = false;
 };
 
-std::string description_of(const std::string& text, const Frame& frame, const ImagePart& part)
+/// @param name what tells the row from others
+void append_row(Rows& rows, TableRow name, const std::string& input, const ImagePart& part, const InfoOptions& options)
 {
-    Content content = read_operand(text, frame, part);
-    const KivRegion region = region_of(content, text);
-    std::string description = fmt::format("kind       {}\n", kind_of(content));
-    if (const auto* const traced = std::get_if<TracedContours>(&content)) {
-        description += fmt::format("contours   {}\n", traced->contours.Length());
-    }
-    if (const auto* const points = std::get_if<KivPointArray>(&content)) {
-        description += fmt::format("points     {}\n", points->Length());
-    }
-    append_facts(description, region);
-    return description;
+    name.update(description_of(input, options.frame, part));
+    rows.push_back(std::move(name));
 }
 
-std::string description_of_pages(const InfoOptions& options)
+void append_rows(Rows& rows, const std::string& input, const InfoOptions& options)
 {
-    std::string description;
+    TableRow name = TableRow::object();
+    if (options.as_json || !options.inputs.is_single()) {
+        name["file"] = input;
+    }
+    if (!options.all_pages) {
+        append_row(rows, name, input, options.part, options);
+        return;
+    }
     ImagePart part = options.part;
-    const int pages = count_pages(options.input);
+    part.file = std::make_shared<ImageFile>(input);
+    const int pages = part.file->pages();
     for (part.page = 1; part.page <= pages; ++part.page) {
-        description += fmt::format("page       {}\n", part.page);
-        description += description_of(options.input, options.frame, part);
+        name["page"] = part.page;
+        append_row(rows, name, input, part, options);
     }
-    return description;
 }
 
-std::string description_of(const InfoOptions& options)
+void describe(const InfoOptions& options, std::string& out)
 {
-    return options.all_pages ? description_of_pages(options)
-                             : description_of(options.input, options.frame, options.part);
+    const Collected collected = collect(
+        options.inputs, "described", [&](Rows& rows, const std::string& input) { append_rows(rows, input, options); });
+    if (options.as_json) {
+        out += rows_as_json(collected.rows);
+    } else {
+        for (const TableRow& row : collected.rows) {
+            out += as_lines(row);
+        }
+    }
+    collected.expect_no_failure();
 }
 
 } // namespace
@@ -108,13 +72,14 @@ std::string description_of(const InfoOptions& options)
 void add_info_command(CLI::App& app, Outcome& outcome)
 {
     const auto options = std::make_shared<InfoOptions>();
-    CLI::App* const command = app.add_subcommand("info", "Prints the frame, runs and pixels of a file or a shape");
+    CLI::App* const command = app.add_subcommand("info", "Prints the frame, runs and pixels of files or shapes");
     command->footer(example_with_shapes("info parts.csv"));
-    command->add_option("FILE", options->input, any_content)->required();
+    add_inputs(*command, options->inputs, any_content);
+    command->add_flag("--json", options->as_json, "print JSON");
     add_frame_options(*command, options->frame);
     add_image_options(*command, options->part, options->all_pages);
     command->callback(
-        [options, &outcome] { report_under(options->input, [&] { outcome.out += description_of(*options); }); });
+        [options, &outcome] { report_under(options->inputs.texts.front(), [&] { describe(*options, outcome.out); }); });
 }
 
 } // namespace kivconvert

@@ -1,26 +1,22 @@
 // SPDX-License-Identifier: MIT
 // A table of measures of files, of their connected parts, or of labels: measure.
+#include "kivconvert/coco_data_set.h"
+#include "kivconvert/collected_rows.h"
 #include "kivconvert/commands.h"
 #include "kivconvert/connectivity_option.h"
+#include "kivconvert/contents.h"
 #include "kivconvert/errors.h"
 #include "kivconvert/failure.h"
 #include "kivconvert/files.h"
-#include "kivconvert/folders.h"
 #include "kivconvert/frame_options.h"
 #include "kivconvert/help_texts.h"
 #include "kivconvert/image_options.h"
 #include "kivconvert/inputs.h"
-#include "kivconvert/label_images.h"
 #include "kivconvert/measure_table.h"
-#include "kivconvert/placed_pixels.h"
-
-#include <KivRLC/KivRunComponents.h>
+#include "kivconvert/part_sets.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
-#include <exception>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
@@ -31,17 +27,17 @@ namespace kivconvert
 namespace
 {
 
+constexpr const char* by_annotation = "annotation";
+
 struct MeasureOptions {
     Inputs inputs;
     std::string output; ///< empty: standard output
-    std::string by = "component";
+    std::string by;     ///< empty: not given
     bool as_json = false;
     KivRuns::Connectivity connectivity = default_connectivity;
     Frame frame;
     ImagePart part;
 };
-
-using Rows = std::vector<TableRow>;
 
 void append_row(Rows& rows, TableRow name, const KivRunSet& pixels, const MeasureOptions& options)
 {
@@ -49,74 +45,74 @@ void append_row(Rows& rows, TableRow name, const KivRunSet& pixels, const Measur
     rows.push_back(std::move(name));
 }
 
-void measure_whole(Rows& rows, const std::string& input, const MeasureOptions& options)
+void append_parts(Rows& rows, const std::string& input, const PartKind& kind, const MeasureOptions& options)
 {
-    append_row(rows, {{"file", input}}, read_pixels(input, options.frame, options.part).pixels, options);
-}
-
-void measure_components(Rows& rows, const std::string& input, const MeasureOptions& options)
-{
-    const KivRunSet pixels = read_pixels(input, options.frame, options.part).pixels;
-    int number = 0;
-    for (const KivRunSet& component : KivRuns::Components(pixels, options.connectivity)) {
-        append_row(rows, {{"file", input}, {"component", ++number}}, component, options);
+    for (const auto& [number, pixels] : kind.parts_of(input, options.frame, options.part, options.connectivity).sets) {
+        TableRow name = {{"file", input}};
+        if (kind.is_numbered) {
+            name[kind.name] = number;
+        }
+        append_row(rows, std::move(name), pixels, options);
     }
 }
 
-void measure_labels(Rows& rows, const std::string& input, const MeasureOptions& options)
+/// Annotations that are malformed are reported behind the rest.
+void append_annotations(Rows& rows, const std::string& input, const MeasureOptions& options)
 {
-    const KivImage image = read_image(input, options.part);
-    for (const auto& [label, pixels] : labels_of(image.Mat(), input)) {
-        append_row(rows, {{"file", input}, {"label", label}}, pixels, options);
+    const CocoDataSet data_set(input);
+    Complaints complaints;
+    for (const CocoEntry& entry : data_set.entries()) {
+        if (!data_set.is_chosen(entry, options.part.choice)) {
+            continue;
+        }
+        complaints.keep([&] {
+            append_row(rows,
+                       {{"file", input},
+                        {"annotation", entry.id},
+                        {"image", data_set.image_name(entry.image)},
+                        {"category", data_set.category_name(entry.category)}},
+                       data_set.pixels_of(entry).pixels, options);
+        });
+    }
+    complaints.expect_none(data_set.entries().size(), "annotations could not be measured");
+}
+
+/// What has a row: what is asked for, or else each annotation of a data set and each component of all else.
+std::string subject_of(const std::string& input, const MeasureOptions& options)
+{
+    if (!options.by.empty()) {
+        return options.by;
+    }
+    return is_data_set(input) ? by_annotation : "component";
+}
+
+void append_rows(Rows& rows, const std::string& input, const MeasureOptions& options)
+{
+    const PartKind* const kind = find_part_kind(subject_of(input, options));
+    if (kind != nullptr) {
+        append_parts(rows, input, *kind, options);
+    } else if (is_data_set(input)) {
+        append_annotations(rows, input, options);
+    } else {
+        throw FileError(input, "is no COCO data set and has no annotations");
     }
 }
 
-/// What a row is about.
-struct Subject {
-    const char* name;
-    std::vector<std::string> columns; ///< that name a row
-    void (*append_rows)(Rows& rows, const std::string& input, const MeasureOptions& options);
-};
-
-const std::vector<Subject>& subjects()
+/// The columns that name the rows.
+std::vector<std::string> name_columns(const MeasureOptions& options)
 {
-    static const std::vector<Subject> all = {
-        {"component", {"file", "component"}, measure_components},
-        {"label", {"file", "label"}, measure_labels},
-        {"file", {"file"}, measure_whole},
-    };
-    return all;
+    const std::string subject = subject_of(options.inputs.texts.front(), options);
+    if (subject == by_annotation) {
+        return {"file", "annotation", "image", "category"};
+    }
+    return find_part_kind(subject)->is_numbered ? std::vector<std::string>{"file", subject}
+                                                : std::vector<std::string>{"file"};
 }
 
-const Subject& subject_named(const std::string& name)
-{
-    return *std::find_if(subjects().begin(), subjects().end(),
-                         [&name](const Subject& subject) { return name == subject.name; });
-}
-
-std::string table_of(const Rows& rows, const Subject& subject, const MeasureOptions& options)
+std::string table_of(const Rows& rows, const MeasureOptions& options)
 {
     const bool as_json = options.as_json || extension_of(options.output) == ".json";
-    return as_json ? table_as_json(rows) : table_as_csv(subject.columns, rows);
-}
-
-/// In the order of the files, whichever is measured first.
-Rows rows_of_files(const Subject& subject, const MeasureOptions& options, std::exception_ptr& failure)
-{
-    const std::vector<InputFile> files = files_of(options.inputs);
-    std::vector<Rows> rows_of(files.size());
-    try {
-        for_each_file(files, "measured", [&](std::size_t i) {
-            report_under(files[i].path, [&] { subject.append_rows(rows_of[i], files[i].path, options); });
-        });
-    } catch (const FilesFailed&) {
-        failure = std::current_exception();
-    }
-    Rows rows;
-    for (Rows& some : rows_of) {
-        std::move(some.begin(), some.end(), std::back_inserter(rows));
-    }
-    return rows;
+    return as_json ? rows_as_json(rows) : table_as_csv(name_columns(options), rows);
 }
 
 void expect_table_file(const std::string& path)
@@ -131,23 +127,15 @@ void expect_table_file(const std::string& path)
 void measure(const MeasureOptions& options, std::string& out)
 {
     expect_table_file(options.output);
-    const Subject& subject = subject_named(options.by);
-    std::exception_ptr failure;
-    Rows rows;
-    if (options.inputs.is_single()) {
-        subject.append_rows(rows, options.inputs.texts.front(), options);
-    } else {
-        rows = rows_of_files(subject, options, failure);
-    }
-    const std::string table = table_of(rows, subject, options);
+    const Collected collected = collect(
+        options.inputs, "measured", [&](Rows& rows, const std::string& input) { append_rows(rows, input, options); });
+    const std::string table = table_of(collected.rows, options);
     if (options.output.empty()) {
         out += table;
     } else {
         write_file(options.output, table);
     }
-    if (failure) {
-        std::rethrow_exception(failure);
-    }
+    collected.expect_no_failure();
 }
 
 } // namespace
@@ -162,9 +150,11 @@ void add_measure_command(CLI::App& app, Outcome& outcome)
     CLI::Option* const output = command->add_option("-o,--output", options->output,
                                                     "table, .csv or .json; standard output, as CSV, by default");
     command->add_flag("--json", options->as_json, "print JSON")->excludes(output);
-    command->add_option("--by", options->by, "what has a row: each component, each label of an image, or each file")
-        ->type_name("component|label|file")
-        ->check(CLI::IsMember({"component", "label", "file"}).description(""));
+    command
+        ->add_option("--by", options->by,
+                     "what has a row: each component, label of an image, file, or annotation of a data set")
+        ->type_name("component|label|file|annotation")
+        ->check(CLI::IsMember({"component", "label", "file", by_annotation}).description(""));
     add_connectivity_option(*command, options->connectivity);
     add_frame_options(*command, options->frame);
     add_image_options(*command, options->part);

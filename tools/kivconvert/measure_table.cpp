@@ -21,13 +21,13 @@ struct Facts {
 
 using Value = nlohmann::ordered_json;
 
-struct Column {
+struct MeasureColumn {
     const char* name;
     Value (*value)(const Facts& facts);
     bool counts; ///< without pixels it is 0
 };
 
-constexpr Column columns[] = {
+constexpr MeasureColumn measure_columns[] = {
     {"area", [](const Facts& f) -> Value { return f.measures.moments.area; }, true},
     {"left", [](const Facts& f) -> Value { return f.measures.box.colBegin; }, false},
     {"top", [](const Facts& f) -> Value { return f.measures.box.rowBegin; }, false},
@@ -87,17 +87,17 @@ void append_measures(TableRow& row, const KivRunSet& pixels, KivRuns::Connectivi
     if (!pixels.Empty()) {
         facts = facts_of(pixels, connectivity);
     }
-    for (const Column& column : columns) {
+    for (const MeasureColumn& column : measure_columns) {
         row[column.name] = facts ? column.value(*facts) : column.counts ? Value(0) : Value();
     }
 }
 
 // Written by hand: Debian has no library that writes CSV, and this is all there is to it.
-std::string table_as_csv(const std::vector<std::string>& names, const std::vector<TableRow>& rows)
+std::string table_as_csv(const std::vector<std::string>& names, const Rows& rows)
 {
     std::vector<std::string> all = names;
-    std::transform(std::begin(columns), std::end(columns), std::back_inserter(all),
-                   [](const Column& column) { return column.name; });
+    std::transform(std::begin(measure_columns), std::end(measure_columns), std::back_inserter(all),
+                   [](const MeasureColumn& column) { return column.name; });
     std::string text;
     append_line(text, all);
     for (const TableRow& row : rows) {
@@ -107,17 +107,6 @@ std::string table_as_csv(const std::vector<std::string>& names, const std::vecto
         append_line(text, fields);
     }
     return text;
-}
-
-std::string table_as_json(const std::vector<TableRow>& rows)
-{
-    std::string text = "[";
-    const char* separator = "\n";
-    for (const TableRow& row : rows) {
-        text += separator + row.dump(-1, ' ', false, TableRow::error_handler_t::replace);
-        separator = ",\n";
-    }
-    return text + "\n]\n";
 }
 
 } // namespace kivconvert

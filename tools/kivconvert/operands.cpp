@@ -36,9 +36,7 @@ Frame first_frame_of(const std::vector<Content>& contents)
 Content read_operand(const std::string& text, const Frame& frame, const ImagePart& part)
 {
     Content content = read_content(text, part);
-    if (!is_image(content)) {
-        expect_no_part(part);
-    }
+    expect_use_for_part(text, content, part);
     expect_use_for(frame, is_placeable(content));
     place(content, frame);
     expect_placed(content, text);
@@ -49,14 +47,17 @@ std::vector<Content> read_operands(const std::vector<std::string>& texts, const 
                                    const Reduction& reduce)
 {
     std::vector<Content> operands;
-    bool any_image = false;
+    bool has_image = false;
     for (const std::string& text : texts) {
         Content content = read_content(text, part);
-        any_image = any_image || is_image(content);
+        has_image = has_image || is_image(content);
         operands.push_back(reduce ? reduce(std::move(content), text) : std::move(content));
     }
-    if (!any_image) {
-        expect_no_part(part);
+    if (!has_image) {
+        expect_no_image_part(part);
+    }
+    if (part.choice.is_made() && std::none_of(texts.begin(), texts.end(), is_data_set)) {
+        expect_no_choice(part.choice);
     }
     expect_use_for(frame, std::any_of(operands.begin(), operands.end(), is_placeable));
     for (Content& operand : operands) {

@@ -6,6 +6,7 @@
 #include "kivconvert/failure.h"
 #include "kivconvert/memory_limit.h"
 #include "kivconvert/processors.h"
+#include "kivconvert/standard_streams.h"
 
 #include <CLI/CLI.hpp>
 
@@ -80,6 +81,7 @@ void add_commands(CLI::App& app, Outcome& outcome)
                                  "how many files are worked on at a time, one per processor by default")
         ->type_name("N")
         ->check(CLI::Range(1, 1024));
+    app.add_option("--from", "ending, such as .csv, of the file that - is, standard input")->type_name("ENDING");
     app.fallthrough(); // for the subcommands, which inherit it
     add_region_command(app);
     add_image_command(app);
@@ -91,6 +93,7 @@ void add_commands(CLI::App& app, Outcome& outcome)
     add_morphology_commands(app);
     add_measure_command(app, outcome);
     add_compare_command(app, outcome);
+    add_dataset_command(app);
     add_info_command(app, outcome);
 }
 
@@ -99,7 +102,7 @@ Outcome run(const std::vector<std::string>& arguments)
     silence_opencv();
     Outcome outcome;
     try {
-        run_command(with_shapes_as_operands(arguments), outcome);
+        run_command(with_named_streams(with_shapes_as_operands(arguments)), outcome);
     } catch (const CLI::ParseError& error) {
         outcome.status = exit_status::wrong_input;
         outcome.err = error_line(fmt::format("{}; see --help", error.what()));

@@ -12,6 +12,7 @@
 #include "kivconvert/placed_pixels.h"
 #include "kivconvert/region_files.h"
 #include "kivconvert/set_rules.h"
+#include "kivconvert/standard_streams.h"
 
 #include <CLI/CLI.hpp>
 
@@ -80,7 +81,7 @@ struct Arguments {
 CLI::App* add_command(CLI::App& app, const std::string& name, const std::string& description, Arguments& arguments)
 {
     CLI::App* const command = app.add_subcommand(name, description);
-    command->add_option("-o,--output", arguments.output, any_region_output)->required();
+    add_single_output(*command, arguments.output, any_region_output);
     add_frame_options(*command, arguments.frame);
     add_image_options(*command, arguments.part);
     return command;

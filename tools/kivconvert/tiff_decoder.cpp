@@ -123,9 +123,9 @@ int clamped(std::uint32_t side)
 class TiffDecoder final : public ImageDecoder
 {
 public:
-    TiffDecoder(const ImageBytes& file, int page) : file_(file), tiff_(file)
+    TiffDecoder(const ImageBytes& file, PagePlace page) : file_(file), tiff_(file)
     {
-        tiff_.go_to_page(page);
+        tiff_.go_to(page);
         read_size();
         tags_ = tags_of(tiff_.get());
         choose_colours();
@@ -326,12 +326,12 @@ private:
 
 } // namespace
 
-int count_tiff_pages(const ImageBytes& file)
+std::vector<PagePlace> pages_of_tiff(const ImageBytes& file)
 {
-    return TiffHandle(file).count_pages();
+    return TiffHandle(file).pages();
 }
 
-ImageDecoderPtr decode_tiff(const ImageBytes& file, int page)
+ImageDecoderPtr decode_tiff(const ImageBytes& file, PagePlace page)
 {
     return std::make_unique<TiffDecoder>(file, page);
 }

@@ -74,23 +74,28 @@ void TiffHandle::expect_whole_directory() const
     }
 }
 
-int TiffHandle::count_pages()
+std::vector<PagePlace> TiffHandle::pages()
 {
     expect_whole_directory();
-    int pages = is_page() ? 1 : 0;
-    while (go_to_next()) {
-        pages += is_page() ? 1 : 0;
-    }
-    return pages;
+    std::vector<PagePlace> places;
+    do {
+        if (is_page()) {
+            places.push_back(TIFFCurrentDirOffset(tiff_));
+        }
+    } while (go_to_next());
+    return places;
 }
 
-void TiffHandle::go_to_page(int page)
+void TiffHandle::go_to(PagePlace place)
 {
-    for (int left = page - (is_page() ? 1 : 0); left > 0; left -= is_page() ? 1 : 0) {
-        if (!go_to_next()) {
-            fail();
-        }
+    if (TIFFCurrentDirOffset(tiff_) == place) {
+        return;
     }
+    forget_complaints();
+    if (TIFFSetSubDirectory(tiff_, place) == 0) {
+        fail();
+    }
+    expect_whole_directory();
 }
 
 void TiffHandle::forget_complaints()

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <tiffio.h>
+#include <vector>
 
 namespace kivconvert
 {
@@ -25,11 +26,11 @@ public:
 
     TIFF* get() const { return tiff_; }
 
-    /// Leaves the file at its last page. @throws FileError
-    int count_pages();
+    /// Where the directories of all pages begin. Leaves the file at its last directory. @throws FileError
+    std::vector<PagePlace> pages();
 
-    /// @param page counted from 1 to count_pages() @throws FileError
-    void go_to_page(int page);
+    /// @param place one of pages() @throws FileError
+    void go_to(PagePlace place);
 
     static void forget_complaints();
     static bool has_warned();
