@@ -105,8 +105,8 @@ std::vector<std::string> arguments_of(const char* command, const std::string& a,
 bool is_complaint(const std::string& text)
 {
     const auto lines = std::count(text.begin(), text.end(), '\n');
-    return text.empty() ||
-           (text.back() == '\n' && (lines == 1 || text.find(" annotation") != text.npos) && text.starts_with("kivconvert: "));
+    return text.empty() || (text.back() == '\n' && (lines == 1 || text.find(" annotation") != text.npos) &&
+                            text.starts_with("kivconvert: "));
 }
 
 } // namespace

@@ -246,7 +246,7 @@ TEST_F(Commands, ExplainThemselves)
     for (const std::string command :
          {"region",       "image",      "contours", "points",     "matrix",     "edit", "union",
           "intersection", "difference", "xor",      "complement", "components", "fill", "open",
-          "close",        "dilate",     "erode",    "measure",    "compare",    "info"}) {
+          "close",        "dilate",     "erode",    "measure",    "compare", "dataset", "report", "info"}) {
         EXPECT_NE(run(0, command + " --help").find("kivconvert " + command + " "), std::string::npos) << command;
     }
 }

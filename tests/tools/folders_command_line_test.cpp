@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <chrono>
 #include <set>
 #include <sys/stat.h>
 
@@ -135,6 +136,27 @@ TEST_F(FolderInputs, MayHaveFoldersWithin)
         expect_same("tree/out/a/1.csv", "1.csv");
         expect_same("tree/out/a/b/2.csv", "2.csv");
     }
+}
+
+TEST_F(FolderInputs, AreLeftOutWhereTheirOutputsAreThereOnDemand)
+{
+    using std::filesystem::file_time_type;
+    run(0, "region in -o out");
+    put("out/1.csv", "kept");
+    put("out/2.csv", "");
+    put("out/3.csv", "old");
+    std::filesystem::last_write_time("out/3.csv", file_time_type::clock::now() - std::chrono::hours(1));
+    std::filesystem::remove("out/4.csv");
+    run(0, "region in -o out --resume");
+    EXPECT_EQ(get("out/1.csv"), "kept");
+    for (const std::string i : {"2", "3", "4"}) {
+        expect_same("out/" + i + ".csv", i + ".csv");
+    }
+    run(0, "region in -o out --resume"); // nothing is left to do
+    EXPECT_EQ(get("out/1.csv"), "kept");
+    run(0, "region in -o out");
+    expect_same("out/1.csv", "1.csv");
+    refuse(2, "region in -o pages --page all --resume");
 }
 
 } // namespace

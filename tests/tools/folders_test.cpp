@@ -15,6 +15,7 @@ namespace
 
 using Folders = tools_tests::ScratchFolder;
 using kivconvert::convert_files;
+using kivconvert::Existing;
 using tools_tests::complaint_of;
 
 /// Refuses what begins with a dash.
@@ -51,7 +52,7 @@ protected:
     int status_of_conversion()
     {
         try {
-            convert_files({{path("in")}}, path("out"), ".csv", copy);
+            convert_files({{path("in")}}, path("out"), ".csv", Existing::replaced, copy);
             return 0;
         } catch (const kivconvert::FilesFailed& failed) {
             EXPECT_STREQ(failed.what(), expected_failure.c_str());
@@ -88,7 +89,7 @@ TEST_F(FilledFolder, IsConvertedAsFarAsItCanBe)
 TEST_F(FilledFolder, MayNotHaveTwoFilesForOneOutput)
 {
     put("in/7.pgm", "text");
-    EXPECT_EQ(complaint_of([&] { convert_files({{path("in")}}, path("out"), ".csv", copy); }),
+    EXPECT_EQ(complaint_of([&] { convert_files({{path("in")}}, path("out"), ".csv", Existing::replaced, copy); }),
               path("out/7.csv") + ": would be made of both " + path("in/7.pgm") + " and " + path("in/7.txt"));
     EXPECT_FALSE(std::filesystem::exists(path("out")));
 }
@@ -98,12 +99,12 @@ TEST_F(FilledFolder, IsNotConvertedIntoItsOwnInputs)
     put("in/7.x.csv", "text");
     const std::string folder = path("within/../in"); // another name of the same
     std::filesystem::create_directories(path("within"));
-    EXPECT_EQ(complaint_of([&] { convert_files({{path("in")}}, folder, ".x.csv", copy); }),
+    EXPECT_EQ(complaint_of([&] { convert_files({{path("in")}}, folder, ".x.csv", Existing::replaced, copy); }),
               folder + "/7.x.csv: would be made of " + path("in/7.txt") + ", but is an input itself");
     EXPECT_EQ(get("in/7.x.csv"), "text");
     std::filesystem::remove(path("in/7.x.csv"));
     std::filesystem::rename(path("in/8.txt"), path("in/8.csv"));
-    convert_files({{path("in")}}, folder, ".csv", copy); // 8.csv takes its own place
+    convert_files({{path("in")}}, folder, ".csv", Existing::replaced, copy); // 8.csv takes its own place
     EXPECT_EQ(get("in/8.csv"), "text 8");
     EXPECT_EQ(get("in/7.csv"), "text 7");
 }
@@ -111,7 +112,7 @@ TEST_F(FilledFolder, IsNotConvertedIntoItsOwnInputs)
 TEST_F(FilledFolder, NeedsAFolderForTheOutputs)
 {
     put("out", "a file");
-    EXPECT_EQ(complaint_of([&] { convert_files({{path("in")}}, path("out"), ".csv", copy); }),
+    EXPECT_EQ(complaint_of([&] { convert_files({{path("in")}}, path("out"), ".csv", Existing::replaced, copy); }),
               path("out") + ": cannot be made a folder: Not a directory");
     EXPECT_EQ(get("out"), "a file");
 }
@@ -119,7 +120,7 @@ TEST_F(FilledFolder, NeedsAFolderForTheOutputs)
 TEST_F(Folders, WithoutFilesAreRefused)
 {
     std::filesystem::create_directories(path("in"));
-    EXPECT_EQ(complaint_of([&] { convert_files({{path("in")}}, path("out"), ".csv", copy); }),
+    EXPECT_EQ(complaint_of([&] { convert_files({{path("in")}}, path("out"), ".csv", Existing::replaced, copy); }),
               path("in") + ": holds no files");
     EXPECT_EQ(files(), 1);
 }

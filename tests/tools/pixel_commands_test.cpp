@@ -234,4 +234,22 @@ TEST_F(PixelCommands, ComparePixels)
     EXPECT_EQ(refuse(2, "compare a.csv point.csv").find("point.csv: KIVMV_ERR_PARAM"), 0U) << "1 is for differences";
 }
 
+TEST_F(PixelCommands, ReportObjectsOnAPage)
+{
+    std::filesystem::create_directory("in");
+    put("in/a.csv", run_file(200, 1, "0,0,0\n0,10,138\n"));
+    put("in/set.json", R"({"images":[{"id":1,"width":2,"height":2}],"annotations":[{"id":1,"image_id":1,"category_id":1,
+        "segmentation":[[0,0,1,0,1,1,0,1]]}],"categories":[{"id":1,"name":"</script>"}]})");
+    run(0, "report in -o report.html");
+    const std::string page = get("report.html");
+    EXPECT_NE(page.find("\"thumbnail\":{\"width\":1,\"height\":1,\"path\":\"M0 0L1 0L1 1L0 1Z\"}"), page.npos);
+    EXPECT_NE(page.find("{\"width\":43,\"height\":1,\"path\":\"M0 0L43 0L43 1L0 1Z\"}"), page.npos)
+        << "129 columns, 3 at a time";
+    EXPECT_EQ(page.find("</script>"), page.rfind("</script>")) << "names end no script";
+    put("in/damaged.csv", "damaged");
+    EXPECT_EQ(kivconvert::run({"report", "in", "-o", "rest.html"}).status, 2);
+    EXPECT_NE(get("rest.html").find("in/a.csv"), page.npos);
+    EXPECT_EQ(refuse(2, "report in -o report.pdf"), "report.pdf: is not named like a page; those end in .html");
+}
+
 } // namespace

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Debian's libb64 breaks lines, which a data URL must not have.
 #include "kivconvert/base64.h"
 
 #include <cstdint>

@@ -23,9 +23,8 @@ Collected collect(const Inputs& inputs, const char* done, const RowMaker& append
     std::vector<Rows> rows_of(files.size());
     Collected collected;
     try {
-        for_each_file(files, done, [&](std::size_t i) {
-            report_under(files[i].path, [&] { append(rows_of[i], files[i].path); });
-        });
+        for_each_file(files, done,
+                      [&](std::size_t i) { report_under(files[i].path, [&] { append(rows_of[i], files[i].path); }); });
     } catch (const FilesFailed&) {
         collected.failure = std::current_exception();
     }

@@ -22,6 +22,7 @@ void add_set_commands(CLI::App& app);
 void add_components_command(CLI::App& app);
 void add_morphology_commands(CLI::App& app);
 void add_dataset_command(CLI::App& app);
+void add_report_command(CLI::App& app);
 void add_measure_command(CLI::App& app, Outcome& outcome);
 void add_compare_command(CLI::App& app, Outcome& outcome);
 void add_info_command(CLI::App& app, Outcome& outcome);

@@ -28,6 +28,7 @@ struct Files {
     std::string ending;
     ImagePart part;
     bool all_pages = false;
+    bool resume = false;
 };
 
 void convert_to_file(const Files& files, const ConversionTexts& texts, const Conversion& convert)
@@ -90,10 +91,13 @@ void convert_to_folder(const Files& files, const ConversionTexts& texts, const C
     if (files.inputs.texts.size() > 1) {
         expect_folder_for("several inputs", files.output);
     }
+    if (files.all_pages && files.resume) {
+        throw InputError("--resume", "is for inputs with one output each, not for --page all");
+    }
     if (files.all_pages) {
         expect_other_folder(files.inputs, files.output);
     }
-    convert_files(files.inputs, files.output, ending, convert_one);
+    convert_files(files.inputs, files.output, ending, files.resume ? Existing::kept : Existing::replaced, convert_one);
 }
 
 } // namespace
@@ -110,6 +114,7 @@ void add_conversion(CLI::App& command, const ConversionTexts& texts, Conversion 
         .add_option("--to", files->ending,
                     fmt::format("ending of the files in the output folder, {} by default, or of -", texts.ending))
         ->type_name("ENDING");
+    command.add_flag("--resume", files->resume, "of many files, leave out those whose outputs are there and newer");
     add_image_options(command, files->part, files->all_pages);
     const auto convert_named = [convert = std::move(convert)](const std::string& input, const std::string& output,
                                                               const ImagePart& part) {

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+// Of the libraries in Debian, libcsv knows no line numbers, which complaints need, and libfccp wants the columns at
+// compile time.
 #include "kivconvert/csv_scanner.h"
 
 #include "kivconvert/errors.h"

@@ -92,6 +92,14 @@ void make_folders_of(const std::vector<Task>& tasks)
     }
 }
 
+bool is_up_to_date(const fs::path& output, const fs::path& input)
+{
+    std::error_code none;
+    const auto made = fs::last_write_time(output, none);
+    return !none && fs::is_regular_file(output, none) && fs::file_size(output, none) > 0 &&
+           made >= fs::last_write_time(input, none) && output != input;
+}
+
 /// Pipes would keep the program waiting for ever, and links may lead nowhere.
 void expect_regular_file(const fs::path& path)
 {
@@ -106,6 +114,9 @@ void expect_regular_file(const fs::path& path)
 void for_each_file(const std::vector<InputFile>& files, const char* done,
                    const std::function<void(std::size_t index)>& work)
 {
+    if (files.empty()) {
+        return;
+    }
     if (files.size() == 1 && !files.front().is_found) { // which fails as a single file does
         work(0);
         return;
@@ -143,12 +154,20 @@ std::vector<std::string> outputs_in(const std::string& folder, const std::vector
     return outputs;
 }
 
-void convert_files(const Inputs& inputs, const std::string& output, const std::string& ending,
+void convert_files(const Inputs& inputs, const std::string& output, const std::string& ending, Existing existing,
                    const FileConversion& convert)
 {
     const std::vector<InputFile> files = files_of(inputs, output);
     const std::vector<std::string> outputs = outputs_in(output, files, ending);
-    for_each_file(files, "converted", [&](std::size_t i) { convert(files[i].path, outputs[i]); });
+    std::vector<InputFile> due;
+    std::vector<std::string> due_outputs;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (existing == Existing::replaced || !is_up_to_date(outputs[i], files[i].path)) {
+            due.push_back(files[i]);
+            due_outputs.push_back(outputs[i]);
+        }
+    }
+    for_each_file(due, "converted", [&](std::size_t i) { convert(due[i].path, due_outputs[i]); });
 }
 
 void convert_into_folder(const std::string& input, const std::string& output, const std::string& ending,

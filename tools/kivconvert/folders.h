@@ -24,6 +24,12 @@ void for_each_file(const std::vector<InputFile>& files, const char* done,
 std::vector<std::string> outputs_in(const std::string& folder, const std::vector<InputFile>& files,
                                     const std::string& ending);
 
+/// What becomes of results that are there already. They are whole: an output takes its place when it is complete.
+enum class Existing {
+    replaced,
+    kept, ///< unless they are older than their inputs
+};
+
 using FileConversion = std::function<void(const std::string& input, const std::string& output)>;
 
 /// Calls `convert` for each of the inputs. It gets the file and the path of its result: the same name with another
@@ -32,7 +38,7 @@ using FileConversion = std::function<void(const std::string& input, const std::s
 /// @throws FileError before anything is converted: if a folder cannot be read or created, or holds no files; if two
 /// files would have the same result, or a result would replace another input. FilesFailed afterwards, if any file
 /// failed
-void convert_files(const Inputs& inputs, const std::string& output, const std::string& ending,
+void convert_files(const Inputs& inputs, const std::string& output, const std::string& ending, Existing existing,
                    const FileConversion& convert);
 
 /// The same for a single input.

@@ -92,12 +92,20 @@ void append_measures(TableRow& row, const KivRunSet& pixels, KivRuns::Connectivi
     }
 }
 
-// Written by hand: Debian has no library that writes CSV, and this is all there is to it.
+std::vector<std::string> measure_names()
+{
+    std::vector<std::string> names;
+    std::transform(std::begin(measure_columns), std::end(measure_columns), std::back_inserter(names),
+                   [](const MeasureColumn& column) { return column.name; });
+    return names;
+}
+
+// By hand, as Debian's libcsv would quote every field.
 std::string table_as_csv(const std::vector<std::string>& names, const Rows& rows)
 {
     std::vector<std::string> all = names;
-    std::transform(std::begin(measure_columns), std::end(measure_columns), std::back_inserter(all),
-                   [](const MeasureColumn& column) { return column.name; });
+    const std::vector<std::string> measures = measure_names();
+    all.insert(all.end(), measures.begin(), measures.end());
     std::string text;
     append_line(text, all);
     for (const TableRow& row : rows) {

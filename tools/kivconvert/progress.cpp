@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Debian has no library for bars in C++, and this one never waits for its terminal.
 #include "kivconvert/progress.h"
 
 #include <fcntl.h>
@@ -19,6 +20,17 @@ int open_terminal()
 {
     const char* const name = ttyname(STDERR_FILENO);
     return name == nullptr ? -1 : open(name, O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+}
+
+/// Files a second, and the time that the rest takes at this rate; nothing before the first one is done.
+std::string rate_text(std::size_t done, std::size_t total, std::chrono::duration<double> elapsed)
+{
+    if (done == 0 || elapsed.count() <= 0.0) {
+        return {};
+    }
+    const double rate = static_cast<double>(done) / elapsed.count();
+    const auto left = static_cast<long>(static_cast<double>(total - done) / rate);
+    return fmt::format(", {:.1f}/s, {}:{:02}:{:02} left", rate, left / 3600, left / 60 % 60, left % 60);
 }
 
 } // namespace
@@ -46,7 +58,8 @@ void Progress::advance()
 void Progress::draw(std::size_t done)
 {
     const std::size_t filled = bar_length * done / total_;
-    print(fmt::format("\r[{:#<{}}{:.<{}}] {} of {}", "", filled, "", bar_length - filled, done, total_));
+    print(fmt::format("\r[{:#<{}}{:.<{}}] {} of {}{}\033[K", "", filled, "", bar_length - filled, done, total_,
+                      rate_text(done, total_, std::chrono::steady_clock::now() - begin_)));
     next_draw_ = std::chrono::steady_clock::now() + draw_interval;
 }
 

@@ -29,6 +29,7 @@ private:
     void print(std::string_view text) const;
 
     std::size_t total_;
+    std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
     std::atomic<std::size_t> done_{0};
     int terminal_; ///< -1: none
     std::mutex drawing_;

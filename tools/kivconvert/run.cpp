@@ -92,6 +92,7 @@ void add_commands(CLI::App& app, Outcome& outcome)
     add_components_command(app);
     add_morphology_commands(app);
     add_measure_command(app, outcome);
+    add_report_command(app);
     add_compare_command(app, outcome);
     add_dataset_command(app);
     add_info_command(app, outcome);
