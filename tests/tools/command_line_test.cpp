@@ -244,9 +244,9 @@ TEST_F(Commands, ExplainThemselves)
     EXPECT_NE(run(0, "--help").find("complement"), std::string::npos);
     EXPECT_EQ(run(0, "--version").find("kivconvert "), 0U);
     for (const std::string command :
-         {"region",       "image",      "contours", "points",     "matrix",     "edit", "union",
-          "intersection", "difference", "xor",      "complement", "components", "fill", "open",
-          "close",        "dilate",     "erode",    "measure",    "compare", "dataset", "report", "info"}) {
+         {"region",     "image",   "contours",   "points",     "matrix", "edit", "union", "intersection",
+          "difference", "xor",     "complement", "components", "fill",   "open", "close", "dilate",
+          "erode",      "measure", "compare",    "dataset",    "report", "info"}) {
         EXPECT_NE(run(0, command + " --help").find("kivconvert " + command + " "), std::string::npos) << command;
     }
 }
