@@ -110,7 +110,9 @@ def grown(call: Callable[[], Any], times: int) -> int:
 @LINUX
 @pytest.mark.parametrize("name", CASES)
 def test_calls_leave_nothing_behind(name: str) -> None:
-    assert grown(CASES[name], CALLS // 20 if name in SLOW else CALLS) <= ALLOWED
+    times = CALLS // 20 if name in SLOW else CALLS
+    # What is lost is lost every time; an allocator may take memory once.
+    assert any(grown(CASES[name], times) <= ALLOWED for _ in range(3))
 
 
 @LINUX
