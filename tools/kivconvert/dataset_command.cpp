@@ -13,6 +13,7 @@
 #include "kivconvert/inputs.h"
 #include "kivconvert/label_images.h"
 #include "kivconvert/part_sets.h"
+#include "kivconvert/processors.h"
 #include "kivconvert/region_files.h"
 #include "kivconvert/run_files.h"
 #include "kivconvert/standard_streams.h"
@@ -53,28 +54,96 @@ Segmentation segmentation_named(const std::string& name)
 
 // Rewriting
 
+/// Rewrites annotations some hundreds at a time, on all processors, and writes them in their order.
+class Rewriter
+{
+public:
+    Rewriter(const CocoDataSet& data_set, const CocoChange& change, const std::string& output)
+        : data_set_(data_set), change_(change), out_(output)
+    {
+    }
+
+    /// @param element an annotation
+    void take(const CocoElement& element)
+    {
+        pieces_.push_back({element.text, CocoDataSet::entry_of(element, ++annotations_), true});
+        count(element.text.size());
+    }
+
+    /// What stays as it is.
+    void pass(std::string_view bytes)
+    {
+        if (pieces_.empty() || pieces_.back().is_annotation) {
+            pieces_.push_back({});
+        }
+        pieces_.back().text += bytes;
+        count(bytes.size());
+    }
+
+    void finish()
+    {
+        flush();
+        out_.finish();
+        complaints_.expect_none(annotations_, "annotations could not be rewritten");
+    }
+
+private:
+    struct Piece {
+        std::string text;
+        CocoEntry entry = {};
+        bool is_annotation = false;
+    };
+
+    void count(std::size_t bytes)
+    {
+        constexpr std::size_t most_pieces = 1024;
+        constexpr std::size_t most_bytes = 1 << 22;
+        bytes_ += bytes;
+        if (pieces_.size() >= most_pieces || bytes_ >= most_bytes) {
+            flush();
+        }
+    }
+
+    void flush()
+    {
+        std::vector<Complaints> complaints(pieces_.size());
+        on_all_processors(pieces_.size(), [&](std::size_t i) {
+            if (Piece& piece = pieces_[i]; piece.is_annotation) {
+                complaints[i].keep([&] {
+                    piece.text = changed_annotation(piece.text, data_set_.pixels_of(piece.entry, piece.text), change_);
+                });
+            }
+        });
+        for (std::size_t i = 0; i < pieces_.size(); ++i) {
+            complaints_.keep([&] { complaints[i].expect_none(); });
+            out_.write(pieces_[i].text);
+        }
+        pieces_.clear();
+        bytes_ = 0;
+    }
+
+    const CocoDataSet& data_set_;
+    CocoChange change_;
+    FileWriter out_;
+    std::vector<Piece> pieces_;
+    std::size_t bytes_ = 0; ///< of the pieces
+    std::size_t annotations_ = 0;
+    Complaints complaints_;
+};
+
 void rewrite(const DatasetOptions& options)
 {
-    const CocoChange change = {segmentation_named(options.segmentation), options.measures};
     const CocoDataSet data_set(options.inputs.texts.front());
-    Complaints complaints;
-    FileWriter out(options.output);
-    std::size_t position = 0;
-    const auto change_element = [&](const CocoElement& element) {
-        if (element.section != CocoSection::annotations) {
-            out.write(element.text);
-            return;
+    Rewriter rewriter(data_set, {segmentation_named(options.segmentation), options.measures}, options.output);
+    const auto take = [&rewriter](const CocoElement& element) {
+        if (element.section == CocoSection::annotations) {
+            rewriter.take(element);
+        } else {
+            rewriter.pass(element.text);
         }
-        std::string text = element.text;
-        complaints.keep([&] {
-            const CocoEntry entry = CocoDataSet::entry_of(element, ++position);
-            text = changed_annotation(text, data_set.pixels_of(entry, text), change);
-        });
-        out.write(text);
     };
-    read_coco_stream(data_set.path(), change_element, [&out](std::string_view bytes) { out.write(bytes); });
-    out.finish();
-    complaints.expect_none(data_set.entries().size(), "annotations could not be rewritten");
+    read_coco_stream(data_set.path(), take, [&rewriter](std::string_view bytes) { rewriter.pass(bytes); });
+    rewriter.finish();
 }
 
 // Taking apart

@@ -30,7 +30,7 @@ struct MeasureCommand {
 std::string table_of(const Rows& rows, const MeasureCommand& options)
 {
     const bool as_json = options.as_json || extension_of(options.output) == ".json";
-    return as_json ? rows_as_json(rows) : table_as_csv(name_columns(options.inputs, options.measures), rows);
+    return as_json ? rows_as_json(rows) : table_as_csv(name_columns(rows), rows);
 }
 
 void expect_table_file(const std::string& path)

@@ -12,6 +12,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <utility>
 
 namespace kivconvert
@@ -97,14 +98,21 @@ void append_measured_rows(Rows& rows, const std::string& input, const MeasureOpt
     }
 }
 
-std::vector<std::string> name_columns(const Inputs& inputs, const MeasureOptions& options)
+std::vector<std::string> name_columns(const Rows& rows)
 {
-    const std::string subject = subject_of(inputs.texts.front(), options);
-    if (subject == by_annotation) {
-        return {"file", "annotation", "image", "category"};
+    const std::vector<std::string> measures = measure_names();
+    std::vector<std::string> columns = {"file"};
+    for (const TableRow& row : rows) {
+        for (const auto& [name, value] : row.items()) {
+            if (name == measures.front()) { // the rest are measures
+                break;
+            }
+            if (std::find(columns.begin(), columns.end(), name) == columns.end()) {
+                columns.push_back(name);
+            }
+        }
     }
-    return find_part_kind(subject)->is_numbered ? std::vector<std::string>{"file", subject}
-                                                : std::vector<std::string>{"file"};
+    return columns;
 }
 
 } // namespace kivconvert

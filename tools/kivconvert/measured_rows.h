@@ -6,7 +6,6 @@
 #include "kivconvert/collected_rows.h"
 #include "kivconvert/connectivity_option.h"
 #include "kivconvert/contents.h"
-#include "kivconvert/inputs.h"
 
 #include <string>
 #include <vector>
@@ -29,7 +28,7 @@ void add_measure_options(CLI::App& command, MeasureOptions& options);
 /// @throws InputError, ResultError; FilesFailed behind the rest if annotations of a data set are malformed
 void append_measured_rows(Rows& rows, const std::string& input, const MeasureOptions& options);
 
-/// The columns that name the rows.
-std::vector<std::string> name_columns(const Inputs& inputs, const MeasureOptions& options);
+/// The columns that name the rows, which may be about different things.
+std::vector<std::string> name_columns(const Rows& rows);
 
 } // namespace kivconvert

@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <mutex>
+#include <optional>
 #include <string>
 
 namespace kivconvert
@@ -73,11 +75,30 @@ CLI::App* add_pixel_operation(CLI::App& app, const char* name, const char* descr
     return command;
 }
 
+/// The element of the options, made once for all files.
+class PreparedElement
+{
+public:
+    const StructuringElement& of(const ElementOptions& options)
+    {
+        const std::lock_guard lock(making_);
+        if (!element_) {
+            element_ = element_of(options);
+        }
+        return *element_;
+    }
+
+private:
+    std::mutex making_;
+    std::optional<StructuringElement> element_;
+};
+
 void add_morphology_operation(CLI::App& app, const MorphologyOperation& operation)
 {
     const auto options = std::make_shared<ElementOptions>();
-    const auto apply = [options, operation](const PlacedPixels& placed, const std::string& subject) {
-        const StructuringElement element = element_of(*options);
+    const auto prepared = std::make_shared<PreparedElement>();
+    const auto apply = [options, prepared, operation](const PlacedPixels& placed, const std::string& subject) {
+        const StructuringElement& element = prepared->of(*options);
         if (operation.grows) {
             expect_affordable(subject, most_runs_of_dilation(placed, element), "runs", bytes_per_run);
         }

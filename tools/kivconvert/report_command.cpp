@@ -37,7 +37,7 @@ void report(const ReportCommand& options)
     const Collected collected = collect(options.inputs, "measured", [&](Rows& rows, const std::string& input) {
         append_measured_rows(rows, input, options.measures);
     });
-    std::vector<std::string> columns = name_columns(options.inputs, options.measures);
+    std::vector<std::string> columns = name_columns(collected.rows);
     const std::vector<std::string> measures = measure_names();
     columns.insert(columns.end(), measures.begin(), measures.end());
     write_file(options.output, report_page(columns, collected.rows));
