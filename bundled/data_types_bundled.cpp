@@ -201,9 +201,7 @@ void overwrite(KivVarArray& values, std::span<const int> ints)
     if (packed != nullptr && packed->data() == ints.data()) {
         return;
     }
-    for (std::size_t i = 0; i < ints.size(); ++i) {
-        values.Replace(static_cast<int>(i), KivVar(ints[i]));
-    }
+    values.ReplaceFirst(ints.data(), ints.size());
 }
 
 void fill(KivVarArray& values, std::vector<int> ints)

@@ -39,10 +39,9 @@ void sort_by_key_byte(const RunList& runs, int shift, RunList& sorted)
 
 RunList list_of(std::span<const int> rows, std::span<const int> begins, std::span<const int> ends)
 {
-    RunList runs;
-    runs.reserve(rows.size());
+    RunList runs(rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        runs.push_back({rows[i], begins[i], ends[i]});
+        runs[i] = {rows[i], begins[i], ends[i]};
     }
     return runs;
 }

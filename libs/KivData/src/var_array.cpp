@@ -16,6 +16,18 @@ KivVarArray::KivVarArray(std::initializer_list<KivVar> values)
 
 KivVarArray::KivVarArray(std::vector<int> ints) : ints_(kivdata::checked_elements("KivVarArray", std::move(ints))) {}
 
+void KivVarArray::ReplaceFirst(const int* ints, std::size_t count)
+{
+    if (count > static_cast<std::size_t>(Length())) {
+        throw_out_of_range(Length());
+    }
+    if (packed_) {
+        std::copy_n(ints, count, ints_.begin());
+    } else {
+        std::copy_n(ints, count, vars_.begin());
+    }
+}
+
 void KivVarArray::Remove(int index)
 {
     check_index(index);

@@ -285,4 +285,21 @@ TEST(VarArray, HasRoomForAsManyElementsAsAnIntCounts)
     }
 }
 
+TEST(VarArray, OverwritesItsFirstElements)
+{
+    const std::vector<int> ints = {7, -8};
+    KivVarArray packed = {1, 2, 3};
+    packed.ReplaceFirst(ints.data(), ints.size());
+    EXPECT_EQ(packed, (KivVarArray{7, -8, 3}));
+    EXPECT_NE(packed.PackedInts(), nullptr);
+    KivVarArray of_kinds = {1.5, "text", 2.5};
+    of_kinds.ReplaceFirst(ints.data(), ints.size());
+    EXPECT_EQ(of_kinds, (KivVarArray{7, -8, 2.5}));
+    of_kinds.ReplaceFirst(nullptr, 0);
+    EXPECT_EQ(of_kinds, (KivVarArray{7, -8, 2.5}));
+    KivVarArray short_one = {1};
+    EXPECT_THROW(short_one.ReplaceFirst(ints.data(), ints.size()), std::out_of_range);
+    EXPECT_EQ(short_one, (KivVarArray{1}));
+}
+
 } // namespace

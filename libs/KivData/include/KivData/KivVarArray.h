@@ -76,6 +76,10 @@ public:
         }
     }
 
+    /// Overwrites the first `count` elements, at most Length(), by ints. Of an array that is kept packed this copies
+    /// them.
+    void ReplaceFirst(const int* ints, std::size_t count);
+
     void Remove(int index); ///< Takes the element at `index` out; later ones move up.
     void Clear() noexcept;  ///< Makes the array empty.
 

@@ -26,7 +26,8 @@ struct RunSetAccess;
 ///
 /// A set is a value. Operations return new sets and do not modify their operands; only assignment and swap() modify a
 /// set. Any number of threads may read one set at the same time. A copy has its own memory, so that threads share no
-/// reference counts; moving is free and leaves the other set empty. A set holds 12 bytes a run, and at most twice that.
+/// reference counts; moving is free and leaves the other set empty. A set holds 12 bytes a run, and a quarter of that
+/// or a kilobyte more at most.
 class KIVRLC_API KivRunSet
 {
 public:
