@@ -1,6 +1,6 @@
 #!/usr/bin/python3 -B
 # SPDX-License-Identifier: MIT
-"""Judges measurements by targets.csv: prints a table, and writes docs/speed.md with its plot."""
+"""Judges measurements by targets.csv: prints a table, and writes docs/speed.md with its plot, and bench/README.md."""
 
 import argparse
 from pathlib import Path
@@ -15,20 +15,31 @@ def judged_targets(timings, memory):
     return [(target, targets.findings(target, timings, memory)) for target in every]
 
 
-def page(timings, returned, memory):
+def text_of(name):
+    return (HERE / name).read_text(encoding="utf-8")
+
+
+def part_of_page(name):
+    return text_of(name).split("\n", 1)[1]  # the page has a licence line
+
+
+def page_for_users(timings):
+    sections = [text_of("speed_head.md"), tables.overview(timings),
+                "![Ratios of all functions](images/speed.svg)\n"]
+    sections += [part_of_page(name) for name in ("speed_advice.md", "speed_method.md", "speed_reasons.md")]
+    sections += ["## Everything\n", tables.full_table(timings)]
+    return "\n".join(sections)
+
+
+def page_for_makers(timings, returned, memory):
     judged = judged_targets(timings, memory)
-    sections = [(HERE / "speed_method.md").read_text(encoding="utf-8"),
-                "## Targets\n", tables.target_overview(judged),
-                (HERE / "speed_reasons.md").read_text(encoding="utf-8").split("\n", 1)[1],  # the page has a licence line
-                "![Ratios of all functions](images/speed.svg)\n",
-                "## Target by target\n\nWhat misses its target is bold.\n"]
+    sections = [text_of("targets_head.md"), "## Targets\n", tables.target_overview(judged)]
     for target, found in judged:
         if found:
             sections.append(f"### {target.what}: at most {target.at_most:g}\n")
             sections.append(tables.target_table(target, found))
     sections += ["## Growth\n", tables.growth_table(results.exponents(timings)),
-                 "## Memory returned to the system\n", tables.returned_table(timings, returned),
-                 "## Everything\n", tables.full_table(timings)]
+                 "## Memory returned to the system\n", tables.returned_table(timings, returned)]
     return "\n".join(sections)
 
 
@@ -48,8 +59,9 @@ def main():
 
         (options.write / "images").mkdir(exist_ok=True)
         plot.draw(timings, options.write / "images" / "speed.svg")
-        text = page(timings, results.read_timings(options.returned), memory)
-        (options.write / "speed.md").write_text(text, encoding="utf-8")
+        (options.write / "speed.md").write_text(page_for_users(timings), encoding="utf-8")
+        makers = page_for_makers(timings, results.read_timings(options.returned), memory)
+        (HERE / "README.md").write_text(makers, encoding="utf-8")
 
 
 if __name__ == "__main__":

@@ -63,6 +63,37 @@ def target_table(target, found):
     return table(["function", *workloads], rows)
 
 
+def would_be_called(name):
+    """Whether somebody without the library would call this contestant."""
+    return name.startswith(("peer:", "calls:"))
+
+
+OVERVIEW = [["blobs"], ["strokes", "few_strokes"], ["noise", "little_noise"], ["ring"], ["tall"], ["small"]]
+
+
+def overview(timings):
+    """Functions by shapes: our time in that of the fastest of what would be called instead, and who that is."""
+    rows = []
+    for function in sorted({function for function, _ in timings}):
+        cells = [overview_cell(timings, function, workloads) for workloads in OVERVIEW]
+        if any(cells):
+            rows.append([function, *cells])
+    return table(["function", *(workloads[0] for workloads in OVERVIEW)], rows)
+
+
+def overview_cell(timings, function, workloads):
+    for workload in workloads:
+        contestants = timings.get((function, workload), {})
+        others = {name: timing.nanoseconds for name, timing in contestants.items() if would_be_called(name)}
+        if OURS in contestants and others:
+            best = min(others, key=others.get)
+            ratio = contestants[OURS].nanoseconds / others[best]
+            few = " (" + workload.split("_")[0] + ")" if "_" in workload else ""
+            text = number(ratio) if ratio <= 1 else f"**{number(ratio)}**"
+            return f"{text} {best.split(':')[1]}{few}"
+    return ""
+
+
 def full_table(timings):
     """Every function and workload: our time, and everybody else's in ours."""
     rows = []
