@@ -216,6 +216,11 @@ void reserve(KivPointArray& points, std::size_t count)
 
 void append_pixels(KivPointArray& points, RunView runs)
 {
+    std::size_t count = 0;
+    for (const Run& run : runs) {
+        count += run.colBegin <= run.colEnd ? length_of(run.colBegin, run.colEnd) : 0;
+    }
+    points.Reserve(count); // of more points than there is memory for, that is what is reported
     points.AppendPixels(KivRunView(runs.data(), runs.size()));
 }
 
