@@ -40,9 +40,11 @@ def outputs_of(source: str, names: Dict[str, Any], count: int) -> List[Cell]:
     value = None
     printed = io.StringIO()
     with contextlib.redirect_stdout(printed):
-        last = tree.body.pop() if tree.body and isinstance(tree.body[-1], ast.Expr) else None
+        last = tree.body[-1] if tree.body else None
+        if isinstance(last, ast.Expr):
+            tree.body.pop()
         exec(compile(tree, f"<cell {count}>", "exec"), names)
-        if last is not None:
+        if isinstance(last, ast.Expr):
             value = eval(compile(ast.Expression(last.value), f"<cell {count}>", "eval"), names)
     outputs: List[Cell] = []
     if printed.getvalue():
