@@ -101,8 +101,7 @@ void sweep(KivRunView as, KivRunView bs, Runs& runs, std::int64_t lower = 0)
             b = of_b.end;
         }
     }
-    out = room_for((as.end() - a) + (bs.end() - b));
-    out = copy_lower<table.only_a>(a, as.end(), 0, out);
+    out = copy_lower<table.only_a>(a, as.end(), 0, room_for((as.end() - a) + (bs.end() - b)));
     room.keep(copy_lower<table.only_b>(b, bs.end(), lower, out));
 }
 
