@@ -325,6 +325,11 @@ class RunSet:
         ``pandas.DataFrame(set.measure_components())`` is a table of them.
         """
 
+    def summarize_components(self, connectivity: int = 8) -> dict[str, numpy.typing.NDArray[Any]]:
+        """
+        Area, box and centroid of all components, which costs less than all measures: those columns of ``measure_components``.
+        """
+
     def convex_hull(self) -> numpy.typing.NDArray[numpy.float64]:
         """
         The corners (x, y) of the smallest convex polygon around the pixels' squares, as an array of shape (n, 2).

@@ -23,17 +23,13 @@ struct Row {
     std::int64_t holes;
 };
 
-struct IntColumn {
+template <class Source, class Value>
+struct Column {
     const char* name;
-    std::int64_t (*value)(const Row&);
+    Value (*value)(const Source&);
 };
 
-struct RealColumn {
-    const char* name;
-    double (*value)(const Row&);
-};
-
-constexpr IntColumn int_columns[] = {
+constexpr Column<Row, std::int64_t> int_columns[] = {
     {"area", [](const Row& row) { return row.measures.moments.area; }},
     {"left", [](const Row& row) { return std::int64_t{row.measures.box.colBegin}; }},
     {"top", [](const Row& row) { return std::int64_t{row.measures.box.rowBegin}; }},
@@ -44,7 +40,7 @@ constexpr IntColumn int_columns[] = {
     {"holes", [](const Row& row) { return row.holes; }},
 };
 
-constexpr RealColumn real_columns[] = {
+constexpr Column<Row, double> real_columns[] = {
     {"centroid_x", [](const Row& row) { return row.measures.moments.centroid.x; }},
     {"centroid_y", [](const Row& row) { return row.measures.moments.centroid.y; }},
     {"moment_xx", [](const Row& row) { return row.measures.moments.xx; }},
@@ -58,28 +54,38 @@ constexpr RealColumn real_columns[] = {
     {"feret_min", [](const Row& row) { return row.feret.smallest; }},
 };
 
+using KivRuns::ComponentSummary;
+
+constexpr Column<ComponentSummary, std::int64_t> summary_int_columns[] = {
+    {"area", [](const ComponentSummary& part) { return part.area; }},
+    {"left", [](const ComponentSummary& part) { return std::int64_t{part.box.colBegin}; }},
+    {"top", [](const ComponentSummary& part) { return std::int64_t{part.box.rowBegin}; }},
+    {"right", [](const ComponentSummary& part) { return std::int64_t{part.box.colEnd}; }},
+    {"bottom", [](const ComponentSummary& part) { return std::int64_t{part.box.rowEnd}; }},
+};
+
+constexpr Column<ComponentSummary, double> summary_real_columns[] = {
+    {"centroid_x", [](const ComponentSummary& part) { return part.centroid.x; }},
+    {"centroid_y", [](const ComponentSummary& part) { return part.centroid.y; }},
+};
+
 Row row_of(const KivRunSet& set, const KivRuns::Measures& measures, std::int64_t holes)
 {
     return {measures, KivRuns::EllipseOf(measures.moments), KivRuns::FeretDiametersOf(set), holes};
 }
 
-// The values of all rows, by column.
-nb::dict table_of(const std::vector<Row>& rows)
+// Adds the values of all rows, by column.
+template <class Source, class Value, std::size_t Count>
+void add_columns(nb::dict& table, const Column<Source, Value> (&columns)[Count], const std::vector<Source>& rows)
 {
-    nb::dict table;
-    const auto add = [&](const auto& columns, auto kind) {
-        for (const auto& column : columns) {
-            std::vector<decltype(kind)> values;
-            values.reserve(rows.size());
-            for (const Row& row : rows) {
-                values.push_back(column.value(row));
-            }
-            table[column.name] = array_of(std::move(values));
+    for (const Column<Source, Value>& column : columns) {
+        std::vector<Value> values;
+        values.reserve(rows.size());
+        for (const Source& row : rows) {
+            values.push_back(column.value(row));
         }
-    };
-    add(int_columns, std::int64_t{});
-    add(real_columns, double{});
-    return table;
+        table[column.name] = array_of(std::move(values));
+    }
 }
 
 nb::object measured(const KivRunSet& set, int connectivity)
@@ -91,10 +97,10 @@ nb::object measured(const KivRunSet& set, int connectivity)
         row = row_of(set, KivRuns::Measure(set, neighbours), KivRuns::HoleCount(set, neighbours));
     }
     nb::dict fields;
-    for (const IntColumn& column : int_columns) {
+    for (const auto& column : int_columns) {
         fields[column.name] = column.value(row);
     }
-    for (const RealColumn& column : real_columns) {
+    for (const auto& column : real_columns) {
         fields[column.name] = column.value(row);
     }
     static const nb::handle type = type_of_package("Measures");
@@ -114,7 +120,24 @@ nb::dict measured_components(const KivRunSet& set, int connectivity)
             rows.push_back(row_of(components[i], measures[i], 1 - measures[i].eulerNumber));
         }
     }
-    return table_of(rows);
+    nb::dict table;
+    add_columns(table, int_columns, rows);
+    add_columns(table, real_columns, rows);
+    return table;
+}
+
+nb::dict summarized_components(const KivRunSet& set, int connectivity)
+{
+    const KivRuns::Connectivity neighbours = connectivity_of(connectivity);
+    std::vector<ComponentSummary> parts;
+    {
+        const nb::gil_scoped_release release;
+        parts = KivRuns::SummarizeComponents(set, neighbours);
+    }
+    nb::dict table;
+    add_columns(table, summary_int_columns, parts);
+    add_columns(table, summary_real_columns, parts);
+    return table;
 }
 
 nb::object corners_of(const std::vector<KivRuns::Place>& corners)
@@ -149,6 +172,11 @@ void kivpython::bind_measures(RunSetClass& set)
         R"(The measures of all components, in their order: an array for each field of Measures, by its name.
 
 ``pandas.DataFrame(set.measure_components())`` is a table of them.)");
+    set.def(
+        "summarize_components", summarized_components, "connectivity"_a = 8,
+        nb::sig("def summarize_components(self, connectivity: int = 8) -> dict[str, numpy.typing.NDArray[typing.Any]]"),
+        "Area, box and centroid of all components, which costs less than all measures: those columns of "
+        "``measure_components``.");
     set.def(
         "convex_hull", [](const KivRunSet& s) { return corners_of(KivRuns::ConvexHull(s)); },
         nb::sig("def convex_hull(self) -> numpy.typing.NDArray[numpy.float64]"),

@@ -55,7 +55,11 @@ def test_components_partition(mask: numpy.ndarray, connectivity: int) -> None:
     pixels = RunSet.from_mask(mask)
     parts = pixels.components(connectivity)
     assert RunSet.union(parts) == pixels and sum(part.area for part in parts) == pixels.area
-    assert pixels.measure_components(connectivity)["area"].tolist() == [part.area for part in parts]
+    table = pixels.measure_components(connectivity)
+    assert table["area"].tolist() == [part.area for part in parts]
+    summary = pixels.summarize_components(connectivity)
+    assert list(summary) == ["area", "left", "top", "right", "bottom", "centroid_x", "centroid_y"]
+    assert all(summary[name].tobytes() == table[name].tobytes() for name in summary)
     if pixels:
         assert pixels.measure(connectivity).holes == len(pixels.holes(None, connectivity).components(12 - connectivity))
 
