@@ -91,11 +91,14 @@ private:
 
     void paint(int row, int first, std::size_t length)
     {
-        const bool is_last = row > last_row_ || (row == last_row_ && first >= stop_);
-        unsigned char* const bytes = kivrlc::bytes_of(image_, first, row);
-        if (is_last) {
+        if (row > last_row_) {
             last_row_ = row;
-            stop_ = first + static_cast<int>(length);
+            stop_ = 0;
+        }
+        const bool is_last = row == last_row_ && first >= stop_;
+        unsigned char* const bytes = kivrlc::bytes_of(image_, first, row);
+        if (row == last_row_) {
+            stop_ = std::max(stop_, first + static_cast<int>(length));
         }
         if (is_last && length <= wide && image_.width - first >= static_cast<int>(wide)) {
             std::memcpy(bytes, pattern_ + wide - length, wide);

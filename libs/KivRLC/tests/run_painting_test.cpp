@@ -73,6 +73,15 @@ TEST(RunPainting, PaintsRunsInAnyOrder)
     }
 }
 
+TEST(RunPainting, KeepsWhatALongerRunPaintedBefore)
+{
+    const cv::Size size(60, 1);
+    const Runs runs = {{0, 0, 4}, {0, 2, 40}, {0, 10, 12}}; // the second one reaches beyond the first one and the third
+    cv::Mat mask(size, CV_8UC1);
+    KivRuns::PaintMask(runs, KivRuns::ViewOf<std::uint8_t>(mask), 255, 0);
+    EXPECT_EQ(cv::countNonZero(mask), 41);
+}
+
 TEST(RunPainting, PaintsRowsThatAreClearedInPieces)
 {
     const cv::Size size(1 << 15, 9);
