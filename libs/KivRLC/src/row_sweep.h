@@ -101,7 +101,8 @@ void sweep(KivRunView as, KivRunView bs, Runs& runs, std::int64_t lower = 0)
             b = of_b.end;
         }
     }
-    out = copy_lower<table.only_a>(a, as.end(), 0, room_for((as.end() - a) + (bs.end() - b)));
+    out = room_for((table.only_a ? as.end() - a : 0) + (table.only_b ? bs.end() - b : 0));
+    out = copy_lower<table.only_a>(a, as.end(), 0, out);
     room.keep(copy_lower<table.only_b>(b, bs.end(), lower, out));
 }
 
