@@ -44,7 +44,7 @@ private:
 
     std::vector<KivPoint>& points_;
     std::size_t count_ = 0;
-    KivPoint collected_[full + 2 * at_once];
+    KivPoint collected_[full + 2 * std::size_t{at_once}];
 };
 
 } // namespace
