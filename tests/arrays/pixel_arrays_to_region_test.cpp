@@ -59,6 +59,12 @@ TEST(PixelArraysToRegion, RunsAreOrderedByRowThenByColumn)
                   KivRegion(5, 3, {{0, 2, 2}, {0, 4, 4}, {1, 1, 1}, {2, 0, 0}, {2, 4, 4}}));
 }
 
+TEST(PixelArraysToRegion, FewPixelsOfALargeFrameComeInAnyOrder)
+{
+    expect_region({400, 3, 4, 3, -1, 7, 401}, {300, 10, 10, 10, 5, -2, 300},
+                  KivRegion(402, 301, {{10, 3, 4}, {300, 400, 401}}));
+}
+
 TEST(PixelArraysToRegion, RepeatedPixelsCountOnce)
 {
     expect_region({1, 2, 1, 1}, {1, 1, 1, 1}, KivRegion(3, 2, {{1, 1, 2}}));
