@@ -118,4 +118,5 @@ def test_calls_leave_nothing_behind(name: str) -> None:
 @LINUX
 def test_growth_is_seen() -> None:
     kept: list[Any] = []
-    assert grown(lambda: kept.append(A | B), 5_000) > ALLOWED
+    # So many that they do not fit into what the tests before have freed.
+    assert grown(lambda: kept.append(A | B), 500_000) > ALLOWED
