@@ -5,17 +5,14 @@ from __future__ import annotations
 
 import base64
 import copy
-import importlib.util
 import pathlib
 import struct
+import sys
 import zlib
 from typing import Any
 
-SOURCE = pathlib.Path(__file__).parents[1] / "notebooks" / "run.py"
-specification = importlib.util.spec_from_file_location("run_notebook", SOURCE)
-assert specification and specification.loader
-notebooks = importlib.util.module_from_spec(specification)
-specification.loader.exec_module(notebooks)
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "notebooks"))
+import run as notebooks
 
 
 def picture(png: bytes) -> tuple[bytes, bytes]:
