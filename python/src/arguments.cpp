@@ -24,8 +24,15 @@ constexpr Kind kinds[] = {
     {'q', 8, "int64"}, {'e', 2, "float16"}, {'f', 4, "float32"}, {'d', 8, "float64"},
 };
 
+// Null for a letter that is none of them.
+const Kind* find_kind(char code)
+{
+    const auto* kind = std::find_if(std::begin(kinds), std::end(kinds), [&](const Kind& k) { return k.code == code; });
+    return kind != std::end(kinds) ? kind : nullptr;
+}
+
 // The kind of a buffer's format: a letter of struct's, whose size tells 'l' and 'L' apart, in native byte order.
-char kind_of(const Py_buffer& view)
+char kind_of_format(const Py_buffer& view)
 {
     const char* format = view.format == nullptr ? "B" : view.format;
     format += *format == '@' || *format == '=' ? 1 : 0;
@@ -37,14 +44,14 @@ char kind_of(const Py_buffer& view)
                       : *format == 'l'     ? (view.itemsize == 4 ? 'i' : 'q')
                       : view.itemsize == 4 ? 'I'
                                            : 'Q';
-    const auto* kind = std::find_if(std::begin(kinds), std::end(kinds), [&](const Kind& k) { return k.code == code; });
-    return kind != std::end(kinds) && kind->size == view.itemsize ? code : '-';
+    const Kind* const kind = find_kind(code);
+    return kind != nullptr && kind->size == view.itemsize ? code : '-';
 }
 
 std::string kind_name(char code, const Py_buffer& view)
 {
-    const auto* kind = std::find_if(std::begin(kinds), std::end(kinds), [&](const Kind& k) { return k.code == code; });
-    return kind != std::end(kinds) ? kind->name : "the format '" + std::string(view.format) + "'";
+    const Kind* const kind = find_kind(code);
+    return kind != nullptr ? kind->name : "the format '" + std::string(view.format) + "'";
 }
 
 int int_of(nb::handle number, const char* what)
@@ -109,7 +116,7 @@ Buffer::Buffer(nb::handle object, const char* what, Access access, int most_dime
         throw nb::type_error(
             (std::string(what) + " must be a NumPy array or another buffer, not " + name_of_type(object)).c_str());
     }
-    kind_ = kind_of(view_);
+    kind_ = kind_of_format(view_);
     std::string fault;
     if (view_.ndim < 2 || view_.ndim > most_dimensions) {
         fault = std::string(" must have two ") + (most_dimensions == 2 ? "" : "or three ") + "dimensions, not " +

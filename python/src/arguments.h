@@ -86,6 +86,45 @@ private:
     char kind_ = '-';
 };
 
+/// The kind of buffers whose pixels are of a type.
+/// @{
+template <class Pixel>
+inline constexpr char kind_of = '-';
+template <>
+inline constexpr char kind_of<std::uint8_t> = 'B';
+template <>
+inline constexpr char kind_of<std::int8_t> = 'b';
+template <>
+inline constexpr char kind_of<std::uint16_t> = 'H';
+template <>
+inline constexpr char kind_of<std::int16_t> = 'h';
+template <>
+inline constexpr char kind_of<std::uint32_t> = 'I';
+template <>
+inline constexpr char kind_of<std::int32_t> = 'i';
+template <>
+inline constexpr char kind_of<std::uint64_t> = 'Q';
+template <>
+inline constexpr char kind_of<std::int64_t> = 'q';
+template <>
+inline constexpr char kind_of<float> = 'f';
+/// @}
+
+/// Calls `visit` with a value of the one of the types that the buffer's pixels have. Raises TypeError if they have none
+/// of them; `taken` names these.
+template <class Pixel, class... Others, class Visit>
+auto with_pixel_type(const Buffer& buffer, const char* taken, Visit visit) -> decltype(visit(Pixel{}))
+{
+    if (buffer.Kind() == kind_of<Pixel>) {
+        return visit(Pixel{});
+    }
+    if constexpr (sizeof...(Others) > 0) {
+        return with_pixel_type<Others...>(buffer, taken, visit);
+    } else {
+        buffer.RefuseKind(taken);
+    }
+}
+
 /// The view of a packed image.
 template <class Pixel>
 KivImageView<const Pixel> view_of(const std::vector<Pixel>& packed, int width, int height)

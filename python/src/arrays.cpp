@@ -64,24 +64,7 @@ nb::object kivpython::runs_view(nb::handle set)
 
 std::vector<int> kivpython::ints_of_pixels(const Buffer& buffer, const char* taken)
 {
-    switch (buffer.Kind()) {
-    case 'B':
-        return checked_ints<std::uint8_t>(buffer);
-    case 'b':
-        return checked_ints<std::int8_t>(buffer);
-    case 'H':
-        return checked_ints<std::uint16_t>(buffer);
-    case 'h':
-        return checked_ints<std::int16_t>(buffer);
-    case 'I':
-        return checked_ints<std::uint32_t>(buffer);
-    case 'i':
-        return checked_ints<std::int32_t>(buffer);
-    case 'Q':
-        return checked_ints<std::uint64_t>(buffer);
-    case 'q':
-        return checked_ints<std::int64_t>(buffer);
-    default:
-        buffer.RefuseKind(taken);
-    }
+    return with_pixel_type<std::int32_t, std::int64_t, std::uint8_t, std::int8_t, std::uint16_t, std::int16_t,
+                           std::uint32_t, std::uint64_t>(
+        buffer, taken, [&](auto pixel) { return checked_ints<decltype(pixel)>(buffer); });
 }

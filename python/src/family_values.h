@@ -9,12 +9,12 @@
 
 #include <nanobind/nanobind.h>
 
+#include <type_traits>
+#include <utility>
+#include <vector>
+
 namespace kivpython
 {
-
-/// What a Python object stands for, for the time of a call. Raises TypeError or ValueError if it is none of that kind.
-template <class T>
-class Taken;
 
 /// An object that Python knows as one of the C++ class, not copied.
 template <class T>
@@ -36,18 +36,6 @@ private:
     nb::object object_;
 };
 
-template <>
-class Taken<KivRegion> : public TakenObject<KivRegion>
-{
-    using TakenObject::TakenObject;
-};
-
-template <>
-class Taken<KivROI> : public TakenObject<KivROI>
-{
-    using TakenObject::TakenObject;
-};
-
 /// An array of two or three dimensions as a matrix, whose elements are those of the array if it is dense by rows.
 template <class Holder>
 class TakenMat
@@ -62,18 +50,6 @@ private:
     Holder value_;
 };
 
-template <>
-class Taken<KivImage> : public TakenMat<KivImage>
-{
-    using TakenMat::TakenMat;
-};
-
-template <>
-class Taken<KivMatrix> : public TakenMat<KivMatrix>
-{
-    using TakenMat::TakenMat;
-};
-
 /// A value that is made of the object.
 template <class T>
 class TakenCopy
@@ -86,29 +62,13 @@ private:
     T value_;
 };
 
-template <>
-class Taken<KivVarArray> : public TakenCopy<KivVarArray>
-{
-    using TakenCopy::TakenCopy;
-};
+template <class T, class... Types>
+inline constexpr bool is_one_of = (std::is_same_v<T, Types> || ...);
 
-template <>
-class Taken<KivPointArray> : public TakenCopy<KivPointArray>
-{
-    using TakenCopy::TakenCopy;
-};
-
-template <>
-class Taken<KivContour> : public TakenCopy<KivContour>
-{
-    using TakenCopy::TakenCopy;
-};
-
-template <>
-class Taken<KivContourArray> : public TakenCopy<KivContourArray>
-{
-    using TakenCopy::TakenCopy;
-};
+/// What a Python object stands for, for the time of a call. Raises TypeError or ValueError if it is none of that kind.
+template <class T>
+using Taken = std::conditional_t<is_one_of<T, KivRegion, KivROI>, TakenObject<T>,
+                                 std::conditional_t<is_one_of<T, KivImage, KivMatrix>, TakenMat<T>, TakenCopy<T>>>;
 
 /// The points (x, y) of an array of two columns, or of a list that is flat.
 std::vector<cv::Point_<double>> points_of(nb::handle points, const char* what);

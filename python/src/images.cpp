@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -58,16 +59,9 @@ KivRunSet from_range_of(const Buffer& buffer, double least, double greatest)
 KivRunSet from_range(nb::handle image, double least, double greatest)
 {
     const Buffer buffer(image, "image");
-    switch (buffer.Kind()) {
-    case 'B':
-        return from_range_of<std::uint8_t>(buffer, least, greatest);
-    case 'H':
-        return from_range_of<std::uint16_t>(buffer, least, greatest);
-    case 'f':
-        return from_range_of<float>(buffer, least, greatest);
-    default:
-        buffer.RefuseKind("uint8, uint16 or float32");
-    }
+    return with_pixel_type<std::uint8_t, std::uint16_t, float>(buffer, "uint8, uint16 or float32", [&](auto pixel) {
+        return from_range_of<decltype(pixel)>(buffer, least, greatest);
+    });
 }
 
 template <class Label>
@@ -84,18 +78,15 @@ std::vector<KivRuns::LabelledSet> labelled_sets_of(const Buffer& buffer)
 std::vector<KivRuns::LabelledSet> labelled_sets(nb::handle labels)
 {
     const Buffer buffer(labels, "labels");
-    switch (buffer.Kind()) {
-    case 'B':
-        return labelled_sets_of<std::uint8_t>(buffer);
-    case 'H':
-        return labelled_sets_of<std::uint16_t>(buffer);
-    case 'i':
-        return labelled_sets_of<std::int32_t>(buffer);
-    default:
+    constexpr std::string_view taken_as_they_are = "BHi";
+    if (taken_as_they_are.find(buffer.Kind()) == taken_as_they_are.npos) {
         // Labels of other sizes, as scikit-image makes, when all of them fit.
-        return KivRuns::FromLabels(
-            view_of(ints_of_pixels(buffer, "a whole-number type"), buffer.Width(), buffer.Height()));
+        const nb::gil_scoped_release release;
+        const std::vector<int> ints = ints_of_pixels(buffer, "a whole-number type");
+        return KivRuns::FromLabels(view_of(ints, buffer.Width(), buffer.Height()));
     }
+    return with_pixel_type<std::uint8_t, std::uint16_t, std::int32_t>(
+        buffer, "", [&](auto label) { return labelled_sets_of<decltype(label)>(buffer); });
 }
 
 nb::dict from_labels(nb::handle labels)
@@ -151,20 +142,13 @@ void paint(const KivRunSet& set, nb::handle image, double value, nb::handle orig
     if (!buffer.RowsAreDense() && !buffer.ColumnsAreDense()) {
         throw nb::value_error("image must be dense by rows or by columns to be painted into");
     }
-    switch (buffer.Kind()) {
-    case '?':
-        return paint_pixels<std::uint8_t>(set, buffer, value != 0 ? 1 : 0, first);
-    case 'B':
-        return paint_pixels<std::uint8_t>(set, buffer, value, first);
-    case 'H':
-        return paint_pixels<std::uint16_t>(set, buffer, value, first);
-    case 'i':
-        return paint_pixels<std::int32_t>(set, buffer, value, first);
-    case 'f':
-        return paint_pixels<float>(set, buffer, value, first);
-    default:
-        buffer.RefuseKind("bool, uint8, uint16, int32 or float32");
+    if (buffer.Kind() == '?') {
+        paint_pixels<std::uint8_t>(set, buffer, value != 0 ? 1 : 0, first);
+        return;
     }
+    with_pixel_type<std::uint8_t, std::uint16_t, std::int32_t, float>(
+        buffer, "bool, uint8, uint16, int32 or float32",
+        [&](auto pixel) { paint_pixels<decltype(pixel)>(set, buffer, value, first); });
 }
 
 nb::object zeros(const Frame& frame, const char* type)
