@@ -8,6 +8,7 @@
 #include <opencv2/core.hpp>
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <limits>
 #include <span>
@@ -41,6 +42,7 @@ inline int round_half_even(double coordinate)
     constexpr double lowest = std::numeric_limits<int>::min();
     constexpr double highest = std::numeric_limits<int>::max();
     constexpr double whole = 1.5 * 4503599627370496.0;
+    static_assert(FLT_EVAL_METHOD == 0 || FLT_EVAL_METHOD == 1, "sums of doubles must be rounded to doubles");
     const double number = coordinate == coordinate ? coordinate : 0.0;
     const double in_range = std::min(std::max(number, lowest), highest);
     return static_cast<int>((in_range + whole) - whole);
