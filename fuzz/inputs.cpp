@@ -92,6 +92,71 @@ std::vector<Run> FuzzedBytes::runs(int (FuzzedBytes::*next_row)())
     return result;
 }
 
+int FuzzedBytes::side()
+{
+    const unsigned char value = byte();
+    return value == 0xFF ? INT_MAX : value % 16;
+}
+
+KivRegion FuzzedBytes::region()
+{
+    const int width = side();
+    const int height = side();
+    return KivRegion(width, height, runs());
+}
+
+KivROI FuzzedBytes::roi()
+{
+    const int width = side();
+    const int height = side();
+    switch (byte()) {
+    case 'e':
+        return KivROI();
+    case 'o':
+        return KivROI::OpenCurve({{0.0, 0.0}, {1.0, 1.0}}, width, height);
+    case 'r':
+        return KivROI(KivShape::Rectangle{double(digit()), double(digit()), double(digit()), double(digit())},
+                      std::min(width, 15), std::min(height, 15));
+    default:
+        return KivROI::Mask(runs(), width, height);
+    }
+}
+
+double FuzzedBytes::length()
+{
+    return std::abs(near_coordinate());
+}
+
+KivShape::Any FuzzedBytes::shape()
+{
+    const int kind = digit();
+    const double x = near_coordinate();
+    const double y = near_coordinate();
+    switch (kind) {
+    case 1:
+        return KivShape::Rectangle{x, y, near_coordinate(), near_coordinate()};
+    case 2:
+        return KivShape::RotatedRectangle{x, y, length(), length(), 15 * near_coordinate()};
+    case 4:
+        return KivShape::Circle{x, y, length()};
+    case 5:
+        return KivShape::Ellipse{x, y, length(), length(), 15 * near_coordinate()};
+    case 6:
+        return KivShape::Ring{x, y, length(), length()};
+    case 7:
+        return KivShape::RingSector{x, y, length(), length(), 15 * near_coordinate(), std::min(15 * length(), 360.0)};
+    default:
+        break;
+    }
+    KivShape::Polygon polygon;
+    polygon.points.emplace_back(x, y);
+    for (int left = digit(); left > 0; --left) {
+        const double corner_x = near_coordinate();
+        polygon.points.emplace_back(corner_x, near_coordinate());
+    }
+    return polygon;
+}
+
 cv::Mat FuzzedBytes::picture()
 {
     constexpr std::size_t most_rows = 64;

@@ -50,6 +50,15 @@ public:
     /// The same on rows -8 to 15.
     std::vector<Run> runs_on_near_rows();
 
+    /// A region whose frame is at most 15 x 15, or has a side of the largest int.
+    KivRegion region();
+
+    /// A mask in such a frame; or the empty shape, an open curve or a rectangle.
+    KivROI roi();
+
+    /// A shape with a formula, near the origin.
+    KivShape::Any shape();
+
     /// What is left, as the grey values of an image: a line of text is a row, '.' is 0. At most 64 rows of 320 columns;
     /// of one column and one row at least.
     cv::Mat picture();
@@ -60,6 +69,8 @@ public:
 private:
     std::vector<Run> runs(int (FuzzedBytes::*row)());
     int near_row();
+    int side();
+    double length();
 
     std::string_view rest_;
 };

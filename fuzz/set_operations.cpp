@@ -6,7 +6,6 @@
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <algorithm>
-#include <climits>
 
 namespace fuzz
 {
@@ -15,37 +14,6 @@ namespace
 
 const KivRegion used_region(3, 3, {{0, 0, 0}});
 const KivROI used_roi = KivROI::Mask({{0, 0, 0}}, 3, 3);
-
-int side(FuzzedBytes& bytes)
-{
-    const unsigned char value = bytes.byte();
-    return value == 0xFF ? INT_MAX : value % 16;
-}
-
-KivRegion region(FuzzedBytes& bytes)
-{
-    const int width = side(bytes);
-    const int height = side(bytes);
-    return KivRegion(width, height, bytes.runs());
-}
-
-KivROI roi(FuzzedBytes& bytes)
-{
-    const int width = side(bytes);
-    const int height = side(bytes);
-    switch (bytes.byte()) {
-    case 'e':
-        return KivROI();
-    case 'o':
-        return KivROI::OpenCurve({{0.0, 0.0}, {1.0, 1.0}}, width, height);
-    case 'r':
-        return KivROI(KivShape::Rectangle{double(bytes.digit()), double(bytes.digit()), double(bytes.digit()),
-                                          double(bytes.digit())},
-                      std::min(width, 15), std::min(height, 15));
-    default:
-        return KivROI::Mask(bytes.runs(), width, height);
-    }
-}
 
 struct Parts {
     int width;
@@ -75,8 +43,8 @@ Parts walked(const Parts& a, const Parts& b, Runs (*walk)(Runs, Runs), ResultFra
 void check_regions(FuzzedBytes bytes, int (*operation)(KivRegion&, KivRegion&, KivRegion*), Runs (*walk)(Runs, Runs),
                    ResultFrame frame)
 {
-    const KivRegion a = region(bytes);
-    const KivRegion b = region(bytes);
+    const KivRegion a = bytes.region();
+    const KivRegion b = bytes.region();
     if (a.Width() < 1 && b.Width() < 1) {
         EXPECT_TRUE(support::gives(operation, a, b, used_region, KIVMV::KIVMV_ERR_PARAM_1, KivRegion()));
         return;
@@ -97,8 +65,8 @@ void check_regions(FuzzedBytes bytes, int (*operation)(KivRegion&, KivRegion&, K
 void check_rois(FuzzedBytes bytes, int (*operation)(KivROI&, KivROI&, KivROI*), Runs (*walk)(Runs, Runs),
                 ResultFrame frame)
 {
-    KivROI a = roi(bytes);
-    KivROI b = roi(bytes);
+    KivROI a = bytes.roi();
+    KivROI b = bytes.roi();
     const Parts parts_of_a = parts_of(a);
     const Parts parts_of_b = parts_of(b);
     if (parts_of_a.runs.empty() || parts_of_b.runs.empty()) { // there is no walk, and each operation has its own rule

@@ -8,49 +8,8 @@
 
 #include <KivDataConvert/KivDataConvert.h>
 
-#include <algorithm>
-#include <cmath>
-
 namespace
 {
-
-using fuzz::FuzzedBytes;
-
-double length(FuzzedBytes& input)
-{
-    return std::abs(input.near_coordinate());
-}
-
-KivShape::Any shape(FuzzedBytes& input)
-{
-    const int kind = input.digit();
-    const double x = input.near_coordinate();
-    const double y = input.near_coordinate();
-    switch (kind) {
-    case 1:
-        return KivShape::Rectangle{x, y, input.near_coordinate(), input.near_coordinate()};
-    case 2:
-        return KivShape::RotatedRectangle{x, y, length(input), length(input), 15 * input.near_coordinate()};
-    case 4:
-        return KivShape::Circle{x, y, length(input)};
-    case 5:
-        return KivShape::Ellipse{x, y, length(input), length(input), 15 * input.near_coordinate()};
-    case 6:
-        return KivShape::Ring{x, y, length(input), length(input)};
-    case 7:
-        return KivShape::RingSector{
-            x, y, length(input), length(input), 15 * input.near_coordinate(), std::min(15 * length(input), 360.0)};
-    default:
-        break;
-    }
-    KivShape::Polygon polygon;
-    polygon.points.emplace_back(x, y);
-    for (int left = input.digit(); left > 0; --left) {
-        const double corner_x = input.near_coordinate();
-        polygon.points.emplace_back(corner_x, input.near_coordinate());
-    }
-    return polygon;
-}
 
 /// Whether the formula of a shape says what `contained` says. Shapes with sines and cosines are not asked.
 struct Formula {
@@ -84,10 +43,10 @@ struct Formula {
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    FuzzedBytes input(bytes, size);
+    fuzz::FuzzedBytes input(bytes, size);
     const int width = input.digit();
     const int height = input.digit();
-    KivROI roi(shape(input), width, height);
+    KivROI roi(input.shape(), width, height);
     cv::Mat pixels = cv::Mat::zeros(height, width, CV_8UC1);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {

@@ -39,8 +39,10 @@ cv::Mat mat_of(const kivpython::Buffer& buffer)
     if (buffer.Channels() < 1 || buffer.Channels() > CV_CN_MAX) {
         throw nb::value_error("an image must have 1 to 512 channels");
     }
+    // NumPy has an address for no pixels, images have none.
+    const bool is_empty = buffer.Height() == 0 || buffer.Width() == 0;
     return {buffer.Height(), buffer.Width(), CV_MAKETYPE(depth->depth, static_cast<int>(buffer.Channels())),
-            buffer.Pixels()};
+            is_empty ? nullptr : buffer.Pixels()};
 }
 
 nb::object array_of_mat(const cv::Mat& mat)

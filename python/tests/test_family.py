@@ -73,6 +73,7 @@ def test_images_of_regions() -> None:
         (lambda: family.KivRegionToImage(BAR, 256, 0, 8, 4), 1100009),
         (lambda: family.KivBinImageToRegion(numpy.zeros((0, 0), "uint8")), 1100001),
         (lambda: family.KivBinImageToRegion(numpy.zeros((2, 2), "uint16")), 2001014),
+        (lambda: family.KivImageToRegion(numpy.zeros((0, 0), "uint8")), 1100001),
         (lambda: family.KivVarArrayToRegion([1, 2], [1]), 1100007),
         (lambda: family.KivROIToRegion(ROI()), 1100008),
     ],
