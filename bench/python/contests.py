@@ -18,7 +18,7 @@ from rlemasklib import RLEMask
 
 import kivdataconvert.dask
 import masks
-from kivdataconvert import Element, RunSet, paint_labels
+from kivdataconvert import Element, RunSet, coco_to_mask
 
 OURS = "kivdataconvert"
 OURS_ON_RUNS = "kivdataconvert, runs in, runs out"
@@ -102,9 +102,11 @@ def to_text(given: Operands) -> dict[str, Callable[[], Any]]:
 
 def from_text(given: Operands) -> dict[str, Callable[[], Any]]:
     return {
-        OURS: lambda: RunSet.from_coco(given.coco).to_mask(given.shape),
+        OURS: lambda: coco_to_mask(given.coco),
+        "kivdataconvert, by rows": lambda: RunSet.from_coco(given.coco).to_mask(given.shape),
         "pycocotools": lambda: pycocotools.mask.decode(given.coco),
-        "rlemasklib": lambda: RLEMask.from_dict(given.coco).to_array(order="C"),
+        "rlemasklib": lambda: RLEMask.from_dict(given.coco).to_array(),
+        "rlemasklib, by rows": lambda: RLEMask.from_dict(given.coco).to_array(order="C"),
     }
 
 
@@ -139,7 +141,7 @@ def iou(given: Operands) -> dict[str, Callable[[], Any]]:
 
 def labelling(given: Operands) -> dict[str, Callable[[], Any]]:
     return {
-        OURS: lambda: paint_labels(RunSet.from_mask(given.mask).components(), given.shape),
+        OURS: lambda: RunSet.from_mask(given.mask).label_image(given.shape),
         "scikit-image": lambda: skimage.measure.label(given.mask),
         "SciPy": lambda: scipy.ndimage.label(given.mask, EVERYWHERE)[0],
         "OpenCV": lambda: cv2.connectedComponents(given.bytes)[1],
@@ -162,7 +164,7 @@ def few_measures(given: Operands) -> dict[str, Callable[[], Any]]:
         return numpy.bincount(labels.ravel())[1:]
 
     return {
-        OURS: lambda: RunSet.from_mask(given.mask).measure_components()["area"],
+        OURS: lambda: RunSet.from_mask(given.mask).summarize_components()["area"],
         "OpenCV": lambda: cv2.connectedComponentsWithStats(given.bytes)[2][1:, cv2.CC_STAT_AREA],
         "rlemasklib": lambda: RLEMask.from_array(given.bytes).connected_component_stats(8)[0],
         "SciPy": of_scipy,

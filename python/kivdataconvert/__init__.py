@@ -6,8 +6,8 @@ OpenCV, shapely and COCO: x is a column, y a row. The centre of pixel (row, col)
 """
 
 from . import _pickle as _pickle
-from ._core import BlockRule, Element, RunSet, paint_labels
+from ._core import BlockRule, Element, RunSet, coco_to_mask, paint_labels
 from ._types import Box, Measures
 
-__all__ = ["BlockRule", "Box", "Element", "Measures", "RunSet", "paint_labels"]
+__all__ = ["BlockRule", "Box", "Element", "Measures", "RunSet", "coco_to_mask", "paint_labels"]
 __version__ = "3.0.0"

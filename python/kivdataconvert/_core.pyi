@@ -193,6 +193,14 @@ class RunSet:
         float32 (TypeError), and a value that its pixels can have (ValueError).
         """
 
+    def label_image(self, shape: tuple[int, int], connectivity: int = 8) -> numpy.typing.NDArray[numpy.int32]:
+        """
+        An image of the shape (height, width) with the number of its component, from 1 on, at each pixel of the set.
+
+        Components are in the order of ``components()``; 0 is what does not belong to the set. Pixels outside of the image are
+        left out.
+        """
+
     @staticmethod
     def from_coco(mask: Mapping[str, Any] | str | bytes | Iterable[int], shape: tuple[int, int] | None = None) -> RunSet:
         """
@@ -360,6 +368,13 @@ def paint_labels(sets: Iterable[RunSet], shape: tuple[int, int]) -> numpy.typing
     A label image of the shape (height, width): 1 for the first set's pixels, 2 for the second one's, and so on.
 
     Where sets overlap, the later one wins; 0 is what no set has.
+    """
+
+def coco_to_mask(mask: Mapping[str, Any] | str | bytes | Iterable[int], shape: tuple[int, int] | None = None) -> numpy.typing.NDArray[numpy.bool]:
+    """
+    The mask of bool of a run-length mask, for which ``RunSet.from_coco`` and its errors stand.
+
+    The pixels are in memory by columns, as the counts are, so that no run set is made. (``RunSet.to_mask`` gives masks by rows.)
     """
 
 class BlockRule(enum.Enum):

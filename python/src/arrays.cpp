@@ -62,6 +62,16 @@ nb::object kivpython::runs_view(nb::handle set)
     return nb::cast(nb::ndarray<nb::numpy, const std::int32_t>(first, {runs.size(), 3}, set));
 }
 
+nb::object kivpython::zeros(const Frame& frame, const char* type)
+{
+    return nb::module_::import_("numpy").attr("zeros")(nb::make_tuple(frame.height, frame.width), type);
+}
+
+nb::object kivpython::empty(const Frame& frame, const char* type, const char* order)
+{
+    return nb::module_::import_("numpy").attr("empty")(nb::make_tuple(frame.height, frame.width), type, order);
+}
+
 std::vector<int> kivpython::ints_of_pixels(const Buffer& buffer, const char* taken)
 {
     return with_pixel_type<std::int32_t, std::int64_t, std::uint8_t, std::int8_t, std::uint16_t, std::int16_t,

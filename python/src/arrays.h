@@ -26,6 +26,12 @@ nb::object runs_view(nb::handle set);
 /// Raises TypeError if they are of another type, naming what is taken, and ValueError if one is beyond 32 bits.
 std::vector<int> ints_of_pixels(const Buffer& buffer, const char* taken);
 
+/// An image of a NumPy type, whose pixels are zeros.
+nb::object zeros(const Frame& frame, const char* type);
+
+/// The same with any pixels, by rows ("C") or by columns ("F").
+nb::object empty(const Frame& frame, const char* type, const char* order = "C");
+
 /// An array of the vector's elements, which it takes over.
 template <class Element>
 nb::object array_of(std::vector<Element>&& elements, std::initializer_list<std::size_t> shape)

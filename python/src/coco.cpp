@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "arguments.h"
+#include "arrays.h"
 #include "modules.h"
 
 #include <KivRLC/KivRunCoco.h>
@@ -18,13 +19,19 @@ namespace
 using namespace kivpython;
 using nb::literals::operator""_a;
 
-KivRunSet set_of_text(std::string_view text, const Frame& frame)
+/// Run lengths, column by column, of a frame; not checked yet.
+struct CocoMask {
+    std::vector<std::int64_t> counts;
+    Frame frame;
+};
+
+std::vector<std::int64_t> counts_of_text(std::string_view text)
 {
     const nb::gil_scoped_release release;
-    return KivRuns::FromCocoText(text, frame.width, frame.height);
+    return KivRuns::CocoCountsFromText(text);
 }
 
-KivRunSet set_of_counts(nb::handle counts, const Frame& frame)
+std::vector<std::int64_t> counts_of_list(nb::handle counts)
 {
     std::vector<std::int64_t> list;
     for (const nb::handle count : nb::iter(counts)) {
@@ -39,11 +46,26 @@ KivRunSet set_of_counts(nb::handle counts, const Frame& frame)
             throw nb::value_error("a count is beyond 64 bits");
         }
     }
-    const nb::gil_scoped_release release;
-    return KivRuns::FromCocoCounts(list, frame.width, frame.height);
+    return list;
 }
 
-KivRunSet from_coco(nb::handle mask, nb::handle shape)
+std::vector<std::int64_t> counts_of(nb::handle counts)
+{
+    if (nb::isinstance<nb::str>(counts)) {
+        return counts_of_text(nb::cast<std::string>(counts));
+    }
+    if (nb::isinstance<nb::bytes>(counts)) {
+        const auto bytes = nb::borrow<nb::bytes>(counts);
+        return counts_of_text(std::string_view(bytes.c_str(), bytes.size()));
+    }
+    if (!nb::hasattr(counts, "__iter__")) {
+        throw nb::type_error(
+            ("a COCO mask must be a dict, str, bytes or a list of counts, not " + name_of_type(counts)).c_str());
+    }
+    return counts_of_list(counts);
+}
+
+CocoMask coco_mask_of(nb::handle mask, nb::handle shape)
 {
     if (nb::isinstance<nb::dict>(mask)) {
         if (!shape.is_none()) {
@@ -53,24 +75,30 @@ KivRunSet from_coco(nb::handle mask, nb::handle shape)
         if (!fields.contains("counts") || !fields.contains("size")) {
             throw nb::value_error("a COCO mask must have the keys 'size' and 'counts'");
         }
-        return from_coco(fields["counts"], fields["size"]);
+        return coco_mask_of(fields["counts"], fields["size"]);
     }
     if (shape.is_none()) {
         throw nb::type_error("counts without a size need a shape (height, width)");
     }
     const Frame frame = frame_of(shape);
-    if (nb::isinstance<nb::str>(mask)) {
-        return set_of_text(nb::cast<std::string>(mask), frame);
-    }
-    if (nb::isinstance<nb::bytes>(mask)) {
-        const auto bytes = nb::borrow<nb::bytes>(mask);
-        return set_of_text(std::string_view(bytes.c_str(), bytes.size()), frame);
-    }
-    if (!nb::hasattr(mask, "__iter__")) {
-        throw nb::type_error(
-            ("a COCO mask must be a dict, str, bytes or a list of counts, not " + name_of_type(mask)).c_str());
-    }
-    return set_of_counts(mask, frame);
+    return {counts_of(mask), frame};
+}
+
+KivRunSet from_coco(nb::handle mask, nb::handle shape)
+{
+    const CocoMask coco = coco_mask_of(mask, shape);
+    const nb::gil_scoped_release release;
+    return KivRuns::FromCocoCounts(coco.counts, coco.frame.width, coco.frame.height);
+}
+
+nb::object coco_to_mask(nb::handle mask, nb::handle shape)
+{
+    const CocoMask coco = coco_mask_of(mask, shape);
+    nb::object pixels = empty(coco.frame, "bool", "F");
+    const Buffer buffer(pixels, "mask", Buffer::Access::Write);
+    const nb::gil_scoped_release release;
+    KivRuns::PaintCocoCounts(coco.counts, buffer.Columns<std::uint8_t>(), 1, 0);
+    return pixels;
 }
 
 nb::dict to_coco(const KivRunSet& set, nb::handle shape, bool packed)
@@ -97,8 +125,15 @@ nb::dict to_coco(const KivRunSet& set, nb::handle shape, bool packed)
 
 } // namespace
 
-void kivpython::bind_coco(RunSetClass& set)
+void kivpython::bind_coco(nb::module_& module, RunSetClass& set)
 {
+    module.def("coco_to_mask", coco_to_mask, "mask"_a, "shape"_a = nb::none(),
+               nb::sig("def coco_to_mask(mask: collections.abc.Mapping[str, typing.Any] | str | bytes | "
+                       "collections.abc.Iterable[int], shape: tuple[int, int] | None = None) -> "
+                       "numpy.typing.NDArray[numpy.bool]"),
+               R"(The mask of bool of a run-length mask, for which ``RunSet.from_coco`` and its errors stand.
+
+The pixels are in memory by columns, as the counts are, so that no run set is made. (``RunSet.to_mask`` gives masks by rows.))");
     set.def_static("from_coco", from_coco, "mask"_a, "shape"_a = nb::none(),
                    nb::sig("def from_coco(mask: collections.abc.Mapping[str, typing.Any] | str | bytes | "
                            "collections.abc.Iterable[int], shape: tuple[int, int] | None = None) -> RunSet"),

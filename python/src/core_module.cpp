@@ -22,7 +22,7 @@ RunSet(12 pixels, 2 runs, rows 0 to 1, columns 2 to 9)
     bind_algebra(set);
     bind_python_protocols(module, set);
     bind_images(module, set);
-    bind_coco(set);
+    bind_coco(module, set);
     bind_transforms(module, set);
     bind_morphology(module, set);
     bind_components(set);

@@ -99,7 +99,7 @@ nb::dict from_labels(nb::handle labels)
 }
 
 // The part of a set that an image of the given shape shows whose first pixel is `origin`, moved so that this is (0, 0).
-KivRunSet shown(const KivRunSet& set, const Frame& frame, const Pair& origin)
+KivRunSet moved_part(const KivRunSet& set, const Frame& frame, const Pair& origin)
 {
     if (frame.height == 0 || frame.width == 0) {
         return {};
@@ -108,15 +108,23 @@ KivRunSet shown(const KivRunSet& set, const Frame& frame, const Pair& origin)
         return static_cast<int>(std::min<std::int64_t>(std::int64_t{begin} + size - 1, INT32_MAX));
     };
     const KivRunBox box{origin.first, end(origin.first, frame.height), origin.second, end(origin.second, frame.width)};
-    KivRunSet part = KivRuns::Crop(set, box);
-    if (origin.first == 0 && origin.second == 0) {
-        return part;
-    }
+    const KivRunSet part = KivRuns::Crop(set, box);
     // In two steps where the distance is beyond int.
     const auto halves = [](int value) { return std::pair<int, int>(-(value / 2), -(value - value / 2)); };
     const auto [row_a, row_b] = halves(origin.first);
     const auto [col_a, col_b] = halves(origin.second);
     return KivRuns::Translate(KivRuns::Translate(part, col_a, row_a), col_b, row_b);
+}
+
+// Calls `paint` with a set that has the pixels of such an image; what is painted is clipped anyway.
+template <class Paint>
+void with_shown(const KivRunSet& set, const Frame& frame, const Pair& origin, Paint paint)
+{
+    if (origin.first == 0 && origin.second == 0) {
+        paint(set);
+    } else {
+        paint(moved_part(set, frame, origin));
+    }
 }
 
 template <class Pixel>
@@ -127,12 +135,13 @@ void paint_pixels(const KivRunSet& set, const Buffer& buffer, double value, cons
         throw nb::value_error("value is none that the image's pixels can have");
     }
     const nb::gil_scoped_release release;
-    const KivRunSet part = shown(set, {buffer.Height(), buffer.Width()}, origin);
-    if (buffer.RowsAreDense()) {
-        KivRuns::Paint(part, buffer.Rows<Pixel>(), exact->first);
-    } else {
-        KivRuns::Paint(KivRuns::Transpose(part), buffer.Columns<Pixel>(), exact->first);
-    }
+    with_shown(set, {buffer.Height(), buffer.Width()}, origin, [&](const KivRunSet& part) {
+        if (buffer.RowsAreDense()) {
+            KivRuns::Paint(part, buffer.Rows<Pixel>(), exact->first);
+        } else {
+            KivRuns::Paint(KivRuns::Transpose(part), buffer.Columns<Pixel>(), exact->first);
+        }
+    });
 }
 
 void paint(const KivRunSet& set, nb::handle image, double value, nb::handle origin)
@@ -151,18 +160,15 @@ void paint(const KivRunSet& set, nb::handle image, double value, nb::handle orig
         [&](auto pixel) { paint_pixels<decltype(pixel)>(set, buffer, value, first); });
 }
 
-nb::object zeros(const Frame& frame, const char* type)
-{
-    return nb::module_::import_("numpy").attr("zeros")(nb::make_tuple(frame.height, frame.width), type);
-}
-
 nb::object to_mask(const KivRunSet& set, nb::handle shape, nb::handle origin)
 {
     const Frame frame = frame_of(shape);
     const Pair first = pair_of(origin, "origin must be a pair (row, column)");
-    nb::object mask = zeros(frame, "bool");
+    nb::object mask = empty(frame, "bool");
     const Buffer buffer(mask, "mask", Buffer::Access::Write);
-    paint_pixels<std::uint8_t>(set, buffer, 1, first);
+    const nb::gil_scoped_release release;
+    with_shown(set, frame, first,
+               [&](const KivRunSet& part) { KivRuns::PaintMask(part.Runs(), buffer.Rows<std::uint8_t>(), 1, 0); });
     return mask;
 }
 
@@ -173,6 +179,16 @@ nb::object paint_labels(nb::handle sets, nb::handle shape)
     const Buffer buffer(labels, "labels", Buffer::Access::Write);
     const nb::gil_scoped_release release;
     KivRuns::PaintLabels(operands, buffer.Rows<std::int32_t>());
+    return labels;
+}
+
+nb::object label_image(const KivRunSet& set, nb::handle shape, int connectivity)
+{
+    const KivRuns::Connectivity neighbours = connectivity_of(connectivity);
+    nb::object labels = zeros(frame_of(shape), "int32");
+    const Buffer buffer(labels, "labels", Buffer::Access::Write);
+    const nb::gil_scoped_release release;
+    KivRuns::PaintComponents(set, neighbours, buffer.Rows<std::int32_t>());
     return labels;
 }
 
@@ -211,6 +227,14 @@ Pixels outside of the mask are left out.)");
 
 The image's first pixel is pixel ``origin``, (row, column), of the set. It must be of bool, uint8, uint16, int32 or
 float32 (TypeError), and a value that its pixels can have (ValueError).)");
+    set.def(
+        "label_image", label_image, "shape"_a, "connectivity"_a = 8,
+        nb::sig("def label_image(self, shape: tuple[int, int], connectivity: int = 8) -> "
+                "numpy.typing.NDArray[numpy.int32]"),
+        R"(An image of the shape (height, width) with the number of its component, from 1 on, at each pixel of the set.
+
+Components are in the order of ``components()``; 0 is what does not belong to the set. Pixels outside of the image are
+left out.)");
     module.def(
         "paint_labels", paint_labels, "sets"_a, "shape"_a,
         nb::sig("def paint_labels(sets: collections.abc.Iterable[RunSet], shape: tuple[int, int]) -> "

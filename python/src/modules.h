@@ -15,7 +15,7 @@ using RunSetClass = nb::class_<KivRunSet>;
 void bind_algebra(RunSetClass& set);
 void bind_python_protocols(nb::module_& module, RunSetClass& set);
 void bind_images(nb::module_& module, RunSetClass& set);
-void bind_coco(RunSetClass& set);
+void bind_coco(nb::module_& module, RunSetClass& set);
 void bind_transforms(nb::module_& module, RunSetClass& set);
 void bind_morphology(nb::module_& module, RunSetClass& set);
 void bind_components(RunSetClass& set);

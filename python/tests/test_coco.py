@@ -12,7 +12,7 @@ import pytest
 from conftest import masks
 from hypothesis import given
 
-from kivdataconvert import RunSet
+from kivdataconvert import RunSet, coco_to_mask
 
 CORNER = RunSet([(0, 1, 2), (1, 1, 1)])
 """Of 2 x 3 pixels, column by column: 2 that do not belong, then 3 that do, then 1 that does not."""
@@ -33,7 +33,10 @@ def test_by_hand() -> None:
 def test_there_and_back(mask: numpy.ndarray) -> None:
     pixels = RunSet.from_mask(mask)
     for packed in (True, False):
-        assert RunSet.from_coco(pixels.to_coco(mask.shape, packed=packed)) == pixels
+        coco = pixels.to_coco(mask.shape, packed=packed)
+        assert RunSet.from_coco(coco) == pixels
+        painted = coco_to_mask(coco)
+        assert painted.dtype == bool and painted.flags.f_contiguous and numpy.array_equal(painted, mask != 0)
 
 
 @pytest.mark.parametrize(
@@ -62,8 +65,9 @@ def test_there_and_back(mask: numpy.ndarray) -> None:
     ],
 )
 def test_refuses(mask: Any, shape: Any, error: type[Exception]) -> None:
-    with pytest.raises(error):
-        RunSet.from_coco(mask, shape)
+    for read in (RunSet.from_coco, coco_to_mask):
+        with pytest.raises(error):
+            read(mask, shape)
 
 
 def test_random_texts_are_masks_or_errors() -> None:

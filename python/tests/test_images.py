@@ -110,6 +110,15 @@ def test_paints_labels() -> None:
     assert labels.dtype == numpy.int32 and labels.tolist() == [[1, 1, 2, 2], [2, 0, 0, 0]]
 
 
+def test_label_images() -> None:
+    pixels = RunSet([(-1, 3, 3), (0, 0, 1), (0, 3, 9), (1, 2, 2)])
+    labels = pixels.label_image((2, 4))  # by corners all of it is one
+    assert labels.dtype == numpy.int32 and labels.tolist() == [[1, 1, 0, 1], [0, 0, 1, 0]]
+    assert pixels.label_image((2, 4), connectivity=4).tolist() == [[2, 2, 0, 1], [0, 0, 3, 0]]
+    with pytest.raises(ValueError):
+        pixels.label_image((2, 4), 6)
+
+
 @pytest.mark.parametrize("kind", ["bool", "uint8", "uint16", "int32", "float32"])
 def test_paints(kind: str) -> None:
     pixels = RunSet([(-1, 0, 1), (0, 1, 5)])

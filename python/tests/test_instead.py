@@ -7,7 +7,7 @@ import numpy
 import pytest
 from conftest import blobs
 
-from kivdataconvert import Element, RunSet, paint_labels
+from kivdataconvert import Element, RunSet
 
 skimage = pytest.importorskip("skimage")
 cv2 = pytest.importorskip("cv2")
@@ -30,9 +30,9 @@ def same(pixels: RunSet, mask: numpy.ndarray) -> bool:
 def test_labels(mask: numpy.ndarray) -> None:
     pixels = RunSet.from_mask(mask)
     labels = measure.label(mask)
-    assert (paint_labels(pixels.components(), mask.shape) == labels).all()
+    assert (pixels.label_image(mask.shape) == labels).all()
     by_edges, _ = ndimage.label(mask)
-    assert (paint_labels(pixels.components(4), mask.shape) == by_edges).all()
+    assert (pixels.label_image(mask.shape, 4) == by_edges).all()
     assert [part.box.slices for part in pixels.components(4)] == ndimage.find_objects(by_edges)
     statistics = cv2.connectedComponentsWithStats(mask.astype("uint8"))[2]
     assert sorted(pixels.measure_components()["area"]) == sorted(statistics[1:, cv2.CC_STAT_AREA])

@@ -12,7 +12,7 @@ from typing import Any, Callable
 import numpy
 import pytest
 
-from kivdataconvert import BlockRule, Element, RunSet, family, paint_labels
+from kivdataconvert import BlockRule, Element, RunSet, coco_to_mask, family, paint_labels
 from kivdataconvert._display import png
 
 LONG = os.environ.get("KIV_LONG_TESTS") == "1"
@@ -56,9 +56,9 @@ CASES: dict[str, Callable[[], Any]] = {
     "comparisons": lambda: (A == B, A <= B, A > B, (1, 2) in A, bool(A), hash(A), A == "a", A.intersects(B)),
     "areas": lambda: (A.area, A.n_runs, A.box, A.centroid, A.iou(B), A.union_area(B), A.intersection_area(B)),
     "masks": lambda: (RunSet.from_mask(MASK), RunSet.from_mask(MASK.T), RunSet.from_mask(MASK[::-1, ::2]), A.to_mask(SHAPE)),
-    "painting": lambda: (A.paint(IMAGE, 200), paint_labels(SETS, SHAPE)),
+    "painting": lambda: (A.paint(IMAGE, 200), paint_labels(SETS, SHAPE), A.label_image(SHAPE)),
     "images": lambda: (RunSet.from_range(IMAGE, 1, 255), RunSet.from_labels(LABELS)),
-    "COCO": lambda: (RunSet.from_coco(COCO), RunSet.from_coco(COUNTS), A.to_coco(SHAPE), A.to_coco(SHAPE, packed=False)),
+    "COCO": lambda: (RunSet.from_coco(COCO), RunSet.from_coco(COUNTS), coco_to_mask(COCO), A.to_coco(SHAPE), A.to_coco(SHAPE, packed=False)),
     "polygons": lambda: (RunSet.from_polygons([CORNERS], SHAPE), RunSet.from_polygons([[0, 0, 4, 0, 4, 4]], SHAPE)),
     "outlines": lambda: (A.outlines(), A.borders(), A.convex_hull()),
     "transforms": lambda: (A.translate(1, 1), A.flip_left_right(SHAPE), A.turn(1, SHAPE), A.transpose(), A.crop((2, 2))),

@@ -3,6 +3,7 @@
 // the sign.
 #include <KivRLC/KivRunCoco.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace
@@ -37,24 +38,29 @@ unsigned digit_at(std::string_view text, std::size_t position)
     return digit;
 }
 
+bool ends_number(char character)
+{
+    return ((static_cast<unsigned>(character) - static_cast<unsigned>(zero_character)) & more_bit) == 0;
+}
+
 /// Reads the number at `position` and moves on.
 std::int64_t next_number(std::string_view text, std::size_t& position)
 {
     constexpr unsigned most_bits = 60; // more than the pixels of any frame, one bit for the sign, and no overflow
     std::uint64_t number = 0;
+    unsigned bits = 0;
     unsigned digit = more_bit;
-    for (unsigned shift = 0; (digit & more_bit) != 0; shift += digit_bits) {
+    while ((digit & more_bit) != 0) {
         digit = digit_at(text, position);
-        if (shift > most_bits) {
+        if (bits > most_bits) {
             fail_at(position, "has a count that is too large");
         }
         ++position;
-        number |= std::uint64_t{digit & (more_bit - 1)} << shift;
-        if ((digit & (more_bit | sign_bit)) == sign_bit && shift + digit_bits < 64) {
-            number |= ~std::uint64_t{0} << (shift + digit_bits);
-        }
+        number |= std::uint64_t{digit & (more_bit - 1)} << bits;
+        bits += digit_bits;
     }
-    return static_cast<std::int64_t>(number);
+    const std::uint64_t sign = bits < 64 ? std::uint64_t{1} << (bits - 1) : 0;
+    return static_cast<std::int64_t>((number ^ sign) - sign);
 }
 
 void append_number(std::int64_t number, std::string& text)
@@ -74,6 +80,7 @@ void append_number(std::int64_t number, std::string& text)
 std::vector<std::int64_t> KivRuns::CocoCountsFromText(std::string_view text)
 {
     std::vector<std::int64_t> counts;
+    counts.reserve(static_cast<std::size_t>(std::count_if(text.begin(), text.end(), ends_number)));
     for (std::size_t position = 0; position < text.size();) {
         const std::int64_t number = next_number(text, position);
         std::int64_t count = 0;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "image_rows.h"
 #include "run_set_access.h"
 
 #include <KivRLC/KivRunCoco.h>
@@ -6,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <stdexcept>
 #include <utility>
@@ -90,6 +92,18 @@ private:
     kivrlc::RunBuffer rows_;
 };
 
+/// Fills `length` of the `room` bytes. Short stretches are filled by one store of a fixed size, as what comes behind
+/// them is filled later; their lengths can hardly be guessed.
+void fill_stretch(unsigned char* bytes, int length, int room, std::uint8_t value)
+{
+    constexpr int wide = 16;
+    if (length <= wide && wide <= room) {
+        std::memset(bytes, value, wide);
+    } else {
+        std::memset(bytes, value, static_cast<std::size_t>(length));
+    }
+}
+
 /// The columns of a set that are full from row 0 to row height - 1, as a set on row 0.
 KivRunSet full_columns(const KivRunSet& set, int height)
 {
@@ -135,6 +149,30 @@ KivRunSet KivRuns::FromCocoCounts(const std::vector<std::int64_t>& counts, int w
         belongs = !belongs;
     }
     return collector.set();
+}
+
+void KivRuns::PaintCocoCounts(const std::vector<std::int64_t>& counts, const KivImageView<std::uint8_t>& columns,
+                              std::uint8_t value, std::uint8_t background)
+{
+    kivrlc::check_image(columns);
+    check_counts(counts, pixels_of_frame(columns.width, columns.height));
+    int column = 0;
+    int row = 0; // of the frame
+    bool belongs = false;
+    for (std::int64_t left : counts) {
+        while (left > 0) {
+            const int length = static_cast<int>(std::min<std::int64_t>(left, columns.width - row));
+            fill_stretch(kivrlc::bytes_of(columns, row, column), length, columns.width - row,
+                         belongs ? value : background);
+            left -= length;
+            row += length;
+            if (row == columns.width) {
+                row = 0;
+                ++column;
+            }
+        }
+        belongs = !belongs;
+    }
 }
 
 KivRunSet KivRuns::FromCocoText(std::string_view text, int width, int height)

@@ -2,6 +2,7 @@
 #include "image_rows.h"
 #include "run_set_access.h"
 
+#include <KivRLC/KivRunComponents.h>
 #include <KivRLC/KivRunImages.h>
 
 #include <algorithm>
@@ -24,8 +25,9 @@ void fill_pixels(unsigned char* bytes, std::size_t count, Pixel value)
     }
 }
 
-template <class Pixel>
-void paint(const KivRunSet& set, const KivImageView<Pixel>& image, Pixel value)
+/// Gives the pixels of each run the value that `value_of` says of it.
+template <class Pixel, class ValueOf>
+void paint_runs(const KivRunSet& set, const KivImageView<Pixel>& image, ValueOf value_of)
 {
     kivrlc::check_image(image);
     const Run* const end = kivrlc::behind_row(set.Runs(), image.height - 1);
@@ -33,9 +35,16 @@ void paint(const KivRunSet& set, const KivImageView<Pixel>& image, Pixel value)
         const int first = std::max(run->colBegin, 0);
         const int last = std::min(run->colEnd, image.width - 1);
         if (first <= last) {
-            fill_pixels(kivrlc::bytes_of(image, first, run->row), static_cast<std::size_t>(last - first) + 1, value);
+            fill_pixels(kivrlc::bytes_of(image, first, run->row), static_cast<std::size_t>(last - first) + 1,
+                        value_of(*run));
         }
     }
+}
+
+template <class Pixel>
+void paint(const KivRunSet& set, const KivImageView<Pixel>& image, Pixel value)
+{
+    paint_runs(set, image, [=](const Run& /*run*/) { return value; });
 }
 
 /// Paints runs on a background, which each row gets shortly before the first run on it, while it is in the cache.
@@ -162,4 +171,11 @@ void KivRuns::PaintLabels(const std::vector<KivRunSet>& sets, const KivImageView
     for (const KivRunSet& set : sets) {
         paint(set, image, ++label);
     }
+}
+
+void KivRuns::PaintComponents(const KivRunSet& set, Connectivity connectivity, const KivImageView<std::int32_t>& image)
+{
+    const std::vector<int> numbers = NumberComponents(set, connectivity).ofRun;
+    paint_runs(set, image,
+               [&](const Run& run) { return numbers[static_cast<std::size_t>(&run - set.Runs().begin())] + 1; });
 }

@@ -3,6 +3,7 @@
 #include "run_sets.h"
 
 #include <KivRLC/KivRunCoco.h>
+#include <KivRLC/KivRunMat.h>
 
 #include <gtest/gtest.h>
 
@@ -45,6 +46,40 @@ TEST(RunCoco, TakesCountsOfNothingAnywhere)
     EXPECT_EQ(KivRuns::FromCocoCounts({0, 1, 0, 1, 4, 0}, 3, 2), (KivRunSet{{0, 0, 0}, {1, 0, 0}}));
     EXPECT_TRUE(KivRuns::FromCocoCounts({}, 0, 0).Empty());
     EXPECT_TRUE(KivRuns::FromCocoCounts({0}, 7, 0).Empty());
+}
+
+TEST(RunCoco, PaintsCountsByColumns)
+{
+    // Two columns of three pixels, a byte apart: 1 that does not belong, 3 that do, which go on in the next column, 2.
+    using Pixels = std::vector<std::uint8_t>;
+    Pixels pixels(8, 5);
+    const KivImageView<std::uint8_t> columns{pixels.data(), 3, 2, 4};
+    KivRuns::PaintCocoCounts({1, 0, 0, 3, 2}, columns, 9, 7);
+    EXPECT_EQ(pixels, (Pixels{7, 9, 9, 5, 9, 7, 7, 5}));
+    EXPECT_THROW(KivRuns::PaintCocoCounts({0, 5}, columns, 1, 0), std::invalid_argument);
+    EXPECT_THROW(KivRuns::PaintCocoCounts({0, 7}, columns, 1, 0), std::invalid_argument);
+    EXPECT_THROW(KivRuns::PaintCocoCounts({0, 7, -1}, columns, 1, 0), std::invalid_argument);
+    EXPECT_THROW(KivRuns::PaintCocoCounts({}, {nullptr, -1, 0, 0}, 1, 0), std::invalid_argument);
+    EXPECT_EQ(pixels, (Pixels{7, 9, 9, 5, 9, 7, 7, 5}));
+    KivRuns::PaintCocoCounts({0, 6}, columns, 2, 0);
+    EXPECT_EQ(pixels, (Pixels{2, 2, 2, 5, 2, 2, 2, 5}));
+    KivRuns::PaintCocoCounts({}, {nullptr, 0, 7, 0}, 1, 0);
+}
+
+TEST(RunCoco, PaintsCountsAsTheirSetsAre)
+{
+    std::mt19937 random(8);
+    for (int i = 0; i < 200; ++i) {
+        const int height = 1 + i % 70;
+        const int width = 1 + i / 10;
+        const cv::Mat mask = run_sets::random_mask(width, height, 1 + i % 5, random);
+        cv::Mat columns(width, height + i % 3, CV_8UC1, cv::Scalar(3)); // with some bytes behind each
+        const cv::Mat border = columns.colRange(height, columns.cols);
+        KivRuns::PaintCocoCounts(KivRuns::ToCocoCounts(KivRuns::FromMask(mask), width, height),
+                                 KivRuns::ViewOf<std::uint8_t>(columns.colRange(0, height)), 255, 0);
+        ASSERT_EQ(cv::countNonZero(columns.colRange(0, height).t() != (mask != 0)), 0);
+        ASSERT_TRUE(border.empty() || cv::countNonZero(border != 3) == 0);
+    }
 }
 
 TEST(RunCoco, PacksCountsIntoText)

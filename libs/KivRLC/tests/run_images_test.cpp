@@ -2,6 +2,7 @@
 // Masks, ranges of values and labels, in and out, pixel by pixel.
 #include "run_sets.h"
 
+#include <KivRLC/KivRunComponents.h>
 #include <KivRLC/KivRunMat.h>
 
 #include <gtest/gtest.h>
@@ -184,6 +185,30 @@ TEST(RunImages, PaintLabels)
 {
     const cv::Mat labels = KivRuns::ToLabels({{{0, 0, 2}}, KivRunSet(), {{0, 2, 9}}}, 5, 1);
     EXPECT_EQ(cv::countNonZero(labels != (cv::Mat_<std::int32_t>(1, 5) << 1, 1, 3, 3, 3)), 0);
+}
+
+TEST(RunImages, PaintComponents)
+{
+    // Two that meet at a corner, and one that begins left of the image and above it.
+    const KivRunSet set{{-1, -2, 0}, {0, -2, 0}, {0, 3, 3}, {1, 4, 4}};
+    cv::Mat_<std::int32_t> labels = cv::Mat_<std::int32_t>(2, 5, -1);
+    KivRuns::PaintComponents(set, KivRuns::Connectivity::Eight, KivRuns::ViewOf<std::int32_t>(labels));
+    EXPECT_EQ(cv::countNonZero(labels != (cv::Mat_<std::int32_t>(2, 5) << 1, -1, -1, 2, -1, -1, -1, -1, -1, 2)), 0);
+    KivRuns::PaintComponents(set, KivRuns::Connectivity::Four, KivRuns::ViewOf<std::int32_t>(labels));
+    EXPECT_EQ(cv::countNonZero(labels != (cv::Mat_<std::int32_t>(2, 5) << 1, -1, -1, 2, -1, -1, -1, -1, -1, 3)), 0);
+}
+
+TEST(RunImages, PaintComponentsAsTheirSetsAre)
+{
+    std::mt19937 random(7);
+    for (int i = 0; i < 100; ++i) {
+        const KivRunSet set = KivRuns::FromMask(random_mask(1 + i % 37, 1 + i / 3, 1 + i % 3, random));
+        for (const auto connectivity : {KivRuns::Connectivity::Four, KivRuns::Connectivity::Eight}) {
+            cv::Mat labels = cv::Mat::zeros(40, 37, CV_32SC1);
+            KivRuns::PaintComponents(set, connectivity, KivRuns::ViewOf<std::int32_t>(labels));
+            ASSERT_EQ(cv::countNonZero(labels != KivRuns::ToLabels(KivRuns::Components(set, connectivity), 37, 40)), 0);
+        }
+    }
 }
 
 TEST(RunImages, GoThereAndBack)

@@ -3,6 +3,7 @@
 /// Run sets from and to the run lengths of the COCO data sets. This header needs no OpenCV.
 #pragma once
 
+#include <KivRLC/KivImageView.h>
 #include <KivRLC/KivRLCExport.h>
 #include <KivRLC/KivRunSet.h>
 
@@ -32,6 +33,16 @@ KIVRLC_API KivRunSet FromCocoCounts(const std::vector<std::int64_t>& counts, int
 ///
 /// @throws std::invalid_argument as CocoCountsFromText() and FromCocoCounts().
 KIVRLC_API KivRunSet FromCocoText(std::string_view text, int width, int height);
+
+/// Gives the pixels of an image that belong a value, and all others another one, without making the set.
+///
+/// The image is by columns, as the counts are: its rows are the columns of the frame, so its width is the frame's
+/// height. Linear in the counts and the pixels; nothing is painted if the counts are refused.
+///
+/// @throws std::invalid_argument if a count is negative or their sum is not the number of pixels, or the image has a
+/// negative width or height.
+KIVRLC_API void PaintCocoCounts(const std::vector<std::int64_t>& counts, const KivImageView<std::uint8_t>& columns,
+                                std::uint8_t value, std::uint8_t background);
 
 /// The counts of the set's pixels in the frame; pixels outside of it are left out. No count but the first one is 0,
 /// except that a frame without pixels has the one count 0.

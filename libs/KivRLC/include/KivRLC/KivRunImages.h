@@ -6,6 +6,7 @@
 
 #include <KivRLC/KivImageView.h>
 #include <KivRLC/KivRLCExport.h>
+#include <KivRLC/KivRunMeasures.h>
 #include <KivRLC/KivRunSet.h>
 
 #include <algorithm>
@@ -94,6 +95,11 @@ KIVRLC_API void PaintMask(KivRunView runs, const KivImageView<std::uint8_t>& mas
 /// Gives the pixels of the first set the value 1, those of the second one 2, and so on; where sets overlap, the later
 /// one wins. Leaves all other pixels as they are.
 KIVRLC_API void PaintLabels(const std::vector<KivRunSet>& sets, const KivImageView<std::int32_t>& image);
+
+/// Gives the pixels of the set's first component the value 1, those of the second one 2, and so on, as PaintLabels()
+/// does of Components(), which are not made. Leaves all other pixels as they are.
+KIVRLC_API void PaintComponents(const KivRunSet& set, Connectivity connectivity,
+                                const KivImageView<std::int32_t>& image);
 /// @}
 
 } // namespace KivRuns
