@@ -117,6 +117,10 @@ class RunSet:
         Raises ValueError for coordinates that are not finite and arrays that are no points.
         """
 
+    @staticmethod
+    def from_box(box: BoxLike) -> RunSet:
+        """The pixels of a box, or of an image of the shape (height, width)."""
+
     def complement(self, box: BoxLike) -> RunSet:
         """
         The pixels of the box, or of an image of the shape (height, width), that do not belong to the set.

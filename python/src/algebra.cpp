@@ -115,6 +115,15 @@ of pixel (row, col) is the point (col + pixel_center, row + pixel_center): 0 whe
 they lie on their edges, as those of ``outlines()`` and of COCO do.
 
 Raises ValueError for coordinates that are not finite and arrays that are no points.)");
+    set.def_static(
+        "from_box",
+        [](nb::handle box) {
+            const KivRunBox b = box_of(box);
+            const nb::gil_scoped_release release;
+            return KivRunSet::FromBox(b);
+        },
+        "box"_a, nb::sig("def from_box(box: BoxLike) -> RunSet"),
+        "The pixels of a box, or of an image of the shape (height, width).");
     set.def(
         "complement",
         [](const KivRunSet& a, nb::handle box) {

@@ -139,6 +139,7 @@ def test_algebra_is_that_of_masks(pair: tuple[numpy.ndarray, numpy.ndarray]) -> 
     assert x - y == RunSet.from_mask(a & ~b)
     assert x ^ y == RunSet.from_mask(a ^ b)
     assert x.complement(a.shape) == RunSet.from_mask(~a)
+    assert RunSet.from_box(a.shape) == x | RunSet.from_mask(~a)
     subset = bool((b | ~a).all())
     assert (x <= y) == subset and (y >= x) == subset
     assert (x < y) == (y > x) == (subset and bool((a != b).any()))

@@ -287,7 +287,7 @@ TEST(Morphology, KeepsItsLaws)
         }
         const KivRunBox frame{-200, 200, -200, 200}; // duality, within a box that nothing reaches
         const KivRunBox within{-100, 100, -100, 100};
-        EXPECT_EQ(KivRuns::Erode(a.Complement(frame), b) & KivRunSet().Complement(within),
+        EXPECT_EQ(KivRuns::Erode(a.Complement(frame), b) & KivRunSet::FromBox(within),
                   KivRuns::Dilate(a, turned(b)).Complement(within));
         EXPECT_TRUE(a.IsSubsetOf(KivRuns::Erode(outer, b)));
         EXPECT_TRUE(KivRuns::Dilate(inner, b).IsSubsetOf(a));

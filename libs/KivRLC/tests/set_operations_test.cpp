@@ -207,6 +207,14 @@ TEST(RunSetOperations, KeepTheLawsOfBooleanAlgebra)
     }
 }
 
+TEST(RunSetOperations, FromBox)
+{
+    EXPECT_EQ(KivRunSet::FromBox({-1, 1, 3, 3}), (KivRunSet{{-1, 3, 3}, {0, 3, 3}, {1, 3, 3}}));
+    EXPECT_TRUE(KivRunSet::FromBox({0, -1, 0, 5}).Empty());
+    EXPECT_TRUE(KivRunSet::FromBox({0, 5, 0, -1}).Empty());
+    EXPECT_EQ(KivRunSet::FromBox({INT_MAX, INT_MAX, INT_MIN, INT_MAX}), (KivRunSet{{INT_MAX, INT_MIN, INT_MAX}}));
+}
+
 TEST(RunSetOperations, ComplementWithinABox)
 {
     const KivRunSet set{{0, 2, 3}, {0, 5, 9}, {1, -5, 20}, {3, 0, 0}};

@@ -48,6 +48,9 @@ public:
     /// The same from a list such as `{{0, 2, 5}, {1, 2, 5}}`.
     KivRunSet(std::initializer_list<Run> runs) : KivRunSet(KivRunView(runs.begin(), runs.size())) {}
 
+    /// The pixels of a box: a run a row. Throws std::bad_alloc if memory runs out.
+    static KivRunSet FromBox(const KivRunBox& box) { return KivRunSet().Complement(box); }
+
     /// The runs, from the uppermost row down, and in a row from left to right. The view is valid until the set is
     /// assigned to, moved from, swapped or destroyed.
     KivRunView Runs() const noexcept { return {runs_.data(), runs_.size()}; }
