@@ -84,6 +84,7 @@ std::int64_t KivRunSet::UnionArea(const KivRunSet& other) const noexcept
 
 double KivRunSet::IntersectionOverUnion(const KivRunSet& other) const noexcept
 {
-    const std::int64_t of_union = UnionArea(other);
-    return of_union == 0 ? 1.0 : static_cast<double>(IntersectionArea(other)) / static_cast<double>(of_union);
+    const std::int64_t common = IntersectionArea(other);
+    const std::int64_t of_union = Area() + other.Area() - common;
+    return of_union == 0 ? 1.0 : static_cast<double>(common) / static_cast<double>(of_union);
 }
