@@ -101,6 +101,16 @@ TEST(RunCoco, PacksCountsIntoText)
     EXPECT_TRUE(KivRuns::FromCocoText("Xo0", 1000, 1).Empty());
 }
 
+TEST(RunCoco, UnpacksNumbersOfAnyLength)
+{
+    // 32 = 'P' says that more follows, 16 = '@' is the sign of the last five bits.
+    EXPECT_EQ(KivRuns::CocoCountsFromText("@"), (Counts{-16}));
+    EXPECT_EQ(KivRuns::CocoCountsFromText("P@"), (Counts{-512}));
+    EXPECT_EQ(KivRuns::CocoCountsFromText("PPPPPPPPPPP@"), (Counts{-(std::int64_t{1} << 59)}));
+    EXPECT_EQ(KivRuns::CocoCountsFromText("PPPPPPPPPPP?"), (Counts{std::int64_t{15} << 55}));
+    EXPECT_EQ(KivRuns::CocoCountsFromText("PPPPPPPPPPPP1"), (Counts{std::int64_t{1} << 60}));
+}
+
 void expect_refused(const Counts& counts, int width, int height, const std::string& why)
 {
     try {
