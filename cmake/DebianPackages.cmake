@@ -68,8 +68,7 @@ kiv_debian_package(convert_dev NAME libkivdataconvert-dev SECTION libdevel
 kiv_debian_package(tools NAME kivdataconvert-tools SECTION utils
     SUMMARY "conversions of vision shapes on the command line"
     TEXT "The program kivconvert carries shapes between files of images, runs, contours\nand points, and combines them \
-by set algebra."
-    DEPENDS "libkivdataconvert3 (>= ${PROJECT_VERSION})" "libkivdata3 (>= ${PROJECT_VERSION})")
+by set algebra.")
 
 # Debian has its manual pages compressed.
 install(CODE [[

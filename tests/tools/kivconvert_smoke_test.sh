@@ -33,6 +33,9 @@ says() {
 ends 0 "$kivconvert" image roi:ring:30,24,8,20 --width 64 --height 48 -o ring.png
 ends 0 "$kivconvert" region ring.png -o ring.csv
 
+# Each shared library takes time at the start; the project's own are in the program.
+ldd "$kivconvert" | grep libKiv && fail 'the program loads libraries of the project'
+
 # What has been printed must arrive.
 ends 2 sh -c '"$1" info ring.csv >/dev/full' sh "$kivconvert"
 says 'standard output: cannot be written: No space left on device'
