@@ -31,8 +31,8 @@ void add_components_command(CLI::App& app)
     const auto options = std::make_shared<ComponentOptions>();
     CLI::App* const command = app.add_subcommand("components", "Numbers the connected parts of a shape in an image");
     command->footer(example_with_shapes("components mask.png -o labels.png"));
-    add_conversion(*command, {any_content, any_label_image, ".png", expect_label_image},
-                   [options](const std::string& input, const std::string& output, const ImagePart& part) {
+    add_conversion(*command, {any_content, any_label_image, ".png", expect_label_image, true},
+                   [options](const std::string& input, const Output& output, const ImagePart& part) {
                        const PlacedPixels placed = read_pixels(input, options->frame, part);
                        write_label_image(output,
                                          label_image_of(numbered_components(placed.pixels, options->connectivity),

@@ -7,6 +7,7 @@
 #include "kivconvert/folders.h"
 #include "kivconvert/image_options.h"
 #include "kivconvert/inputs.h"
+#include "kivconvert/page_stack.h"
 #include "kivconvert/standard_streams.h"
 
 #include <CLI/CLI.hpp>
@@ -100,6 +101,43 @@ void convert_to_folder(const Files& files, const ConversionTexts& texts, const C
     convert_files(files.inputs, files.output, ending, files.resume ? Existing::kept : Existing::replaced, convert_one);
 }
 
+/// Whether all outputs are pages of one file.
+bool is_stack(const Files& files, const ConversionTexts& texts)
+{
+    return texts.makes_images && can_have_pages(files.output) && !is_folder(files.output);
+}
+
+/// The pages are in the order of the inputs, and of their pages.
+void convert_to_stack(const Files& files, const ConversionTexts& texts, const Conversion& convert)
+{
+    texts.expect_output(files.output);
+    if (!files.ending.empty()) {
+        expect_use_for_ending(files.output);
+    }
+    if (files.resume) {
+        throw InputError("--resume", "is for inputs with one output each, not for pages of one");
+    }
+    PageStack stack(files.output);
+    const std::vector<InputFile> inputs = files_of(files.inputs);
+    if (!files.all_pages) {
+        stack.add(inputs.size(), [&](std::size_t i, const Output& page) {
+            expect_readable(inputs[i]);
+            convert(inputs[i].path, page, files.part);
+        });
+    }
+    for (std::size_t i = 0; files.all_pages && i < inputs.size(); ++i) {
+        expect_readable(inputs[i]);
+        ImagePart of_file = files.part;
+        of_file.file = std::make_shared<ImageFile>(inputs[i].path);
+        stack.add(static_cast<std::size_t>(of_file.file->pages()), [&](std::size_t index, const Output& page) {
+            ImagePart part = of_file;
+            part.page = static_cast<int>(index) + 1;
+            convert(inputs[i].path, page, part);
+        });
+    }
+    stack.finish();
+}
+
 } // namespace
 
 void add_conversion(CLI::App& command, const ConversionTexts& texts, Conversion convert)
@@ -108,7 +146,8 @@ void add_conversion(CLI::App& command, const ConversionTexts& texts, Conversion 
     add_inputs(command, files->inputs, texts.input);
     command
         .add_option("-o,--output", files->output,
-                    fmt::format("{}; or a folder for them; - is standard output", texts.output))
+                    fmt::format("{}; or a folder for them{}; - is standard output", texts.output,
+                                texts.makes_images ? ", or a .tif with a page of each" : ""))
         ->required();
     command
         .add_option("--to", files->ending,
@@ -116,13 +155,15 @@ void add_conversion(CLI::App& command, const ConversionTexts& texts, Conversion 
         ->type_name("ENDING");
     command.add_flag("--resume", files->resume, "of many files, leave out those whose outputs are there and newer");
     add_image_options(command, files->part, files->all_pages);
-    const auto convert_named = [convert = std::move(convert)](const std::string& input, const std::string& output,
+    const auto convert_named = [convert = std::move(convert)](const std::string& input, const Output& output,
                                                               const ImagePart& part) {
         report_under(input, [&] { convert(input, output, part); });
     };
     command.callback([files, convert_named, texts] {
         if (files->inputs.is_single() && !files->all_pages) {
             convert_to_file(*files, texts, convert_named);
+        } else if (is_stack(*files, texts)) {
+            convert_to_stack(*files, texts, convert_named);
         } else {
             convert_to_folder(*files, texts, convert_named);
         }

@@ -4,6 +4,7 @@
 
 #include "kivconvert/cli_types.h"
 #include "kivconvert/image_files.h"
+#include "kivconvert/output.h"
 
 #include <functional>
 #include <string>
@@ -18,10 +19,12 @@ struct ConversionTexts {
 
     /// Throws InputError unless the output is named like one.
     void (*expect_output)(const std::string& path);
+
+    bool makes_images = false; ///< whether many outputs can be the pages of one
 };
 
 /// Makes the output of an input, of which `part` is read if it is an image.
-using Conversion = std::function<void(const std::string& input, const std::string& output, const ImagePart& part)>;
+using Conversion = std::function<void(const std::string& input, const Output& output, const ImagePart& part)>;
 
 /// Adds the operand IN, the options --output and --to, and those of images. `convert` gets the files, one pair after
 /// the other; of a folder, several at a time.

@@ -12,6 +12,7 @@
 #include "kivconvert/image_options.h"
 #include "kivconvert/inputs.h"
 #include "kivconvert/label_images.h"
+#include "kivconvert/page_stack.h"
 #include "kivconvert/part_sets.h"
 #include "kivconvert/processors.h"
 #include "kivconvert/region_files.h"
@@ -177,35 +178,34 @@ std::vector<ImageWork> work_of(const CocoDataSet& data_set)
 using Annotations = std::vector<std::pair<std::int64_t, KivRunSet>>;
 
 /// Writes what is made of the annotations of an image, all of which are in one frame.
-/// @param output the path without its ending
-using ImageWriter = void (*)(const std::string& output, const std::string& ending, const Frame& frame,
+/// @param ending of the output
+using ImageWriter = void (*)(const Output& output, const std::string& ending, const Frame& frame,
                              const Annotations& annotations);
 
-void write_union(const std::string& output, const std::string& ending, const Frame& frame,
-                 const Annotations& annotations)
+void write_union(const Output& output, const std::string&, const Frame& frame, const Annotations& annotations)
 {
     std::vector<KivRunSet> sets;
     for (const auto& [id, pixels] : annotations) {
         sets.push_back(pixels);
     }
-    write_pixels(output + ending, {KivRunSet::Union(sets), frame});
+    write_pixels(output, {KivRunSet::Union(sets), frame});
 }
 
-void write_labels(const std::string& output, const std::string& ending, const Frame& frame,
-                  const Annotations& annotations)
+void write_labels(const Output& output, const std::string&, const Frame& frame, const Annotations& annotations)
 {
     std::vector<KivRuns::LabelledSet> sets;
     for (const auto& [id, pixels] : annotations) {
         sets.push_back({static_cast<std::int32_t>(sets.size()) + 1, pixels});
     }
-    write_label_image(output + ending, label_image_of(sets, frame, output));
+    write_label_image(output, label_image_of(sets, frame, output));
 }
 
-void write_each(const std::string& output, const std::string& ending, const Frame& frame,
-                const Annotations& annotations)
+/// The id of each stands before the ending.
+void write_each(const Output& output, const std::string& ending, const Frame& frame, const Annotations& annotations)
 {
+    const std::string name = output.path.substr(0, output.path.size() - ending.size());
     for (const auto& [id, pixels] : annotations) {
-        write_pixels(fmt::format("{}-{}{}", output, id, ending), {pixels, frame});
+        write_pixels(fmt::format("{}-{}{}", name, id, ending), {pixels, frame});
     }
 }
 
@@ -213,16 +213,28 @@ struct Apart {
     const char* by;
     ImageWriter write;
     void (*expect_output)(const std::string& path);
+    bool makes_one; ///< output of an image
 };
 
 constexpr Apart ways_apart[] = {
-    {"file", write_union, expect_region_output},
-    {"label", write_labels, expect_label_image},
-    {"annotation", write_each, expect_region_output},
+    {"file", write_union, expect_region_output, true},
+    {"label", write_labels, expect_label_image, true},
+    {"annotation", write_each, expect_region_output, false},
 };
 
+const Apart& way_apart(const DatasetOptions& options)
+{
+    const auto* const way = std::find_if(std::begin(ways_apart), std::end(ways_apart), [&](const Apart& each) {
+        return each.by == (options.by.empty() ? "file" : options.by);
+    });
+    if (way == std::end(ways_apart)) {
+        throw InputError("--by", "is file, label or annotation where a data set is taken apart");
+    }
+    return *way;
+}
+
 /// Annotations that are malformed are left out.
-void write_image_of(const CocoDataSet& data_set, const ImageWork& image, const std::string& output,
+void write_image_of(const CocoDataSet& data_set, const ImageWork& image, const Output& output,
                     const std::string& ending, ImageWriter write)
 {
     Complaints complaints;
@@ -243,14 +255,9 @@ void write_image_of(const CocoDataSet& data_set, const ImageWork& image, const s
 
 void take_apart(const DatasetOptions& options)
 {
-    const auto* const way = std::find_if(std::begin(ways_apart), std::end(ways_apart), [&](const Apart& each) {
-        return each.by == (options.by.empty() ? "file" : options.by);
-    });
-    if (way == std::end(ways_apart)) {
-        throw InputError("--by", "is file, label or annotation where a data set is taken apart");
-    }
+    const Apart& way = way_apart(options);
     const std::string ending = with_dot(options.ending);
-    way->expect_output(fmt::format("{}/*{}", options.output, ending));
+    way.expect_output(fmt::format("{}/*{}", options.output, ending));
     const CocoDataSet data_set(options.inputs.texts.front());
     const std::vector<ImageWork> work = work_of(data_set);
     std::vector<InputFile> names;
@@ -258,10 +265,23 @@ void take_apart(const DatasetOptions& options)
         names.push_back({image.name, std::filesystem::path(image.name).filename()});
     }
     const std::vector<std::string> outputs = outputs_in(options.output, names, ending);
-    for_each_file(names, "written whole", [&](std::size_t i) {
-        const std::string output = outputs[i].substr(0, outputs[i].size() - ending.size());
-        write_image_of(data_set, work[i], output, ending, way->write);
-    });
+    for_each_file(names, "written whole",
+                  [&](std::size_t i) { write_image_of(data_set, work[i], outputs[i], ending, way.write); });
+}
+
+/// Pages are in the order of the images' ids.
+void take_into_pages(const DatasetOptions& options)
+{
+    const Apart& way = way_apart(options);
+    if (!way.makes_one) {
+        throw InputError("--by", "is file or label where each image becomes a page");
+    }
+    const CocoDataSet data_set(options.inputs.texts.front());
+    const std::vector<ImageWork> work = work_of(data_set);
+    PageStack stack(options.output);
+    stack.add(work.size(),
+              [&](std::size_t i, const Output& page) { write_image_of(data_set, work[i], page, {}, way.write); });
+    stack.finish();
 }
 
 // Making
@@ -344,7 +364,9 @@ void run_dataset(const DatasetOptions& options)
     if (!to_file && !from_data_set) {
         throw FileError(options.output, "is not named like a data set; those end in .json");
     }
-    if (!to_file) {
+    if (!to_file && can_have_pages(options.output) && !is_folder(options.output)) {
+        take_into_pages(options);
+    } else if (!to_file) {
         take_apart(options);
     } else if (!from_data_set) {
         make(options);
@@ -364,7 +386,10 @@ void add_dataset_command(CLI::App& app)
         app.add_subcommand("dataset", "Makes a COCO data set of files, takes one apart, or rewrites one");
     command->footer(example("dataset instances.json -o masks"));
     add_inputs(*command, options->inputs, fmt::format("COCO data set, .json; or {}", any_content));
-    command->add_option("-o,--output", options->output, "COCO data set, .json; or a folder for masks")->required();
+    command
+        ->add_option("-o,--output", options->output,
+                     "COCO data set, .json; or a folder for masks, or a .tif with a page of each")
+        ->required();
     command->add_option("--to", options->ending, "ending of the files in the folder, .png by default")
         ->type_name("ENDING");
     command

@@ -41,6 +41,8 @@ public:
     /// Runs `work`, and keeps its failure if it fails.
     void keep(const std::function<void()>& work);
 
+    std::size_t count() const { return count_; }
+
     /// @throws FilesFailed with a line for each failure, if there are any
     void expect_none() const;
 

@@ -100,16 +100,15 @@ bool is_up_to_date(const fs::path& output, const fs::path& input)
            made >= fs::last_write_time(input, none) && output != input;
 }
 
-/// Pipes would keep the program waiting for ever, and links may lead nowhere.
-void expect_regular_file(const fs::path& path)
+} // namespace
+
+void expect_readable(const InputFile& file)
 {
     std::error_code none;
-    if (!fs::is_regular_file(path, none)) {
-        throw FileError(path, "is not a regular file");
+    if (file.is_found && !fs::is_regular_file(file.path, none)) {
+        throw FileError(file.path, "is not a regular file");
     }
 }
-
-} // namespace
 
 void for_each_file(const std::vector<InputFile>& files, const char* done,
                    const std::function<void(std::size_t index)>& work)
@@ -126,9 +125,7 @@ void for_each_file(const std::vector<InputFile>& files, const char* done,
         Progress progress(files.size());
         on_all_processors(files.size(), [&](std::size_t i) {
             complaints[i].keep([&] {
-                if (files[i].is_found) {
-                    expect_regular_file(files[i].path);
-                }
+                expect_readable(files[i]);
                 work(i);
             });
             progress.advance();

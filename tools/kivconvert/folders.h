@@ -11,6 +11,10 @@
 namespace kivconvert
 {
 
+/// Of what is found in folders, pipes would keep the program waiting for ever, and links may lead nowhere.
+/// @throws FileError unless the file was given itself or is a regular one
+void expect_readable(const InputFile& file);
+
 /// Calls `work` with the index of each file, with a bar on a terminal. Files that fail are reported; the rest are still
 /// worked on.
 /// A single file that was given itself fails by itself.

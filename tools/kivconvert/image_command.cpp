@@ -26,7 +26,7 @@ bool is_mask(const Painting& painting, const Frame& frame)
 }
 
 /// Paints into the frame of the input unless the options give another size.
-void paint(const std::string& input, const std::string& output, const Painting& painting, const ImagePart& part)
+void paint(const std::string& input, const Output& output, const Painting& painting, const ImagePart& part)
 {
     Content content = read_content(input, part);
     expect_use_for_part(input, content, part);
@@ -47,8 +47,8 @@ void add_image_command(CLI::App& app)
     const auto painting = std::make_shared<Painting>();
     CLI::App* const command = app.add_subcommand("image", "Paints runs, contours, points or a shape into an image");
     command->footer(example_with_shapes("image --roi ring:320,240,60,120 --width 640 --height 480 -o ring.png"));
-    add_conversion(*command, {any_content, any_image, ".png", expect_lossless_image},
-                   [painting](const std::string& input, const std::string& output, const ImagePart& part) {
+    add_conversion(*command, {any_content, any_image, ".png", expect_lossless_image, true},
+                   [painting](const std::string& input, const Output& output, const ImagePart& part) {
                        paint(input, output, *painting, part);
                    });
 

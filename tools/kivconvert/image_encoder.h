@@ -2,6 +2,7 @@
 // Encoders of image files: a function per format.
 #pragma once
 
+#include <memory>
 #include <opencv2/core.hpp>
 #include <stdexcept>
 #include <string>
@@ -20,6 +21,29 @@ std::string encode_png(const cv::Mat& pixels);
 
 /// @param pixels of one channel, CV_8U, CV_16U or CV_32S; the latter are written as unsigned numbers
 std::string encode_tiff(const cv::Mat& pixels);
+
+/// A TIFF file in memory that gets one page after the other.
+class TiffPages
+{
+public:
+    TiffPages();
+    TiffPages(const TiffPages&) = delete;
+    TiffPages& operator=(const TiffPages&) = delete;
+    ~TiffPages();
+
+    /// @param pixels as encode_tiff() takes them; pages may differ in size and depth
+    void add(const cv::Mat& pixels);
+
+    /// How many bytes there are up to now.
+    std::size_t size() const;
+
+    /// The bytes of the file. To be called once, after the last page.
+    std::string take();
+
+private:
+    class File;
+    std::unique_ptr<File> file_;
+};
 
 // Of 8-bit pixels of one channel.
 std::string encode_bmp(const cv::Mat& pixels);

@@ -358,10 +358,14 @@ void expect_image_of_depth(const std::string& path, int depth)
     }
 }
 
-void write_image(const std::string& path, const KivImage& image)
+void write_image(const Output& output, const KivImage& image)
 {
-    expect_image_of_depth(path, image.Mat().depth());
-    write_encoded(path, written_format_of(path).encode, image.Mat());
+    expect_image_of_depth(output, image.Mat().depth());
+    if (output.page != nullptr) {
+        *output.page = image.Mat();
+    } else {
+        write_encoded(output, written_format_of(output).encode, image.Mat());
+    }
 }
 
 void expect_png(const std::string& path)

@@ -2,6 +2,8 @@
 // Images as files.
 #pragma once
 
+#include "kivconvert/output.h"
+
 #include <KivData/KivData.h>
 
 #include <cstdint>
@@ -104,8 +106,9 @@ void expect_lossless_image(const std::string& path);
 /// @throws FileError unless the extension is that of a format that keeps every pixel of such a depth
 void expect_image_of_depth(const std::string& path, int depth);
 
-/// Writes an image of one channel of 8, 16 or 32 bits in a format that keeps every pixel. @throws FileError
-void write_image(const std::string& path, const KivImage& image);
+/// Writes an image of one channel of 8, 16 or 32 bits in a format that keeps every pixel. A page shares its pixels.
+/// @throws FileError
+void write_image(const Output& output, const KivImage& image);
 
 /// @throws FileError unless the name ends in .png.
 void expect_png(const std::string& path);

@@ -81,9 +81,13 @@ void expect_label_image(const std::string& path)
     expect_image_of_depth(path, CV_16U);
 }
 
-void write_label_image(const std::string& path, const cv::Mat& labels)
+void write_label_image(const Output& output, const cv::Mat& labels)
 {
-    write_image(path, KivImage(labels));
+    cv::Mat as_written = labels;
+    if (output.page != nullptr) {
+        labels.convertTo(as_written, CV_32S);
+    }
+    write_image(output, KivImage(as_written));
 }
 
 } // namespace kivconvert

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "kivconvert/contents.h"
+#include "kivconvert/output.h"
 
 #include <KivRLC/KivRunImages.h>
 
@@ -24,7 +25,8 @@ cv::Mat label_image_of(const std::vector<KivRuns::LabelledSet>& sets, const Fram
 /// @throws FileError unless the name is that of an image that labels are written to: .png or .tif.
 void expect_label_image(const std::string& path);
 
-/// Writes an image made by label_image_of(). @throws FileError, also if it is too deep for the format
-void write_label_image(const std::string& path, const cv::Mat& labels);
+/// Writes an image made by label_image_of(); a page with 32 bits, so that all pages of a file have as many.
+/// @throws FileError, also if it is too deep for the format
+void write_label_image(const Output& output, const cv::Mat& labels);
 
 } // namespace kivconvert

@@ -19,8 +19,8 @@ void add_matrix_command(CLI::App& app)
     command->footer(example("matrix heights.csv -o heights.png"));
     add_conversion(
         *command,
-        {"matrix, .csv, or image of any bit depth", "matrix, .csv, or 8-bit image", ".csv", expect_matrix_output},
-        [](const std::string& input, const std::string& output, const ImagePart& part) {
+        {"matrix, .csv, or image of any bit depth", "matrix, .csv, or 8-bit image", ".csv", expect_matrix_output, true},
+        [](const std::string& input, const Output& output, const ImagePart& part) {
             KivMatrix matrix = read_matrix(input, part);
             write_matrix(output, matrix);
         });

@@ -85,16 +85,16 @@ void expect_matrix_output(const std::string& path)
     }
 }
 
-void write_matrix(const std::string& path, KivMatrix& matrix)
+void write_matrix(const Output& output, KivMatrix& matrix)
 {
-    expect_matrix_output(path);
-    if (is_csv(path)) {
-        write_file(path, matrix_as_csv(matrix));
+    expect_matrix_output(output);
+    if (is_csv(output)) {
+        write_file(output, matrix_as_csv(matrix));
         return;
     }
     KivImage image;
-    expect_success(KIVMV::KivMatrixToImage(&image, matrix), path);
-    write_image(path, image);
+    expect_success(KIVMV::KivMatrixToImage(&image, matrix), output);
+    write_image(output, image);
 }
 
 } // namespace kivconvert

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "kivconvert/image_files.h"
+#include "kivconvert/output.h"
 
 #include <KivData/KivData.h>
 
@@ -25,6 +26,6 @@ KivMatrix read_matrix(const std::string& path, const ImagePart& part = {});
 void expect_matrix_output(const std::string& path);
 
 /// Writes CSV, or an image, for which values are rounded and clamped to 0 to 255. @throws FileError, ResultError
-void write_matrix(const std::string& path, KivMatrix& matrix);
+void write_matrix(const Output& output, KivMatrix& matrix);
 
 } // namespace kivconvert

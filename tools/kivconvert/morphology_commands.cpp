@@ -65,8 +65,8 @@ CLI::App* add_pixel_operation(CLI::App& app, const char* name, const char* descr
     const auto frame = std::make_shared<Frame>();
     CLI::App* const command = app.add_subcommand(name, description);
     command->footer(example_with_shapes(example_arguments));
-    add_conversion(*command, {any_content, any_region_output, ".png", expect_region_output},
-                   [frame, operation](const std::string& input, const std::string& output, const ImagePart& part) {
+    add_conversion(*command, {any_content, any_region_output, ".png", expect_region_output, true},
+                   [frame, operation](const std::string& input, const Output& output, const ImagePart& part) {
                        const PlacedPixels placed = read_pixels(input, *frame, part);
                        const KivRunSet result = operation(placed, input);
                        write_pixels(output, {KivRuns::Crop(result, placed.box()), placed.frame});

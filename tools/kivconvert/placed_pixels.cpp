@@ -21,10 +21,10 @@ PlacedPixels read_pixels(const std::string& text, const Frame& frame, const Imag
     return pixels_of(content, text);
 }
 
-void write_pixels(const std::string& path, const PlacedPixels& placed)
+void write_pixels(const Output& output, const PlacedPixels& placed)
 {
     KivRegion region = KivRuns::RegionOf(placed.pixels, placed.frame.width, placed.frame.height);
-    write_region(path, region);
+    write_region(output, region);
 }
 
 } // namespace kivconvert

@@ -4,6 +4,7 @@
 
 #include "kivconvert/contents.h"
 #include "kivconvert/image_files.h"
+#include "kivconvert/output.h"
 
 #include <KivRLC/KivRunSet.h>
 
@@ -27,6 +28,6 @@ PlacedPixels pixels_of(Content& content, const std::string& subject);
 PlacedPixels read_pixels(const std::string& text, const Frame& frame, const ImagePart& part);
 
 /// Writes a run file or a mask image, as the name says. @throws FileError, ResultError
-void write_pixels(const std::string& path, const PlacedPixels& placed);
+void write_pixels(const Output& output, const PlacedPixels& placed);
 
 } // namespace kivconvert

@@ -18,17 +18,17 @@ KivRegion read_region(const std::string& path)
     return region_of(content, path);
 }
 
-void write_painted(const std::string& path, KivRegion& region, const Painting& painting, const std::string& subject)
+void write_painted(const Output& output, KivRegion& region, const Painting& painting, const std::string& subject)
 {
-    expect_lossless_image(path);
+    expect_lossless_image(output);
     const int width = painting.width > 0 ? painting.width : region.Width();
     const int height = painting.height > 0 ? painting.height : region.Height();
-    expect_possible_frame(path, width, height);
+    expect_possible_frame(output, width, height);
     expect_paintable(subject, {width, height});
     KivImage image;
     expect_success(KIVMV::KivRegionToImage(&image, region, painting.foreground, painting.background, width, height),
                    subject);
-    write_image(path, image);
+    write_image(output, image);
 }
 
 void expect_region_output(const std::string& path)
@@ -38,14 +38,14 @@ void expect_region_output(const std::string& path)
     }
 }
 
-void write_region(const std::string& path, KivRegion& region)
+void write_region(const Output& output, KivRegion& region)
 {
-    if (is_run_file(path)) {
-        write_runs(path, region);
+    if (is_run_file(output)) {
+        write_runs(output, region);
     } else {
-        expect_region_output(path);
-        expect_possible_frame(path, region.Width(), region.Height());
-        write_image(path, mask_of(region, path));
+        expect_region_output(output);
+        expect_possible_frame(output, region.Width(), region.Height());
+        write_image(output, mask_of(region, output));
     }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "kivconvert/conversions.h"
+#include "kivconvert/output.h"
 
 #include <string>
 
@@ -23,12 +24,12 @@ struct Painting {
 /// Paints a region and writes the image.
 /// @param subject where the region is from, for error messages
 /// @throws FileError, ResultError
-void write_painted(const std::string& path, KivRegion& region, const Painting& painting, const std::string& subject);
+void write_painted(const Output& output, KivRegion& region, const Painting& painting, const std::string& subject);
 
 /// @throws FileError unless the name is that of a run file or a mask image.
 void expect_region_output(const std::string& path);
 
 /// Writes a run file or a mask image, as the name says. @throws FileError, ResultError
-void write_region(const std::string& path, KivRegion& region);
+void write_region(const Output& output, KivRegion& region);
 
 } // namespace kivconvert

@@ -6,49 +6,13 @@
 #include <algorithm>
 #include <cstring>
 #include <new>
+#include <utility>
 #include <vector>
 
 namespace kivconvert
 {
 namespace
 {
-
-/// A file in memory that libtiff writes.
-struct TiffOutput {
-    std::string bytes;
-    std::size_t at = 0;
-};
-
-TiffOutput& output_of(thandle_t handle)
-{
-    return *static_cast<TiffOutput*>(handle);
-}
-
-tmsize_t write_tiff_bytes(thandle_t handle, void* from, tmsize_t count)
-{
-    TiffOutput& output = output_of(handle);
-    const auto size = static_cast<std::size_t>(count);
-    try { // exceptions cannot pass through libtiff
-        output.bytes.resize(std::max(output.bytes.size(), output.at + size));
-    } catch (const std::exception&) {
-        return -1;
-    }
-    std::memcpy(output.bytes.data() + output.at, from, size);
-    output.at += size;
-    return count;
-}
-
-tmsize_t read_no_bytes(thandle_t, void*, tmsize_t)
-{
-    return 0;
-}
-
-toff_t seek_output(thandle_t handle, toff_t offset, int from)
-{
-    TiffOutput& output = output_of(handle);
-    const std::size_t base = from == SEEK_CUR ? output.at : from == SEEK_END ? output.bytes.size() : 0;
-    return output.at = base + static_cast<std::size_t>(offset);
-}
 
 void set_tags(TIFF* tiff, const cv::Mat& pixels)
 {
@@ -72,29 +36,112 @@ bool write_rows(TIFF* tiff, const cv::Mat& pixels)
             return false;
         }
     }
-    return TIFFFlush(tiff) != 0;
+    return TIFFFlushData(tiff) != 0;
 }
 
 } // namespace
 
-std::string encode_tiff(const cv::Mat& pixels)
+/// A file in memory that libtiff writes, and reads in to find the last page.
+class TiffPages::File
+{
+public:
+    File()
+    {
+        const auto size = [](thandle_t self) -> toff_t { return of(self).bytes_.size(); };
+        const auto close = [](thandle_t) { return 0; };
+        tiff_ = TIFFClientOpen("", "wm", this, read, write, seek, close, size, nullptr, nullptr);
+        if (tiff_ == nullptr) {
+            throw std::bad_alloc();
+        }
+    }
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    ~File() { close(); }
+
+    void add(const cv::Mat& pixels)
+    {
+        set_tags(tiff_, pixels);
+        if (!write_rows(tiff_, pixels) || TIFFWriteDirectory(tiff_) == 0) {
+            throw EncodingError("cannot be made a TIFF file");
+        }
+    }
+
+    void close()
+    {
+        if (TIFF* const open = std::exchange(tiff_, nullptr)) {
+            TIFFClose(open);
+        }
+    }
+
+    std::string& bytes() { return bytes_; }
+
+private:
+    static File& of(thandle_t self) { return *static_cast<File*>(self); }
+
+    static tmsize_t write(thandle_t self, void* from, tmsize_t count)
+    {
+        File& file = of(self);
+        const auto size = static_cast<std::size_t>(count);
+        try { // exceptions cannot pass through libtiff
+            file.bytes_.resize(std::max(file.bytes_.size(), file.at_ + size));
+        } catch (const std::exception&) {
+            return -1;
+        }
+        std::memcpy(file.bytes_.data() + file.at_, from, size);
+        file.at_ += size;
+        return count;
+    }
+
+    static tmsize_t read(thandle_t self, void* to, tmsize_t count)
+    {
+        File& file = of(self);
+        const std::size_t size = file.bytes_.copy(static_cast<char*>(to), static_cast<std::size_t>(count),
+                                                  std::min(file.at_, file.bytes_.size()));
+        file.at_ += size;
+        return static_cast<tmsize_t>(size);
+    }
+
+    static toff_t seek(thandle_t self, toff_t offset, int from)
+    {
+        File& file = of(self);
+        const std::size_t base = from == SEEK_CUR ? file.at_ : from == SEEK_END ? file.bytes_.size() : 0;
+        return file.at_ = base + static_cast<std::size_t>(offset);
+    }
+
+    std::string bytes_;
+    std::size_t at_ = 0;
+    TIFF* tiff_ = nullptr;
+};
+
+TiffPages::TiffPages()
 {
     silence_libtiff();
-    TiffOutput output;
-    const auto size = [](thandle_t handle) -> toff_t { return output_of(handle).bytes.size(); };
-    const auto close = [](thandle_t) { return 0; };
-    TIFF* const tiff =
-        TIFFClientOpen("", "wm", &output, read_no_bytes, write_tiff_bytes, seek_output, close, size, nullptr, nullptr);
-    if (tiff == nullptr) {
-        throw std::bad_alloc();
-    }
-    set_tags(tiff, pixels);
-    const bool done = write_rows(tiff, pixels);
-    TIFFClose(tiff);
-    if (!done) {
-        throw EncodingError("cannot be made a TIFF file");
-    }
-    return output.bytes;
+    file_ = std::make_unique<File>();
+}
+
+TiffPages::~TiffPages() = default;
+
+void TiffPages::add(const cv::Mat& pixels)
+{
+    file_->add(pixels);
+}
+
+std::size_t TiffPages::size() const
+{
+    return file_->bytes().size();
+}
+
+std::string TiffPages::take()
+{
+    file_->close();
+    return std::move(file_->bytes());
+}
+
+std::string encode_tiff(const cv::Mat& pixels)
+{
+    TiffPages pages;
+    pages.add(pixels);
+    return pages.take();
 }
 
 } // namespace kivconvert
