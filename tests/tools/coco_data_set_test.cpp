@@ -146,6 +146,13 @@ TEST_F(CocoDataSets, AreMadeOfFilesAndTakenApart)
     EXPECT_EQ(made["annotations"].size(), 4U);
     EXPECT_EQ(made["annotations"][3]["id"], 4);
     EXPECT_EQ(made["annotations"][3]["image_id"], 3);
+    EXPECT_EQ(made["categories"],
+              nlohmann::json::parse(R"([{"id": 1, "name": "object"}, {"id": 2, "name": "within"}])"))
+        << "folders are categories";
+    EXPECT_EQ(made["annotations"][1]["category_id"], 1);
+    EXPECT_EQ(made["annotations"][2]["category_id"], 2);
+    run(0, "region parts.json --category within --of-image 3 -o out.csv");
+    EXPECT_EQ(get("out.csv"), run_file(3, 1, "0,0,0\n0,2,2\n"));
 
     run(0, "dataset parts.json -o masks --to csv");
     expect_same("in/a.csv", "masks/a.csv");

@@ -58,6 +58,34 @@ says '-: is standard input, which can be read once'
 ends 2 sh -c '"$1" region ring.png -o - --to csv >/dev/full' sh "$kivconvert"
 says '<stdout>.csv: cannot be written: No space left on device'
 
+# JSON is read more than once: to see what it is, and in a data set for each annotation.
+ends 0 "$kivconvert" dataset ring.png -o set.json --by file
+ends 0 "$kivconvert" region set.json --annotation 1 -o set.csv
+"$kivconvert" region - --from json --annotation 1 -o - --to csv <set.json | cmp - set.csv || fail 'the annotation differs'
+"$kivconvert" dataset set.json -o polygons.json --segmentation polygons
+cat set.json | "$kivconvert" dataset - --from json -o - --to .json --segmentation polygons | cmp - polygons.json ||
+    fail 'from a pipe, the data set differs'
+"$kivconvert" info - --from json <set.json | grep -q 'annotations 1' || fail 'does not describe standard input'
+"$kivconvert" region ring.png -o ring.json
+cat ring.json | "$kivconvert" region - --from json -o - --to csv | cmp - ring.csv || fail 'from JSON, the runs differ'
+ends 2 sh -c '"$1" info - --from json </dev/null' sh "$kivconvert"
+says '<stdin>.json: is empty'
+
+# What is killed leaves whole outputs, and goes on behind them: here while it waits for the third input.
+mkdir job
+for i in 1 2 4; do cp ring.csv "job/$i.csv"; done
+mkfifo job/3.csv
+"$kivconvert" image job/1.csv job/2.csv job/3.csv job/4.csv -o results --jobs 1 &
+while [ ! -e results/2.png ] && kill -0 $! 2>/dev/null; do sleep 0.05; done
+kill -9 $! && wait $! 2>/dev/null
+[ "$(ls -A results | tr '\n' ' ')" = '1.png 2.png ' ] || fail "leaves $(ls -A results)"
+rm job/3.csv
+cp ring.csv job/3.csv
+before=$(ls -i results/2.png)
+ends 0 "$kivconvert" image job -o results --resume
+[ "$(ls -i results/2.png)" = "$before" ] || fail 'makes an output again'
+for i in 1 2 3 4; do cmp ring.png "results/$i.png" || fail "$i.png is not whole"; done
+
 # Limits. A thread has a stack as large as the limit of stacks.
 ends 2 sh -c 'ulimit -f 1; "$1" image roi:circle:500,500,500 --width 1000 --height 1000 -o out.bmp' sh "$kivconvert"
 says 'out.bmp: cannot be written: File too large'

@@ -2,6 +2,7 @@
 #include "kivconvert/coco_data_set.h"
 
 #include "kivconvert/errors.h"
+#include "kivconvert/files.h"
 #include "kivconvert/json_formats.h"
 #include "kivconvert/memory_limit.h"
 #include "kivconvert/point_files.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fcntl.h>
 #include <fmt/format.h>
 #include <optional>
 #include <unistd.h>
@@ -85,7 +85,7 @@ std::string name_or_id(const Names& names, std::int64_t id)
 CocoDataSet::CocoDataSet(const std::string& path) : path_(path)
 {
     read_coco_stream(path_, [this](const CocoElement& element) { add(element); });
-    descriptor_ = open(path_.c_str(), O_RDONLY | O_CLOEXEC);
+    descriptor_ = dup(fileno(open_input(path_).get()));
 }
 
 CocoDataSet::~CocoDataSet()

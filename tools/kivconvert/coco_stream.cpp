@@ -24,13 +24,7 @@ namespace
 class ByteStream
 {
 public:
-    explicit ByteStream(const std::string& path) : path_(path), file_(std::fopen(path.c_str(), "rb"), std::fclose)
-    {
-        if (!file_) {
-            throw FileError(path, std::string("cannot be opened: ") + std::strerror(errno));
-        }
-        fill();
-    }
+    explicit ByteStream(const std::string& path) : path_(path), file_(open_input(path)) { fill(); }
 
     bool at_end() const { return next_ == size_; }
     char current() const { return block_[next_]; }
@@ -75,7 +69,7 @@ private:
     }
 
     const std::string& path_;
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file_;
+    InputStream file_;
     std::array<char, 1 << 16> block_;
     std::size_t size_ = 0;
     std::size_t next_ = 0;

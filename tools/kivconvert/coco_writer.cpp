@@ -151,9 +151,9 @@ std::string segmentation_text(const PlacedPixels& placed, Segmentation segmentat
     return segmentation == Segmentation::polygons ? polygons_text(placed.pixels) : counts_text(placed);
 }
 
-std::string annotation_members(const PlacedPixels& placed, Segmentation segmentation)
+std::string annotation_members(const PlacedPixels& placed, Segmentation segmentation, int category)
 {
-    return fmt::format("\"category_id\":1,\"segmentation\":{},\"area\":{},\"bbox\":{},\"iscrowd\":0}}",
+    return fmt::format("\"category_id\":{},\"segmentation\":{},\"area\":{},\"bbox\":{},\"iscrowd\":0}}", category,
                        segmentation_text(placed, segmentation), placed.pixels.Area(), box_text(placed.pixels));
 }
 

@@ -28,7 +28,8 @@ struct CocoChange {
 std::string segmentation_text(const PlacedPixels& placed, Segmentation segmentation);
 
 /// The members of a new annotation behind its ids, and the closing brace.
-std::string annotation_members(const PlacedPixels& placed, Segmentation segmentation);
+/// @param category the id
+std::string annotation_members(const PlacedPixels& placed, Segmentation segmentation, int category);
 
 /// An annotation with other pixels, and with everything else as it stands. Crowds, which are counts in data sets, do
 /// not become polygons.

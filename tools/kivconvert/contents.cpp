@@ -9,7 +9,6 @@
 #include "kivconvert/point_files.h"
 #include "kivconvert/run_files.h"
 #include "kivconvert/shape_text.h"
-#include "kivconvert/standard_streams.h"
 
 #include <KivData/KivRunBridges.h>
 
@@ -98,7 +97,7 @@ Content read_content(const std::string& text, const ImagePart& part)
 
 bool is_data_set(const std::string& text)
 {
-    return !is_shape(text) && !is_standard_input(text) && extension_of(text) == ".json" && is_coco_data_set(text);
+    return !is_shape(text) && extension_of(text) == ".json" && is_coco_data_set(text);
 }
 
 void expect_use_for_part(const std::string& text, const Content& content, const ImagePart& part)

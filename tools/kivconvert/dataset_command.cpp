@@ -292,26 +292,56 @@ struct MadeImage {
     std::vector<std::string> annotations;
 };
 
-MadeImage made_of(const std::string& input, const PartKind& kind, const DatasetOptions& options)
+/// The ids of categories by their names.
+using CategoryIds = std::map<std::string, int>;
+
+/// The folder within the input that the file is in.
+std::string category_of(const InputFile& file)
+{
+    const std::string folder = file.name.parent_path().generic_string();
+    return folder.empty() ? "object" : folder;
+}
+
+/// Numbered from 1, in the order of their names.
+CategoryIds categories_of(const std::vector<InputFile>& files)
+{
+    CategoryIds categories;
+    for (const InputFile& file : files) {
+        categories[category_of(file)] = 0;
+    }
+    int id = 0;
+    for (auto& category : categories) {
+        category.second = ++id;
+    }
+    return categories;
+}
+
+MadeImage made_of(const std::string& input, const PartKind& kind, const DatasetOptions& options, int category)
 {
     const Segmentation segmentation =
         options.segmentation.empty() ? Segmentation::counts : segmentation_named(options.segmentation);
     const Parts parts = kind.parts_of(input, {}, options.part, options.connectivity);
     MadeImage made{parts.frame, {}};
     for (const auto& [number, pixels] : parts.sets) {
-        made.annotations.push_back(annotation_members({pixels, parts.frame}, segmentation));
+        made.annotations.push_back(annotation_members({pixels, parts.frame}, segmentation, category));
     }
     return made;
 }
 
+std::string json_text(const std::string& name)
+{
+    return Json(name).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 std::string image_text(std::size_t id, const std::string& name, const Frame& frame)
 {
-    return fmt::format("{{\"id\":{},\"file_name\":{},\"width\":{},\"height\":{}}}", id,
-                       Json(name).dump(-1, ' ', false, Json::error_handler_t::replace), frame.width, frame.height);
+    return fmt::format("{{\"id\":{},\"file_name\":{},\"width\":{},\"height\":{}}}", id, json_text(name), frame.width,
+                       frame.height);
 }
 
 /// Images and annotations are numbered from 1; files that failed are left out.
-void write_data_set(const std::string& output, const std::vector<InputFile>& files, const std::vector<MadeImage>& made)
+void write_data_set(const std::string& output, const std::vector<InputFile>& files, const std::vector<MadeImage>& made,
+                    const CategoryIds& categories)
 {
     FileWriter out(output);
     out.write("{\"images\":[");
@@ -331,7 +361,13 @@ void write_data_set(const std::string& output, const std::vector<InputFile>& fil
             separator = ",\n";
         }
     }
-    out.write("\n],\"categories\":[{\"id\":1,\"name\":\"object\"}]}\n");
+    out.write("\n],\"categories\":[");
+    separator = "\n";
+    for (const auto& [name, category] : categories) {
+        out.write(fmt::format("{}{{\"id\":{},\"name\":{}}}", separator, category, json_text(name)));
+        separator = ",\n";
+    }
+    out.write("\n]}\n");
     out.finish();
 }
 
@@ -342,16 +378,19 @@ void make(const DatasetOptions& options)
         throw InputError("--by", "is component, label or file where a data set is made");
     }
     const std::vector<InputFile> files = files_of(options.inputs);
+    const CategoryIds categories = categories_of(files);
     std::vector<MadeImage> made(files.size());
     std::exception_ptr failure;
     try {
         for_each_file(files, "taken", [&](std::size_t i) {
-            report_under(files[i].path, [&] { made[i] = made_of(files[i].path, *kind, options); });
+            report_under(files[i].path, [&] {
+                made[i] = made_of(files[i].path, *kind, options, categories.at(category_of(files[i])));
+            });
         });
     } catch (const FilesFailed&) {
         failure = std::current_exception();
     }
-    write_data_set(options.output, files, made);
+    write_data_set(options.output, files, made, categories);
     if (failure) {
         std::rethrow_exception(failure);
     }

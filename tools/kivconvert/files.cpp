@@ -58,14 +58,36 @@ std::string reason()
     return std::strerror(errno);
 }
 
-using InputStream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-
-InputStream open_input(const std::string& path)
+[[noreturn]] void fail_reading(const std::string& path)
 {
-    if (is_standard_input(path)) {
-        return {stdin, [](std::FILE*) { return 0; }};
+    throw FileError(path, "cannot be read: " + reason());
+}
+
+InputStream copy_of_standard_input(const std::string& path)
+{
+    InputStream copy(std::tmpfile(), std::fclose);
+    std::array<char, 1 << 16> block;
+    std::size_t count = 0;
+    while (copy && (count = std::fread(block.data(), 1, block.size(), stdin)) > 0) {
+        if (std::fwrite(block.data(), 1, count, copy.get()) != count) {
+            copy.reset();
+        }
     }
-    return {std::fopen(path.c_str(), "rb"), std::fclose};
+    if (!copy || std::fflush(copy.get()) != 0) {
+        throw FileError(path, "cannot be copied to a temporary file: " + reason());
+    }
+    if (std::ferror(stdin) != 0) {
+        fail_reading(path);
+    }
+    return copy;
+}
+
+std::FILE* open_standard_input(const std::string& path)
+{
+    static const InputStream copy = copy_of_standard_input(path);
+    const int descriptor = dup(fileno(copy.get())); // which shares its place with the copy
+    lseek(descriptor, 0, SEEK_SET);
+    return fdopen(descriptor, "rb");
 }
 
 } // namespace
@@ -81,19 +103,29 @@ bool is_named_like(const std::string& path, std::string_view ending)
     return name.size() > ending.size() && name.ends_with(ending);
 }
 
-std::string read_file(const std::string& path)
+InputStream open_input(const std::string& path)
 {
-    const InputStream file = open_input(path);
+    const bool is_stream = is_standard_input(path);
+    if (is_stream && extension_of(path) != ".json") {
+        return {stdin, [](std::FILE*) { return 0; }};
+    }
+    InputStream file(is_stream ? open_standard_input(path) : std::fopen(path.c_str(), "rb"), std::fclose);
     if (!file) {
         throw FileError(path, "cannot be opened: " + reason());
     }
+    return file;
+}
+
+std::string read_file(const std::string& path)
+{
+    const InputStream file = open_input(path);
     std::string bytes;
     std::array<char, 1 << 16> block;
     while (const std::size_t count = std::fread(block.data(), 1, block.size(), file.get())) {
         bytes.append(block.data(), count);
     }
     if (std::ferror(file.get()) != 0) {
-        throw FileError(path, "cannot be read: " + reason());
+        fail_reading(path);
     }
     if (bytes.empty()) {
         throw FileError(path, "is empty");

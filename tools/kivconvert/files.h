@@ -4,6 +4,7 @@
 
 #include "kivconvert/part_file.h"
 
+#include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -16,6 +17,12 @@ std::string extension_of(const std::string& path);
 
 /// Whether something stands before the ending in the file's name, in capitals or not.
 bool is_named_like(const std::string& path, std::string_view ending);
+
+using InputStream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+/// Opens a file at its beginning. Standard input can be opened again and again where it is JSON, the kinds of which are
+/// told apart by reading them: it is copied to a file without a name first. @throws FileError
+InputStream open_input(const std::string& path);
 
 /// @throws FileError if the file cannot be read or is empty.
 std::string read_file(const std::string& path);
