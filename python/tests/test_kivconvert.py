@@ -52,6 +52,17 @@ def test_counts(tmp_path: pathlib.Path, masks: dict[str, numpy.ndarray]) -> None
     assert len(theirs.getImgIds()) == len(masks)
 
 
+def test_categories(tmp_path: pathlib.Path, masks: dict[str, numpy.ndarray]) -> None:
+    (tmp_path / "masks" / "dots").mkdir()
+    (tmp_path / "masks" / "dots.pgm").rename(tmp_path / "masks" / "dots" / "dots.pgm")
+    kivconvert("dataset", tmp_path / "masks", "--recursive", "-o", tmp_path / "set.json", "--by", "file")
+    theirs = coco.COCO(str(tmp_path / "set.json"))
+    assert [category["name"] for category in theirs.loadCats(theirs.getCatIds())] == ["dots", "object"]
+    [annotation] = theirs.loadAnns(theirs.getAnnIds(catIds=theirs.getCatIds(catNms=["dots"])))
+    assert theirs.loadImgs(annotation["image_id"])[0]["file_name"] == "dots/dots.pgm"
+    assert RunSet.from_mask(theirs.annToMask(annotation)) == RunSet.from_mask(masks["dots.pgm"])
+
+
 def test_polygons(tmp_path: pathlib.Path, masks: dict[str, numpy.ndarray]) -> None:
     """Polygons run along pixel edges, and their rule for such is ours: the same pixels, where there are no holes."""
     kivconvert("dataset", tmp_path / "masks", "-o", tmp_path / "counts.json", "--by", "component", "--segmentation", "counts")
