@@ -7,9 +7,9 @@
 #include "kivconvert/processors.h"
 #include "kivconvert/progress.h"
 
-#include <algorithm>
+#include <condition_variable>
 #include <fmt/format.h>
-#include <vector>
+#include <mutex>
 
 namespace kivconvert
 {
@@ -26,22 +26,24 @@ void PageStack::add(std::size_t count, const std::function<void(std::size_t inde
         return;
     }
     Progress progress(count);
-    for (std::size_t first = 0; first < count; first += jobs()) {
-        const std::size_t some = std::min(jobs(), count - first);
-        std::vector<cv::Mat> images(some);
-        std::vector<Complaints> complaints(some);
-        on_all_processors(some, [&](std::size_t i) {
-            complaints[i].keep([&] { make(first + i, {path_, &images[i]}); });
-            progress.advance();
+    std::mutex appending;
+    std::condition_variable turn;
+    std::size_t next = 0;
+    on_all_processors(count, [&](std::size_t i) {
+        cv::Mat page;
+        Complaints complaints;
+        complaints.keep([&] { make(i, {path_, &page}); });
+        std::unique_lock lock(appending);
+        turn.wait(lock, [&] { return next == i; }); // the pages before are being made
+        ++count_;
+        complaints_.keep([&] {
+            complaints.expect_none();
+            append(page);
         });
-        for (std::size_t i = 0; i < some; ++i) {
-            ++count_;
-            complaints_.keep([&] {
-                complaints[i].expect_none();
-                append(images[i]);
-            });
-        }
-    }
+        ++next;
+        turn.notify_all();
+        progress.advance();
+    });
 }
 
 void PageStack::append(const cv::Mat& page)

@@ -16,17 +16,17 @@ namespace
 
 std::atomic<int> most_jobs{0};
 
+std::size_t jobs()
+{
+    const int most = most_jobs;
+    return most > 0 ? static_cast<std::size_t>(most) : std::max(std::thread::hardware_concurrency(), 1U);
+}
+
 } // namespace
 
 void set_jobs(int jobs)
 {
     most_jobs = jobs;
-}
-
-std::size_t jobs()
-{
-    const int most = most_jobs;
-    return most > 0 ? static_cast<std::size_t>(most) : std::max(std::thread::hardware_concurrency(), 1U);
 }
 
 void on_all_processors(std::size_t count, const std::function<void(std::size_t)>& work)
