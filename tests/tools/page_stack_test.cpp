@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <sys/stat.h>
+#include <tiffio.h>
 
 namespace
 {
@@ -118,7 +119,28 @@ TEST_F(PageStacks, MayHaveThousandsOfPages)
     put("stack.tif", stack.take());
     const kivconvert::ImageFile file("stack.tif");
     EXPECT_EQ(file.pages(), pages);
-    EXPECT_EQ(file.read({.page = pages}).Mat().at<std::uint16_t>(0, 1), pages - 1);
+    for (int i = 0; i < pages; ++i) {
+        ASSERT_EQ(file.read({.page = i + 1}).Mat().at<std::uint16_t>(0, 1), i);
+    }
+}
+
+TEST_F(PageStacks, AreReadInAnyOrderOfBytesAndWithLongOffsets)
+{
+    for (const std::string mode : {"wl", "wb", "wl8", "wb8"}) {
+        TIFF* const tiff = TIFFOpen("stack.tif", mode.c_str());
+        for (std::uint8_t value = 1; value <= 3; ++value) {
+            TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, 1U);
+            TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, 1U);
+            TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 8);
+            TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
+            TIFFWriteScanline(tiff, &value, 0);
+            TIFFWriteDirectory(tiff);
+        }
+        TIFFClose(tiff);
+        for (int number = 3; number >= 1; --number) {
+            EXPECT_EQ(page("stack.tif", number), fmt::format("{}\n", number)) << mode;
+        }
+    }
 }
 
 } // namespace

@@ -123,9 +123,8 @@ int clamped(std::uint32_t side)
 class TiffDecoder final : public ImageDecoder
 {
 public:
-    TiffDecoder(const ImageBytes& file, PagePlace page) : file_(file), tiff_(file)
+    TiffDecoder(const ImageBytes& file, PagePlace page) : file_(file), tiff_(file, page)
     {
-        tiff_.go_to(page);
         read_size();
         tags_ = tags_of(tiff_.get());
         choose_colours();

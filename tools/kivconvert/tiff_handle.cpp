@@ -6,6 +6,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace kivconvert
 {
@@ -41,6 +42,20 @@ TIFF* open_in_memory(thandle_t self, TIFFReadWriteProc read, TIFFSeekProc seek, 
     return TIFFClientOpen("", read_unmapped, self, read, write, seek, close, size, nullptr, nullptr);
 }
 
+/// The header of a file whose first directory is at the given place. Its bytes say their order, and whether an offset
+/// takes 4 of them, from the fourth on, or 8, from the eighth on.
+std::string header_to(std::string_view bytes, PagePlace place)
+{
+    constexpr char for_large_files = 43;
+    const bool ascends = bytes[0] == 'I';
+    const std::size_t size = bytes[ascends ? 2 : 3] == for_large_files ? 8 : 4;
+    std::string header(bytes.substr(0, 2 * size));
+    for (std::size_t i = 0; i < size; ++i, place >>= 8U) {
+        header[size + (ascends ? i : size - 1 - i)] = static_cast<char>(place & 0xFFU);
+    }
+    return header;
+}
+
 } // namespace
 
 void silence_libtiff()
@@ -52,7 +67,14 @@ void silence_libtiff()
     }();
 }
 
-TiffHandle::TiffHandle(const ImageBytes& file) : file_(file)
+TiffHandle::TiffHandle(const ImageBytes& file) : TiffHandle(file, std::string()) {}
+
+TiffHandle::TiffHandle(const ImageBytes& file, PagePlace place) : TiffHandle(file, header_to(file.bytes, place))
+{
+    expect_whole_directory();
+}
+
+TiffHandle::TiffHandle(const ImageBytes& file, std::string header) : file_(file), header_(std::move(header))
 {
     forget_complaints();
     const auto size = [](thandle_t self) -> toff_t { return static_cast<TiffHandle*>(self)->file_.bytes.size(); };
@@ -86,18 +108,6 @@ std::vector<PagePlace> TiffHandle::pages()
     return places;
 }
 
-void TiffHandle::go_to(PagePlace place)
-{
-    if (TIFFCurrentDirOffset(tiff_) == place) {
-        return;
-    }
-    forget_complaints();
-    if (TIFFSetSubDirectory(tiff_, place) == 0) {
-        fail();
-    }
-    expect_whole_directory();
-}
-
 void TiffHandle::forget_complaints()
 {
     complaints = {};
@@ -119,6 +129,9 @@ tmsize_t TiffHandle::read(thandle_t self, void* to, tmsize_t count)
     const std::size_t begin = std::min(handle.at_, handle.file_.bytes.size());
     const std::size_t size = std::min(static_cast<std::size_t>(count), handle.file_.bytes.size() - begin);
     std::memcpy(to, handle.file_.bytes.data() + begin, size);
+    if (begin < handle.header_.size()) {
+        handle.header_.copy(static_cast<char*>(to), size, begin);
+    }
     handle.at_ = begin + size;
     handle.is_cut_off_ = handle.is_cut_off_ || size < static_cast<std::size_t>(count);
     return static_cast<tmsize_t>(size);

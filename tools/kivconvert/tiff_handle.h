@@ -5,6 +5,7 @@
 #include "kivconvert/image_decoder.h"
 
 #include <cstddef>
+#include <string>
 #include <tiffio.h>
 #include <vector>
 
@@ -18,8 +19,13 @@ void silence_libtiff();
 class TiffHandle
 {
 public:
-    /// @throws FileError if there is no first page
+    /// Opens the file at its first directory. @throws FileError if there is none
     explicit TiffHandle(const ImageBytes& file);
+
+    /// Opens it at another one, at the same cost: libtiff is shown a header that calls it the first. On its own, it
+    /// would read all directories to find one.
+    /// @param place one of pages() @throws FileError
+    TiffHandle(const ImageBytes& file, PagePlace place);
     TiffHandle(const TiffHandle&) = delete;
     TiffHandle& operator=(const TiffHandle&) = delete;
     ~TiffHandle();
@@ -28,9 +34,6 @@ public:
 
     /// Where the directories of all pages begin. Leaves the file at its last directory. @throws FileError
     std::vector<PagePlace> pages();
-
-    /// @param place one of pages() @throws FileError
-    void go_to(PagePlace place);
 
     static void forget_complaints();
     static bool has_warned();
@@ -45,10 +48,13 @@ private:
     /// libtiff takes a directory without the place of the next one for the last. @throws FileError
     void expect_whole_directory() const;
 
+    TiffHandle(const ImageBytes& file, std::string header);
+
     bool is_page() const;
     bool go_to_next();
 
     ImageBytes file_;
+    std::string header_; ///< in the place of the file's
     std::size_t at_ = 0;
     bool is_cut_off_ = false; ///< whether more has been read than there is
     TIFF* tiff_ = nullptr;
