@@ -6,6 +6,7 @@
 #include "kivconvert/errors.h"
 #include "kivconvert/image_encoder.h"
 #include "kivconvert/image_files.h"
+#include "kivconvert/label_images.h"
 
 #include <gtest/gtest.h>
 
@@ -35,18 +36,35 @@ std::string with_checksums(std::string bytes)
     return bytes;
 }
 
-/// An 8-bit image is read back from each format as it was written.
+constexpr std::size_t affordable = 1 << 20;
+
+/// An 8-bit image is read back from each format as it was written, and from each page.
 void check_written(const KivImage& image)
 {
     constexpr std::string (*encoders[])(const cv::Mat&) = {kivconvert::encode_png, kivconvert::encode_tiff,
                                                            kivconvert::encode_bmp, kivconvert::encode_pgm};
-    constexpr std::size_t affordable = 1 << 20;
     if (image.Mat().type() != CV_8UC1 || image.Mat().total() > affordable) {
         return;
     }
     for (const auto encode : encoders) {
         EXPECT_TRUE(kivconvert::decode_image(encode(image.Mat()), "written") == image);
     }
+    kivconvert::TiffPages pages;
+    pages.add(cv::Mat::ones(1, 1, CV_32S));
+    pages.add(image.Mat());
+    EXPECT_TRUE(kivconvert::decode_image(pages.take(), "written", {.page = 2}) == image);
+}
+
+/// Values that are taken for labels are painted as they were.
+void check_labels(const KivImage& image)
+{
+    if (image.Mat().total() > affordable) {
+        return;
+    }
+    const auto sets = kivconvert::labels_of(image.Mat(), "input");
+    cv::Mat painted;
+    kivconvert::label_image_of(sets, {image.Width(), image.Height()}, "input").convertTo(painted, image.Mat().depth());
+    EXPECT_TRUE(KivImage(painted) == image);
 }
 
 } // namespace
@@ -61,7 +79,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
     const kivconvert::ImagePart part{alphas[bytes[0] % 3], bytes[0] / 3 % 4};
     const fuzz::FuzzedBytes rest{bytes + 1, size - 1};
     try {
-        check_written(kivconvert::decode_image(with_checksums(std::string(rest.text())), "input", part));
+        const KivImage image = kivconvert::decode_image(with_checksums(std::string(rest.text())), "input", part);
+        check_written(image);
+        check_labels(image);
     } catch (const kivconvert::InputError& error) {
         EXPECT_EQ(std::string_view(error.what()).substr(0, 6), "input:");
     }
