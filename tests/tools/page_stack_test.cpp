@@ -43,6 +43,9 @@ TEST_F(PageStacks, HaveAPageOfEachInput)
     EXPECT_EQ(page("stack.tif", 2), "255,0,255\n");
     EXPECT_EQ(page("stack.tif", 3), "0,0\n255,0\n");
     refuse(2, "info stack.tif --page 4");
+    std::filesystem::create_directory("folder.tif");
+    run(0, "image in -o folder.tif");
+    EXPECT_TRUE(std::filesystem::exists("folder.tif/b.png"));
     run(0, "fill in/c.csv in/a.csv -o filled.tiff");
     EXPECT_EQ(page("filled.tiff", 2), of_a) << "in the order of the inputs";
 }

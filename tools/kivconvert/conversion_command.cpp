@@ -104,7 +104,7 @@ void convert_to_folder(const Files& files, const ConversionTexts& texts, const C
 /// Whether all outputs are pages of one file.
 bool is_stack(const Files& files, const ConversionTexts& texts)
 {
-    return texts.makes_images && can_have_pages(files.output) && !is_folder(files.output);
+    return texts.makes_images && can_have_pages(files.output);
 }
 
 /// The pages are in the order of the inputs, and of their pages.

@@ -403,7 +403,7 @@ void run_dataset(const DatasetOptions& options)
     if (!to_file && !from_data_set) {
         throw FileError(options.output, "is not named like a data set; those end in .json");
     }
-    if (!to_file && can_have_pages(options.output) && !is_folder(options.output)) {
+    if (!to_file && can_have_pages(options.output)) {
         take_into_pages(options);
     } else if (!to_file) {
         take_apart(options);

@@ -3,6 +3,7 @@
 
 #include "kivconvert/errors.h"
 #include "kivconvert/files.h"
+#include "kivconvert/inputs.h"
 #include "kivconvert/memory_limit.h"
 #include "kivconvert/processors.h"
 #include "kivconvert/progress.h"
@@ -17,7 +18,7 @@ namespace kivconvert
 bool can_have_pages(const std::string& path)
 {
     const std::string extension = extension_of(path);
-    return extension == ".tif" || extension == ".tiff";
+    return (extension == ".tif" || extension == ".tiff") && !is_folder(path);
 }
 
 void PageStack::add(std::size_t count, const std::function<void(std::size_t index, const Output& page)>& make)

@@ -13,7 +13,7 @@
 namespace kivconvert
 {
 
-/// Whether a name is that of a file that can have pages.
+/// Whether an output is named like a file that can have pages, and is no folder.
 bool can_have_pages(const std::string& path);
 
 /// A file that gets its pages in order. It is in memory, compressed, until it is whole.
