@@ -71,12 +71,12 @@ TEST_F(Contents, NeedAFrameSomewhere)
 {
     for (const std::string& text : {std::string("roi:circle:1,1,1"), put("a.geojson", R"({"type":"Feature"})")}) {
         Content content = read_content(text);
-        EXPECT_EQ(complaint_of([&] { kivconvert::expect_placed(content, "a"); }),
+        EXPECT_EQ(complaint_of([&] { kivconvert::require_frame(content, "a"); }),
                   "a: is in no frame; give --width and --height");
         kivconvert::place(content, {5, 0});
-        EXPECT_NE(complaint_of([&] { kivconvert::expect_placed(content, "a"); }), "no complaint");
+        EXPECT_NE(complaint_of([&] { kivconvert::require_frame(content, "a"); }), "no complaint");
         kivconvert::place(content, {5, 4});
-        EXPECT_EQ(complaint_of([&] { kivconvert::expect_placed(content, "a"); }), "no complaint");
+        EXPECT_EQ(complaint_of([&] { kivconvert::require_frame(content, "a"); }), "no complaint");
         EXPECT_EQ(kivconvert::frame_of(content).height, 4);
     }
 }

@@ -147,7 +147,7 @@ void place(Content& content, const Frame& frame)
     }
 }
 
-void expect_placed(const Content& content, const std::string& subject)
+void require_frame(const Content& content, const std::string& subject)
 {
     const Frame frame = frame_of(content);
     if (is_placeable(content) && !frame.is_known()) {

@@ -60,6 +60,6 @@ bool is_placeable(const Content& content);
 void place(Content& content, const Frame& frame);
 
 /// @throws InputError if the content lies in no frame yet, or in one that is too large
-void expect_placed(const Content& content, const std::string& subject);
+void require_frame(const Content& content, const std::string& subject);
 
 } // namespace kivconvert

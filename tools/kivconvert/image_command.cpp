@@ -31,7 +31,7 @@ void paint(const std::string& input, const Output& output, const Painting& paint
     Content content = read_content(input, part);
     expect_use_for_part(input, content, part);
     place(content, {painting.width, painting.height});
-    expect_placed(content, input);
+    require_frame(content, input);
     if (is_mask(painting, frame_of(content))) {
         write_image(output, mask_of(content, input));
     } else {

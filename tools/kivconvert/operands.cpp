@@ -39,7 +39,7 @@ Content read_operand(const std::string& text, const Frame& frame, const ImagePar
     expect_use_for_part(text, content, part);
     expect_use_for(frame, is_placeable(content));
     place(content, frame);
-    expect_placed(content, text);
+    require_frame(content, text);
     return content;
 }
 
@@ -68,7 +68,7 @@ std::vector<Content> read_operands(const std::vector<std::string>& texts, const 
         if (!frame_of(operands[i]).is_known()) {
             place(operands[i], first);
         }
-        expect_placed(operands[i], texts[i]);
+        require_frame(operands[i], texts[i]);
     }
     return operands;
 }
