@@ -233,14 +233,14 @@ TEST(MatrixToImage, NaNAndWhatNoIntCanHoldBecomeZero)
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    const cv::Mat expected = grey_of({{0, 0, 0, 0, 0, 255, 0, 255, 0, 0}});
-    expect_copy(cv::Mat_<double>({1, 10}, {nan, -nan, infinity, -infinity, 2147483648.0, 2147483647.0, -2147483649.0,
-                                           2147483647.25, 2147483647.5, 1e300}),
+    const cv::Mat expected = grey_of({{0, 0, 0, 0, 0, 255, 0, 255, 0, 0, 0, 0}});
+    expect_copy(cv::Mat_<double>({1, 12}, {nan, -nan, infinity, -infinity, 2147483648.0, 2147483647.0, -2147483649.0,
+                                           2147483647.25, 2147483647.5, -3e9, 5e9, 1e300}),
                 expected);
     const float float_infinity = std::numeric_limits<float>::infinity();
     const float float_nan = std::numeric_limits<float>::quiet_NaN();
-    expect_copy(cv::Mat_<float>({1, 10}, {float_nan, -float_nan, float_infinity, -float_infinity, 2147483648.0F,
-                                          2147483520.0F, -4294967296.0F, 256.0F, 4294967296.0F, 1e38F}),
+    expect_copy(cv::Mat_<float>({1, 12}, {float_nan, -float_nan, float_infinity, -float_infinity, 2147483648.0F,
+                                          2147483520.0F, -4294967296.0F, 256.0F, -3e9F, 5e9F, 4294967296.0F, 1e38F}),
                 expected);
 }
 
