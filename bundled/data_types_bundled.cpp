@@ -73,8 +73,8 @@ RunList runs_of_sorted_pixels(const PixelLists& pixels)
 /// each pixel, a mask for each byte, most of them next to nothing.
 bool is_large_for(Frame frame, std::size_t pixels)
 {
-    constexpr std::size_t bytes_a_pixel = 64;
-    return static_cast<std::size_t>(frame.width) * static_cast<std::size_t>(frame.height) / bytes_a_pixel > pixels;
+    constexpr std::uint64_t bytes_a_pixel = 64;
+    return static_cast<std::uint64_t>(frame.width) * static_cast<std::uint64_t>(frame.height) / bytes_a_pixel > pixels;
 }
 
 } // namespace
@@ -216,11 +216,11 @@ void reserve(KivPointArray& points, std::size_t count)
 
 void append_pixels(KivPointArray& points, RunView runs)
 {
-    std::size_t count = 0;
+    std::uint64_t count = 0;
     for (const Run& run : runs) {
         count += run.colBegin <= run.colEnd ? length_of(run.colBegin, run.colEnd) : 0;
     }
-    points.Reserve(count); // of more points than there is memory for, that is what is reported
+    points.Reserve(checked_count<KivPoint>(count)); // of more points than there is memory for, that is what is reported
     points.AppendPixels(KivRunView(runs.data(), runs.size()));
 }
 

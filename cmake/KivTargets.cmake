@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # How the project's targets are made: warnings, precompiled headers, include folders, SONAMEs, exported symbols.
 include(CheckCXXCompilerFlag)
+include(CheckCXXSourceCompiles)
 include(CheckLinkerFlag)
 
 set(kiv_exports_template ${CMAKE_CURRENT_LIST_DIR}/exports.map.in)
@@ -11,6 +12,15 @@ check_cxx_compiler_flag("${kiv_warning_flags}" KIV_HAS_WARNING_FLAGS)
 check_cxx_compiler_flag(-ffp-contract=off KIV_HAS_FP_CONTRACT)
 file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/any.map "{ local: unused; };")
 check_linker_flag(CXX -Wl,--version-script=${CMAKE_CURRENT_BINARY_DIR}/any.map KIV_HAS_VERSION_SCRIPTS)
+
+# Results of doubles must be rounded to doubles. The x87 registers, which compilers for 32-bit x86 use by default, do not
+# do so; SSE2 does.
+check_cxx_source_compiles("#include <cfloat>
+    static_assert(FLT_EVAL_METHOD == 0 || FLT_EVAL_METHOD == 1, \"\");
+    int main() {}" KIV_ROUNDS_DOUBLES)
+if(NOT KIV_ROUNDS_DOUBLES)
+    add_compile_options(-msse2 -mfpmath=sse)
+endif()
 
 # Warnings for the project's own code. They are errors only where KIV_WARNINGS_AS_ERRORS says so (the presets do).
 function(kiv_warnings target)

@@ -6,7 +6,7 @@
 
 int main()
 {
-    KivMatrix measured((cv::Mat_<float>(1, 4) << 0.4F, 127.6F, 300.0F, -2.0F));
+    KivMatrix measured(cv::Mat_<float>({1, 4}, {0.4F, 127.6F, 300.0F, -2.0F}));
     KivImage image;
     if (KIVMV::KivMatrixToImage(&image, measured) != KIVMV::KIVMV_OK) {
         return 1;

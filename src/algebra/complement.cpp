@@ -23,9 +23,9 @@ int right_of(int column)
     return column == std::numeric_limits<int>::max() ? column : column + 1;
 }
 
-std::size_t count_rows(std::int64_t first, std::int64_t stop)
+std::uint64_t count_rows(std::int64_t first, std::int64_t stop)
 {
-    return static_cast<std::size_t>(std::max<std::int64_t>(stop - first, 0));
+    return static_cast<std::uint64_t>(std::max<std::int64_t>(stop - first, 0));
 }
 
 /// Writes full rows from `first` to just before `stop`.
@@ -59,15 +59,15 @@ Run* write_gaps(RunView runs, int last_column, Run* out)
 
 /// As many runs as the complement has at the most: one for each row without runs, and for each row with runs one more
 /// than it has.
-std::size_t most_runs(RunView runs, Frame frame)
+std::uint64_t most_runs(RunView runs, Frame frame)
 {
-    std::size_t gaps = runs.size() + 1;
-    std::size_t full_rows =
+    std::uint64_t gaps = runs.size() + 1;
+    std::uint64_t full_rows =
         count_rows(0, row_of(runs.front())) + count_rows(std::int64_t{row_of(runs.back())} + 1, frame.height);
     for (std::size_t i = 1; i < runs.size(); ++i) {
         const std::int64_t rows = std::int64_t{row_of(runs[i])} - row_of(runs[i - 1]);
         gaps += rows > 0 ? 1 : 0;
-        full_rows += rows > 1 ? static_cast<std::size_t>(rows - 1) : 0;
+        full_rows += rows > 1 ? static_cast<std::uint64_t>(rows - 1) : 0;
     }
     return gaps + full_rows;
 }
@@ -82,7 +82,7 @@ RunList complement(RunView delivered, Frame frame, LastRowOfComplement last_row)
     const ViewOrCopy<Run> sorted = by_row_and_first_column(delivered);
     const RunView runs = sorted;
     const int last_column = left_of(frame.width);
-    RunList out(most_runs(runs, frame));
+    RunList out(checked_count<Run>(most_runs(runs, frame)));
     Run* next = write_full_rows(0, row_of(runs.front()), last_column, out.data());
     for (RunView rest = runs; !rest.empty();) {
         const RunView group = leading_row(rest);

@@ -40,9 +40,9 @@ kiv::RunList ordered_parts(kiv::RunView runs, kiv::Frame frame)
     return parts;
 }
 
-std::size_t count_pixels(kiv::RunView runs)
+std::uint64_t count_pixels(kiv::RunView runs)
 {
-    return std::accumulate(runs.begin(), runs.end(), std::size_t{0}, [](std::size_t count, const Run& run) {
+    return std::accumulate(runs.begin(), runs.end(), std::uint64_t{0}, [](std::uint64_t count, const Run& run) {
         return count + kiv::length_of(kiv::begin_of(run), kiv::end_of(run));
     });
 }
@@ -55,11 +55,11 @@ template <class First>
 std::vector<int> listed(kiv::RunView runs, First first, unsigned step)
 {
     constexpr std::size_t at_once = 4;
-    const std::size_t count = count_pixels(runs);
-    std::vector<int> numbers(count + at_once);
+    const std::size_t room = kiv::checked_count<int>(count_pixels(runs) + at_once);
+    std::vector<int> numbers(room);
     int* next = numbers.data();
     for (const Run& run : runs) {
-        const std::size_t length = kiv::length_of(kiv::begin_of(run), kiv::end_of(run));
+        const auto length = static_cast<std::size_t>(kiv::length_of(kiv::begin_of(run), kiv::end_of(run)));
         auto number = static_cast<unsigned>(first(run)); // what is written beyond a run may be no int
         for (std::size_t i = 0; i < length; i += at_once, number += step * static_cast<unsigned>(at_once)) {
             for (std::size_t j = 0; j < at_once; ++j) {
@@ -68,7 +68,7 @@ std::vector<int> listed(kiv::RunView runs, First first, unsigned step)
         }
         next += length;
     }
-    numbers.resize(count);
+    numbers.resize(room - at_once);
     return numbers;
 }
 

@@ -130,7 +130,7 @@ void paint(RunView runs, cv::Mat& mask, int foreground, int background)
 {
     mask.setTo(background);
     for_each_visible(runs, {mask.cols, mask.rows}, [&](int row, int first, int last) {
-        std::memset(mask.ptr(row) + first, foreground, length_of(first, last));
+        std::memset(mask.ptr(row) + first, foreground, static_cast<std::size_t>(length_of(first, last)));
     });
 }
 

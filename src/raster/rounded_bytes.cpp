@@ -44,12 +44,13 @@ cv::Mat kiv::converted_bytes(const cv::Mat& matrix)
 
 bool kiv::opencv_rounds_alike()
 {
-    // Long enough for what OpenCV does many at a time, and for what remains.
+    // Long enough for what OpenCV does many at a time, and for what remains. Where it rounds by way of 64-bit integers,
+    // numbers below and above all ints wrap round to positive ones.
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    const cv::Mat some = (cv::Mat_<double>(1, 9) << 0.5, 1.5, 2.5, -0.5, 254.5, 3e9, infinity, -infinity,
-                          std::numeric_limits<double>::quiet_NaN());
+    double some[] = {0.5,  1.5, 2.5,      -0.5,      254.5,
+                     -3e9, 5e9, infinity, -infinity, std::numeric_limits<double>::quiet_NaN()};
     cv::Mat doubles;
-    cv::repeat(some, 1, 9, doubles);
+    cv::repeat(cv::Mat(1, 10, CV_64F, some), 1, 9, doubles);
     cv::Mat floats;
     doubles.convertTo(floats, CV_32F);
     return converts_alike(doubles) && converts_alike(floats);

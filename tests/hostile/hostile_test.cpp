@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <map>
 #include <new>
 #include <stdexcept>
@@ -17,12 +18,18 @@ namespace
 using hostile::Case;
 using hostile::Cases;
 
+/// Whether a matrix would have needed more memory than there is, or, where sizes have 32 bits, than a size can say.
+bool is_too_large(const cv::Exception& error)
+{
+    return error.code == cv::Error::StsNoMem || (sizeof(std::size_t) == 4 && error.code == cv::Error::StsOutOfRange);
+}
+
 std::string outcome_of(const Case& hostile_case)
 {
     try {
         return hostile_case.call();
     } catch (const cv::Exception& error) {
-        return error.code == cv::Error::StsNoMem ? hostile::too_large : "cv::Exception";
+        return is_too_large(error) ? hostile::too_large : "cv::Exception";
     } catch (const std::bad_alloc&) {
         return hostile::too_large;
     } catch (const std::invalid_argument&) {

@@ -107,7 +107,7 @@ TEST_F(ContourSvg, HoldsThePictureBelowThePaths)
 TEST_F(ContourSvg, RefusesOtherPictures)
 {
     kivconvert::TracedContours traced = nested_contours();
-    kivconvert::write_image(path("b.png"), KivImage((cv::Mat_<uchar>(1, 2) << 1, 2)));
+    kivconvert::write_image(path("b.png"), KivImage(cv::Mat_<uchar>({1, 2}, {1, 2})));
     const auto write = [&](const std::string& file, const std::string& picture) {
         return complaint_of([&] { kivconvert::write_contours(path(file), traced, path(picture)); });
     };

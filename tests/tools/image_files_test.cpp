@@ -19,7 +19,7 @@ using tools_tests::complaint_of;
 
 KivImage small_image()
 {
-    return KivImage((cv::Mat_<uchar>(2, 3) << 0, 1, 127, 128, 254, 255));
+    return KivImage(cv::Mat_<uchar>({2, 3}, {0, 1, 127, 128, 254, 255}));
 }
 
 TEST_F(ImageFiles, AreReadAsTheyWereWritten)
@@ -92,7 +92,7 @@ TEST_F(ImageFiles, HoldRegions)
     EXPECT_EQ(kivconvert::read_region(path("a.png")), region);
     kivconvert::write_painted(path("b.png"), region, {.foreground = 9, .background = 0, .width = 2, .height = 1},
                               "runs");
-    EXPECT_EQ(kivconvert::read_image(path("b.png")), KivImage((cv::Mat_<uchar>(1, 2) << 0, 9)));
+    EXPECT_EQ(kivconvert::read_image(path("b.png")), KivImage(cv::Mat_<uchar>({1, 2}, {0, 9})));
 }
 
 TEST_F(ImageFiles, HaveBoundedSizes)

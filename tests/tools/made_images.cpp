@@ -133,7 +133,7 @@ std::string make_png(const MadePng& image)
 
 void make_tiff(const std::string& path, const std::vector<MadeTiff>& pages)
 {
-    TIFF* const tiff = TIFFOpen(path.c_str(), "w");
+    TIFF* const tiff = TIFFOpen(path.c_str(), "wl"); // tests look for bytes in the file
     for (const MadeTiff& page : pages) {
         set_tags(tiff, page);
         if (page.tile > 0) {

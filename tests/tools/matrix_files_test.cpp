@@ -15,12 +15,12 @@ using tools_tests::complaint_of;
 
 TEST_F(MatrixFiles, AreReadAsTheyWereWritten)
 {
-    KivMatrix matrix((cv::Mat_<double>(2, 3) << 0.1, -2, 1e9, 3, 4.5, -1e-9));
+    KivMatrix matrix(cv::Mat_<double>({2, 3}, {0.1, -2, 1e9, 3, 4.5, -1e-9}));
     kivconvert::write_matrix(path("a.csv"), matrix);
     EXPECT_EQ(get("a.csv"), "0.1,-2,1000000000\n3,4.5,-1e-09\n");
     EXPECT_EQ(read_matrix(path("a.csv")), matrix);
-    EXPECT_EQ(read_matrix(put("b.csv", "1\r\n2")), KivMatrix((cv::Mat_<double>(2, 1) << 1, 2)));
-    EXPECT_EQ(read_matrix(put("c.csv", "1, +2\n\"3\",4\n\n")), KivMatrix((cv::Mat_<double>(2, 2) << 1, 2, 3, 4)));
+    EXPECT_EQ(read_matrix(put("b.csv", "1\r\n2")), KivMatrix(cv::Mat_<double>({2, 1}, {1, 2})));
+    EXPECT_EQ(read_matrix(put("c.csv", "1, +2\n\"3\",4\n\n")), KivMatrix(cv::Mat_<double>({2, 2}, {1, 2, 3, 4})));
 }
 
 TEST_F(MatrixFiles, AreRoundedAndClampedToImages)
@@ -28,14 +28,14 @@ TEST_F(MatrixFiles, AreRoundedAndClampedToImages)
     put("a.csv", "-7,0.5,1.5\n254.4,254.6,300\n");
     KivMatrix matrix = read_matrix(path("a.csv"));
     kivconvert::write_matrix(path("a.png"), matrix);
-    EXPECT_EQ(kivconvert::read_image(path("a.png")), KivImage((cv::Mat_<uchar>(2, 3) << 0, 0, 2, 254, 255, 255)));
+    EXPECT_EQ(kivconvert::read_image(path("a.png")), KivImage(cv::Mat_<uchar>({2, 3}, {0, 0, 2, 254, 255, 255})));
 }
 
 TEST_F(MatrixFiles, ShowImagesInTheirOwnDepth)
 {
     const std::string pixels("\x01\x00\x00\x07", 4);
     KivMatrix matrix = read_matrix(put("a.pgm", "P5\n2 1\n65535\n" + pixels));
-    EXPECT_EQ(matrix, KivMatrix((cv::Mat_<ushort>(1, 2) << 256, 7)));
+    EXPECT_EQ(matrix, KivMatrix(cv::Mat_<ushort>({1, 2}, {256, 7})));
     kivconvert::write_matrix(path("a.csv"), matrix);
     EXPECT_EQ(get("a.csv"), "256,7\n");
 }
@@ -60,7 +60,7 @@ TEST_F(MatrixFiles, MustBeRowsOfAsManyNumbers)
                   std::string("a:") + complaint)
             << text;
     }
-    KivMatrix matrix((cv::Mat_<double>(1, 1) << 1));
+    KivMatrix matrix(cv::Mat_<double>({1, 1}, {1}));
     EXPECT_NE(complaint_of([&] { kivconvert::write_matrix(path("a.jpg"), matrix); }), "no complaint");
     EXPECT_EQ(files(), 0);
 }

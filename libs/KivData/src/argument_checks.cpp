@@ -11,9 +11,9 @@ void kivdata::throw_out_of_range(const char* type, int index, int length)
                             std::to_string(length));
 }
 
-void kivdata::check_room(const char* type, std::size_t length, std::size_t added)
+void kivdata::check_room(const char* type, std::size_t length, std::uint64_t added)
 {
-    constexpr auto max_length = static_cast<std::size_t>(std::numeric_limits<int>::max());
+    constexpr std::uint64_t max_length = std::numeric_limits<int>::max();
     if (added > max_length - length) {
         throw std::length_error(std::string(type) + ": no room for more than 2^31 - 1 elements");
     }

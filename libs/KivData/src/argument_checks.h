@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace kivdata
@@ -21,7 +22,7 @@ inline std::size_t checked_index(const char* type, int index, int length)
 }
 
 /// Throws std::length_error, naming the type, when an array of this length has no room for as many elements more.
-void check_room(const char* type, std::size_t length, std::size_t added);
+void check_room(const char* type, std::size_t length, std::uint64_t added);
 
 /// The elements, when an array of the type has room for them all; throws std::length_error otherwise.
 template <class Element>

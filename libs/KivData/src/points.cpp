@@ -68,11 +68,12 @@ void KivPointArray::AppendPixels(int row, int first, int last)
 
 void KivPointArray::AppendPixels(KivRunView runs)
 {
-    std::size_t added = 0;
+    std::uint64_t pixels = 0;
     for (const Run& run : runs) {
-        added += static_cast<std::size_t>(std::max<std::int64_t>(std::int64_t{run.colEnd} - run.colBegin + 1, 0));
+        pixels += static_cast<std::uint64_t>(std::max<std::int64_t>(std::int64_t{run.colEnd} - run.colBegin + 1, 0));
     }
-    kivdata::check_room("KivPointArray", points_.size(), added);
+    kivdata::check_room("KivPointArray", points_.size(), pixels);
+    const auto added = static_cast<std::size_t>(pixels);
     if (points_.capacity() - points_.size() < added) {
         points_.reserve(std::max(points_.size() + added, points_.empty() ? 0 : 2 * points_.size()));
     }

@@ -45,8 +45,9 @@ void KivVarArray::check_room(std::size_t added) const
 
 void KivVarArray::AppendRange(int first, int last)
 {
-    const auto added = static_cast<std::size_t>(std::int64_t{last} - first + 1);
-    check_room(added);
+    const std::int64_t values = std::int64_t{last} - first + 1;
+    kivdata::check_room("KivVarArray", static_cast<std::size_t>(Length()), static_cast<std::uint64_t>(values));
+    const auto added = static_cast<std::size_t>(values);
     if (packed_) {
         const std::size_t before = ints_.size();
         ints_.resize(before + added);

@@ -2,6 +2,8 @@
 // The pixels that an edge between two pixels passes, row by row, in exact integers.
 #pragma once
 
+#include "wide_int.h"
+
 #include <KivRLC/KivRunBorders.h>
 
 #include <algorithm>
@@ -38,12 +40,10 @@ public:
     PassedColumns passed(std::int64_t row) const
     {
         const auto k = static_cast<std::uint64_t>(row);
-        return is_short_ ? passed<std::uint64_t>(k) : passed<Wide>(k);
+        return is_short_ ? passed<std::uint64_t>(k) : passed<UnsignedWide>(k);
     }
 
 private:
-    __extension__ using Wide = unsigned __int128;
-
     static constexpr std::uint64_t largest_short = std::uint64_t{1} << 31;
 
     template <class Integer>

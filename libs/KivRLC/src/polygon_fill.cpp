@@ -235,7 +235,7 @@ std::vector<KivPolygonFill::Stretch> KivPolygonFill::Ordered() const
     }
     const auto [upper, lower] = std::minmax_element(stretches_.begin(), stretches_.end(), by_row);
     const std::uint32_t top = upper->row;
-    const std::size_t rows = lower->row - top + std::size_t{1};
+    const std::uint64_t rows = lower->row - top + std::uint64_t{1};
     std::vector<Stretch> ordered(stretches_.size());
     if (rows > 4 * stretches_.size()) { // too many to count the stretches of each
         std::partial_sort_copy(
@@ -243,8 +243,8 @@ std::vector<KivPolygonFill::Stretch> KivPolygonFill::Ordered() const
             [](const Stretch& a, const Stretch& b) { return a.row != b.row ? a.row < b.row : a.begin < b.begin; });
         return ordered;
     }
-    std::vector<std::size_t> stops(rows +
-                                   1); // of the stretches of each row; at first, where those of the row before end
+    // Of the stretches of each row; at first, where those of the row before end.
+    std::vector<std::size_t> stops(static_cast<std::size_t>(rows) + 1);
     for (const Stretch& stretch : stretches_) {
         ++stops[stretch.row - top + 1];
     }

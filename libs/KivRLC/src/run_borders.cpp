@@ -7,6 +7,8 @@
 // search the first end of an outer border is a left end, the first one of a hole's border a right end.
 #include <KivRLC/KivRunBorders.h>
 
+#include "checked_count.h"
+
 #include <KivRLC/KivRunSet.h>
 
 #include <algorithm>
@@ -149,7 +151,8 @@ private:
     void add_row(std::int64_t from, std::int64_t count, int step, int row)
     {
         const std::size_t begin = points_.size();
-        points_.resize(begin + static_cast<std::size_t>(std::max<std::int64_t>(count, 0)));
+        points_.resize(
+            kivrlc::checked_count<KivPixel>(static_cast<std::int64_t>(begin) + std::max<std::int64_t>(count, 0)));
         std::int64_t x = from;
         for (auto point = points_.begin() + static_cast<std::ptrdiff_t>(begin); point != points_.end(); ++point) {
             *point = {static_cast<int>(x), row};

@@ -72,7 +72,7 @@ private:
             static_cast<double>(progress.all) / static_cast<double>(std::max<std::size_t>(progress.done, 1));
         const auto made = static_cast<double>(count - size_);
         const double more = made * std::clamp(growth * 1.0625 - 1, 0.25, 31.0);
-        return static_cast<std::size_t>(more);
+        return static_cast<std::size_t>(std::min(more, static_cast<double>(runs_.max_size() - count)));
     }
 
     void make_room(std::size_t count, std::size_t needed)

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "run_neighbours.h"
+#include "wide_int.h"
 
 #include <KivRLC/KivRunMeasures.h>
 
@@ -15,8 +16,6 @@
 
 namespace kivrlc
 {
-
-__extension__ using Wide = __int128;
 
 /// Area and place of runs.
 struct PlaceSums {

@@ -3,6 +3,8 @@
 // where the set is wider than that, one otherwise, with no more counters than there are columns.
 #include "run_transpose.h"
 
+#include "checked_count.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <utility>
@@ -18,7 +20,7 @@ constexpr std::uint32_t sorted_values = 1U << sorted_bits;
 
 RunBuffer transposed_pixels(const KivRunSet& set)
 {
-    RunBuffer pixels(static_cast<std::size_t>(set.Area()));
+    RunBuffer pixels(kivrlc::checked_count<Run>(set.Area()));
     auto out = pixels.begin();
     for (const Run& run : set.Runs()) {
         for (std::int64_t x = run.colBegin; x <= run.colEnd; ++x) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "checked_count.h"
 #include "row_sweep.h"
 #include "run_set_access.h"
 
@@ -72,7 +73,7 @@ KivRunSet KivRunSet::Complement(const KivRunBox& box) const
     const Run* run = kivrlc::first_from_row(runs, box.rowBegin);
     const std::int64_t rows = std::int64_t{box.rowEnd} - box.rowBegin + 1;
     // A row has at most one gap more than it has runs, and one run may be written, but not counted.
-    kivrlc::RunBuffer gaps(static_cast<std::size_t>(rows + (end - run) + 1));
+    kivrlc::RunBuffer gaps(kivrlc::checked_count<Run>(rows + (end - run) + 1));
     Run* out = gaps.data();
     for (std::int64_t row = box.rowBegin; row <= box.rowEnd; ++row) {
         out = write_gaps(static_cast<int>(row), box, run, end, out);

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <set>
 #include <utility>
@@ -45,13 +46,13 @@ inline cv::Mat mask_inside(const Outlines& outlines, int width, int height)
 }
 
 /// Twice the area within a ring; positive if it runs clockwise as seen with y pointing down.
-inline long doubled_area(const Outlines& outlines, const OutlineRing& ring)
+inline std::int64_t doubled_area(const Outlines& outlines, const OutlineRing& ring)
 {
-    long area = 0;
+    std::int64_t area = 0;
     for (std::size_t i = ring.begin; i < ring.end; ++i) {
         const PixelCorner a = outlines.corners[i];
         const PixelCorner b = outlines.corners[i + 1 < ring.end ? i + 1 : ring.begin];
-        area += static_cast<long>(a.x) * b.y - static_cast<long>(b.x) * a.y;
+        area += std::int64_t{a.x} * b.y - std::int64_t{b.x} * a.y;
     }
     return area;
 }
@@ -83,7 +84,7 @@ inline void expect_outlines(const cv::Mat& mask)
     const KivRunSet set = run_sets::set_of(mask);
     const Outlines outlines = KivRuns::OutlinesOf(set);
     ASSERT_EQ(run_sets::set_of(mask_inside(outlines, mask.cols, mask.rows)), set);
-    std::vector<long> areas(outlines.rings.size()); // of outer rings, less their holes
+    std::vector<std::int64_t> areas(outlines.rings.size()); // of outer rings, less their holes
     for (std::size_t i = 0; i < outlines.rings.size(); ++i) {
         const OutlineRing& ring = outlines.rings[i];
         expect_ring_is_simple(outlines, ring);
@@ -97,7 +98,7 @@ inline void expect_outlines(const cv::Mat& mask)
             ASSERT_TRUE(last.y < first.y || (last.y == first.y && last.x < first.x));
         }
     }
-    std::vector<long> of_components;
+    std::vector<std::int64_t> of_components;
     for (const KivRunSet& component : KivRuns::Components(set, KivRuns::Connectivity::Four)) {
         of_components.push_back(component.Area());
     }

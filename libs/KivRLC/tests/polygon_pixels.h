@@ -2,6 +2,7 @@
 // Which pixels polygons have, by the definition, pixel by pixel and edge by edge, in integers of 128 bits.
 #pragma once
 
+#include "../src/wide_int.h"
 #include "support/pixel_runs.h"
 
 #include <KivRLC/KivPolygonFill.h>
@@ -15,7 +16,7 @@ namespace polygon_pixels
 
 using Polygon = std::vector<KivPixel>;
 using Polygons = std::vector<Polygon>;
-__extension__ using Wide = __int128;
+using kivrlc::Wide;
 
 /// An edge with its ends in the order of their columns, and the pixel's place seen from its left end.
 struct Seen {
