@@ -15,6 +15,7 @@
 #include <climits>
 #include <cstdint>
 #include <stdexcept>
+#include <utility>
 
 namespace
 {
@@ -100,8 +101,11 @@ std::vector<Links> links_of(KivRunView runs)
 }
 
 /// The borders, found in the order of the search, from the last outer one to the first, each followed by its holes.
-std::vector<KivRunBorder> in_order(const std::vector<KivRunBorder>& found)
+std::vector<KivRunBorder> in_order(std::vector<KivRunBorder> found)
 {
+    if (found.size() < 2) {
+        return found;
+    }
     std::vector<std::size_t> previous_hole(found.size(),
                                            no_border); // of the component; for an outer border the last one
     for (std::size_t i = 0; i < found.size(); ++i) {
@@ -141,7 +145,7 @@ public:
         }
     }
 
-    KivRunBorders result() && { return {in_order(borders_), std::move(points_)}; }
+    KivRunBorders result() && { return {in_order(std::move(borders_)), std::move(points_)}; }
 
 private:
     // Columns that are a step beside an int are computed as std::int64_t.

@@ -60,7 +60,8 @@ private:
     {
         const auto count = static_cast<std::size_t>(next - runs_.data());
         if (runs_.capacity() - count < needed) {
-            runs_.reserve(count + std::max(needed, expected_more(count, progress)));
+            const std::size_t least = count + needed;
+            runs_.reserve(least + std::min(expected_more(count, progress), runs_.max_size() - least));
         }
         make_room(count, needed);
         return runs_.data() + count;

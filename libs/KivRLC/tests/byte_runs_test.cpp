@@ -57,6 +57,22 @@ struct FewAllocator : std::allocator<T> {
     }
 };
 
+int blocks_allocated = 0;
+
+/// Counts the blocks of memory that a vector takes.
+template <class T>
+struct CountedAllocator : std::allocator<T> {
+    template <class U>
+    struct rebind {
+        using other = CountedAllocator<U>;
+    };
+    T* allocate(std::size_t count)
+    {
+        ++blocks_allocated;
+        return std::allocator<T>::allocate(count);
+    }
+};
+
 template <class Words>
 class ByteRuns : public testing::Test
 {
@@ -166,6 +182,16 @@ TYPED_TEST(ByteRuns, AppendsToAnUnclearedBufferAsWell)
     kivrlc::RunBuffer runs;
     kivrlc::append_byte_runs<TypeParam>(bytes.data(), 300, 300, 100, runs);
     EXPECT_EQ(Runs(runs.begin(), runs.end()), naive_runs(bytes.data(), 300, 300, 100));
+}
+
+TYPED_TEST(ByteRuns, GrowsAVectorOnceForAFewRows)
+{
+    const Bytes bytes(64 * 64, 1);
+    blocks_allocated = 0;
+    std::vector<Run, CountedAllocator<Run>> runs;
+    kivrlc::append_byte_runs<TypeParam>(bytes.data(), 64, 64, 64, runs);
+    EXPECT_EQ(runs.size(), 64U);
+    EXPECT_EQ(blocks_allocated, 2);
 }
 
 TYPED_TEST(ByteRuns, LeavesTheVectorAsItWasIfThereIsNoMemory)
