@@ -19,16 +19,6 @@ bool is_out_of_order(const Run& run, const Run& next)
     return next.row == run.row && std::int64_t{next.colBegin} - 1 <= run.colEnd;
 }
 
-template <kivrlc::TruthTable table>
-bool append_combined(KivRunView a, KivRunView b, std::vector<Run>& out)
-{
-    if (!KivRuns::IsCanonical(a) || !KivRuns::IsCanonical(b)) {
-        return false;
-    }
-    kivrlc::sweep<table>(a, b, out);
-    return true;
-}
-
 } // namespace
 
 bool KivRuns::IsCanonical(KivRunView runs) noexcept
@@ -39,12 +29,12 @@ bool KivRuns::IsCanonical(KivRunView runs) noexcept
 
 bool KivRuns::AppendIntersection(KivRunView a, KivRunView b, std::vector<Run>& out)
 {
-    return append_combined<kivrlc::in_both>(a, b, out);
+    return kivrlc::sweep<kivrlc::in_both, kivrlc::Trust::none>(a, b, out);
 }
 
 bool KivRuns::AppendDifference(KivRunView a, KivRunView b, std::vector<Run>& out)
 {
-    return append_combined<kivrlc::in_first_only>(a, b, out);
+    return kivrlc::sweep<kivrlc::in_first_only, kivrlc::Trust::none>(a, b, out);
 }
 
 void KivRuns::GiveBackSpareRoom(std::vector<Run>& runs)

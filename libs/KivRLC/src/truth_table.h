@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
-
 namespace kivrlc
 {
 
@@ -14,12 +12,6 @@ struct TruthTable {
     bool both;
 
     friend constexpr bool operator==(const TruthTable&, const TruthTable&) = default;
-
-    /// For 64 pixels at once.
-    constexpr std::uint64_t operator()(std::uint64_t a, std::uint64_t b) const
-    {
-        return (only_a ? a & ~b : 0) | (only_b ? b & ~a : 0) | (both ? a & b : 0);
-    }
 };
 
 inline constexpr TruthTable in_any{true, true, true};

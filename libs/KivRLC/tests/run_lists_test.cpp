@@ -73,6 +73,42 @@ TEST(RunLists, AreNotCombinedUnlessBothAreCanonical)
     EXPECT_EQ(out, (Runs{{9, 9, 9}}));
 }
 
+/// A canonical list with some of its runs changed at random, or not.
+Runs nearly_canonical_list(int rows, std::mt19937& random)
+{
+    Runs runs = runs_of(set_of(random_mask(40, rows, 1 + static_cast<int>(random() % 8), random)));
+    const auto shift = [&random](int& place) { place += static_cast<int>(random() % 5) - 2; };
+    for (auto changes = random() % 3; changes > 0 && !runs.empty(); --changes) {
+        Run& run = runs[random() % runs.size()];
+        shift(random() % 3 == 0 ? run.row : random() % 2 == 0 ? run.colBegin : run.colEnd);
+    }
+    return runs;
+}
+
+TEST(RunLists, AreCheckedWhileTheyAreCombined)
+{
+    std::mt19937 random(3);
+    int combined = 0;
+    for (int i = 0; i < 20000; ++i) {
+        const Runs a = nearly_canonical_list(1 + i % 7, random);
+        const Runs b = nearly_canonical_list(1 + i % 5, random);
+        const bool canonical = KivRuns::IsCanonical(a) && KivRuns::IsCanonical(b);
+        Runs intersection = {{9, 9, 9}};
+        Runs difference = {{9, 9, 9}};
+        ASSERT_EQ(KivRuns::AppendIntersection(a, b, intersection), canonical);
+        ASSERT_EQ(KivRuns::AppendDifference(a, b, difference), canonical);
+        if (canonical) {
+            ASSERT_EQ(Runs(intersection.begin() + 1, intersection.end()), runs_of(KivRunSet(a) & KivRunSet(b)));
+            ++combined;
+        } else {
+            ASSERT_EQ(intersection, (Runs{{9, 9, 9}}));
+            ASSERT_EQ(difference, (Runs{{9, 9, 9}}));
+        }
+    }
+    EXPECT_GT(combined, 4000);
+    EXPECT_LT(combined, 16000);
+}
+
 TEST(RunLists, AreCombinedAsSetsAre)
 {
     std::mt19937 random(2);
