@@ -57,19 +57,13 @@ Run* write_gaps(RunView runs, int last_column, Run* out)
     return out;
 }
 
-/// As many runs as the complement has at the most: one for each row without runs, and for each row with runs one more
-/// than it has.
+/// As many runs as the complement has at the most: one for each row above and below the runs; one for each row from the
+/// first to the last that has runs, and one more for each run on it.
 std::uint64_t most_runs(RunView runs, Frame frame)
 {
-    std::uint64_t gaps = runs.size() + 1;
-    std::uint64_t full_rows =
-        count_rows(0, row_of(runs.front())) + count_rows(std::int64_t{row_of(runs.back())} + 1, frame.height);
-    for (std::size_t i = 1; i < runs.size(); ++i) {
-        const std::int64_t rows = std::int64_t{row_of(runs[i])} - row_of(runs[i - 1]);
-        gaps += rows > 0 ? 1 : 0;
-        full_rows += rows > 1 ? static_cast<std::uint64_t>(rows - 1) : 0;
-    }
-    return gaps + full_rows;
+    const std::int64_t first = row_of(runs.front());
+    const std::int64_t stop = std::int64_t{row_of(runs.back())} + 1;
+    return runs.size() + count_rows(0, first) + count_rows(first, stop) + count_rows(stop, frame.height);
 }
 
 } // namespace
