@@ -65,6 +65,20 @@ TEST(RunExtraction, KeepsWhatTheListHeldWhenMemoryRunsOut)
     }
 }
 
+TEST(Contours, OfASmallShapeTakeFourAllocationsBesideTheResult)
+{
+    KivRegion ring(64, 64, {{10, 4, 20}, {11, 4, 6}, {11, 18, 20}, {12, 4, 20}});
+    KivContourArray borders;
+    faults::fail_allocation(0);
+    ASSERT_EQ(KIVMV::KivRegionToContourArray(ring, &borders), KIVMV::KIVMV_OK);
+    EXPECT_LE(faults::allocations_made(), 3 + 4); // the array and two contours
+    KivRegion filled;
+    faults::fail_allocation(0);
+    ASSERT_EQ(KIVMV::KivContourArrayToRegion(borders, 64, 64, &filled), KIVMV::KIVMV_OK);
+    EXPECT_LE(faults::allocations_made(), 1 + 4);
+    EXPECT_EQ(filled, ring);
+}
+
 TEST(Variants, ReleaseTheirTexts)
 {
     const long living_before = faults::living_blocks();

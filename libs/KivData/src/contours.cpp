@@ -93,7 +93,15 @@ std::vector<Run> KivContourArray::FilledRuns(int width, int height) const
 {
     kivdata::check_frame(width, height);
     KivPolygonFill fill({0, height - 1, 0, width - 1});
+    std::size_t points = 0;
+    std::size_t most_points = 0;
+    for (const KivContour& contour : contours_) {
+        points += contour.AllPoints().size();
+        most_points = std::max(most_points, contour.AllPoints().size());
+    }
+    fill.Reserve(contours_.size(), points);
     std::vector<KivPixel> pixels;
+    pixels.reserve(most_points);
     for (const KivContour& contour : contours_) {
         find_nearest_pixels(contour.AllPoints(), pixels);
         fill.Add(pixels.data(), pixels.size());

@@ -168,6 +168,11 @@ KivPolygonFill::KivPolygonFill(const KivRunBox& box)
     }
 }
 
+void KivPolygonFill::Reserve(std::size_t polygons, std::size_t corners)
+{
+    stretches_.reserve(stretches_.size() + polygons + corners); // each corner may end one, as may the polygon's end
+}
+
 void KivPolygonFill::Add(const KivPixel* corners, std::size_t count)
 {
     if (count == 0) {
@@ -274,7 +279,9 @@ std::vector<Run> KivPolygonFill::Runs() const
         turns.insert(turns.end(), {rows.begin, rows.stop});
     }
     std::sort(turns.begin(), turns.end());
-    FilledRuns filled(box_, columns_, std::move(turns), stretches_.size() / 2);
+    // Most runs have a stretch at each end; some, as the single pixels at the top of round shapes, have one in all.
+    constexpr std::size_t some = 64;
+    FilledRuns filled(box_, columns_, std::move(turns), stretches_.size() / 2 + some);
     std::int64_t row = -1;
     for (const Stretch& stretch : Ordered()) {
         if (stretch.row != row) {

@@ -100,28 +100,22 @@ std::vector<Links> links_of(KivRunView runs)
     return links;
 }
 
-/// The borders, found in the order of the search, from the last outer one to the first, each followed by its holes.
-std::vector<KivRunBorder> in_order(std::vector<KivRunBorder> found)
+/// A border, in the order of the search.
+struct FoundBorder {
+    KivRunBorder border; // `outer` being a place in that order
+    std::size_t hole;    // of the component: of an outer border the last one found, of a hole's the one before it
+};
+
+/// The borders from the last outer one to the first, each followed by its holes.
+std::vector<KivRunBorder> in_order(const std::vector<FoundBorder>& found)
 {
-    if (found.size() < 2) {
-        return found;
-    }
-    std::vector<std::size_t> previous_hole(found.size(),
-                                           no_border); // of the component; for an outer border the last one
-    for (std::size_t i = 0; i < found.size(); ++i) {
-        const std::size_t outer = found[i].outer;
-        if (outer != i) {
-            previous_hole[i] = previous_hole[outer];
-            previous_hole[outer] = i;
-        }
-    }
     std::vector<KivRunBorder> ordered;
     ordered.reserve(found.size());
     for (std::size_t i = found.size(); i-- > 0;) {
-        if (found[i].outer == i) {
+        if (found[i].border.outer == i) {
             const std::size_t outer = ordered.size();
-            for (std::size_t next = i; next != no_border; next = previous_hole[next]) {
-                ordered.push_back({found[next].begin, found[next].end, outer});
+            for (std::size_t next = i; next != no_border; next = found[next].hole) {
+                ordered.push_back({found[next].border.begin, found[next].border.end, outer});
             }
         }
     }
@@ -135,9 +129,10 @@ public:
     explicit BorderTracer(KivRunView runs) : runs_(runs), links_(links_of(runs))
     {
         points_.reserve(4 * runs.size());
+        found_.reserve(std::min(runs.size(), few_borders));
         for (std::size_t i = 0; i < runs.size(); ++i) {
             if (links_[i].below != passed) {
-                follow({i, false}, borders_.size());
+                follow({i, false}, found_.size());
             }
             if (links_[i].above != passed) {
                 follow({i, true}, links_[i].outer);
@@ -145,9 +140,11 @@ public:
         }
     }
 
-    KivRunBorders result() && { return {in_order(std::move(borders_)), std::move(points_)}; }
+    KivRunBorders result() && { return {in_order(found_), std::move(points_)}; }
 
 private:
+    static constexpr std::size_t few_borders = 16; // for which memory is asked at once
+
     // Columns that are a step beside an int are computed as std::int64_t.
     void add_rightwards(std::int64_t from, std::int64_t to, int row) { add_row(from, to - from + 1, 1, row); }
     void add_leftwards(std::int64_t from, std::int64_t to, int row) { add_row(from, from - to + 1, -1, row); }
@@ -175,7 +172,14 @@ private:
         if (points_.size() > begin + 1) { // back at the first point
             points_.pop_back();
         }
-        borders_.push_back({begin, points_.size(), outer});
+        add_border({begin, points_.size(), outer});
+    }
+
+    void add_border(const KivRunBorder& border)
+    {
+        const std::size_t place = found_.size();
+        const bool is_hole = border.outer != place;
+        found_.push_back({border, is_hole ? std::exchange(found_[border.outer].hole, place) : no_border});
     }
 
     /// Goes on from the left end of a run, downward: to the next run end of the border.
@@ -231,7 +235,7 @@ private:
 
     KivRunView runs_;
     std::vector<Links> links_;
-    std::vector<KivRunBorder> borders_; // in the order of the search, `outer` being a place in that order
+    std::vector<FoundBorder> found_;
     kivrlc::PixelBuffer points_;
 };
 

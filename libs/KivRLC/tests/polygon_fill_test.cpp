@@ -114,6 +114,17 @@ TEST(PolygonFill, FillsTheInsideByTheEvenOddRuleOverAllPolygons)
                                                                                "..#.......#..\n");
 }
 
+TEST(PolygonFill, IsTheSameWhateverRoomWasMade)
+{
+    const Polygon square = {{1, 1}, {4, 1}, {4, 4}, {1, 4}};
+    for (const std::size_t corners : {0, 1, 4, 1000}) {
+        KivPolygonFill fill({0, 9, 0, 9});
+        fill.Reserve(1, corners);
+        fill.Add(square.data(), square.size());
+        EXPECT_EQ(fill.Runs(), (Runs{{1, 1, 4}, {2, 1, 4}, {3, 1, 4}, {4, 1, 4}}));
+    }
+}
+
 TEST(PolygonFill, IsCutAtTheBox)
 {
     const Polygons diamond = {{{0, -10}, {10, 0}, {0, 10}, {-10, 0}}};

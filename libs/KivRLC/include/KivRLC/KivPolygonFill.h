@@ -33,6 +33,12 @@ public:
     /// @throws std::invalid_argument if the box has more than 2^31 - 1 columns.
     explicit KivPolygonFill(const KivRunBox& box);
 
+    /// Makes room for polygons whose corners are neighbours and that have so many in all. Others may need more, which
+    /// Add() makes.
+    ///
+    /// @throws std::bad_alloc if memory runs out; the fill is as it was then.
+    void Reserve(std::size_t polygons, std::size_t corners);
+
     /// Adds the polygon of `count` corners, the last one joined to the first. One corner is a pixel; two are a line.
     /// Corners may be any ints; edges may cross, touch and repeat.
     ///
