@@ -128,7 +128,7 @@ class BorderTracer
 public:
     explicit BorderTracer(KivRunView runs) : runs_(runs), links_(links_of(runs))
     {
-        points_.reserve(4 * runs.size());
+        points_.reserve(4 * runs.size() + few_points);
         found_.reserve(std::min(runs.size(), few_borders));
         for (std::size_t i = 0; i < runs.size(); ++i) {
             if (links_[i].below != passed) {
@@ -143,7 +143,9 @@ public:
     KivRunBorders result() && { return {in_order(found_), std::move(points_)}; }
 
 private:
-    static constexpr std::size_t few_borders = 16; // for which memory is asked at once
+    // For so many, memory is asked at once.
+    static constexpr std::size_t few_points = 256;
+    static constexpr std::size_t few_borders = 16;
 
     // Columns that are a step beside an int are computed as std::int64_t.
     void add_rightwards(std::int64_t from, std::int64_t to, int row) { add_row(from, to - from + 1, 1, row); }
