@@ -22,6 +22,12 @@ if(NOT KIV_ROUNDS_DOUBLES)
     add_compile_options(-msse2 -mfpmath=sse)
 endif()
 
+# Nobody asks which operations on doubles were invalid or inexact. GCC can vectorise comparisons only if it may forget it.
+check_cxx_compiler_flag(-fno-trapping-math KIV_HAS_NO_TRAPPING_MATH)
+if(KIV_HAS_NO_TRAPPING_MATH)
+    add_compile_options(-fno-trapping-math)
+endif()
+
 # Warnings for the project's own code. They are errors only where KIV_WARNINGS_AS_ERRORS says so (the presets do).
 function(kiv_warnings target)
     if(KIV_HAS_WARNING_FLAGS)
