@@ -225,6 +225,7 @@ TEST(RunSetOperations, ComplementWithinABox)
     EXPECT_EQ(runs_of(set.Complement({0, 0, -9, 1})), (Runs{{0, -9, 1}}));
     EXPECT_TRUE(set.Complement({1, 0, 0, 7}).Empty());
     EXPECT_TRUE(set.Complement({0, 1, 7, 0}).Empty());
+    EXPECT_TRUE(set.Complement({4, -1, 0, 7}).Empty()); // with runs in between
     EXPECT_EQ(runs_of(KivRunSet().Complement({4, 5, -1, 1})), (Runs{{4, -1, 1}, {5, -1, 1}}));
 }
 
