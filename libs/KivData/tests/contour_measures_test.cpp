@@ -74,6 +74,7 @@ TEST(ContourMeasures, BoundsAreReached)
 {
     EXPECT_EQ(KivContours::BoundsOf({{2, -1}, {0.5, 7}, {9, 3}}), (KivContours::Bounds{0.5, -1, 9, 7}));
     EXPECT_EQ(KivContours::BoundsOf(point), (KivContours::Bounds{3, 4, 3, 4}));
+    EXPECT_EQ(KivContours::BoundsOf({{-3, -4}}), (KivContours::Bounds{-3, -4, -3, -4}));
     EXPECT_NE(KivContours::BoundsOf(point), (KivContours::Bounds{3, 4, 3, 5}));
     EXPECT_THROW(KivContours::BoundsOf({}), std::invalid_argument);
 }
@@ -182,6 +183,8 @@ TEST(ContourMeasures, SimplifiedKeepsCorners)
     EXPECT_EQ(KivContours::Simplified(flat_roof, 0.25), flat_roof);
     EXPECT_EQ(KivContours::Simplified(rectangle, infinity).Length(), 2);
     EXPECT_EQ(KivContours::Simplified({{3, 4}, {3, 4}, {3, 4}}, 0.0), point);
+    EXPECT_EQ(KivContours::Simplified({{3, 4}, {3, 4}}, 0.0), point);
+    EXPECT_EQ(KivContours::Simplified(there_and_back, infinity), there_and_back);
     EXPECT_EQ(KivContours::Simplified(point, 1.0), point);
     EXPECT_EQ(KivContours::Simplified({}, 1.0), KivContour());
     EXPECT_THROW(KivContours::Simplified(rectangle, -1.0), std::invalid_argument);
