@@ -127,9 +127,11 @@ TEST(LevelContours, WhatIsNoGreyImageIsRejected)
     const int sizes[] = {2, 2, 2};
     EXPECT_THROW(KivContours::AtLevel(cv::Mat(3, sizes, CV_8UC1, cv::Scalar()), 1), std::invalid_argument);
     for (const double bad : {nan, infinity, -infinity}) {
-        cv::Mat floats(2, 2, CV_32FC1, cv::Scalar(1));
-        floats.at<float>(1, 0) = static_cast<float>(bad);
-        EXPECT_THROW(KivContours::AtLevel(floats, 1), std::invalid_argument);
+        for (const cv::Point& place : {cv::Point(0, 0), cv::Point(1, 0), cv::Point(0, 1), cv::Point(1, 1)}) {
+            cv::Mat floats(2, 2, CV_32FC1, cv::Scalar(1));
+            floats.at<float>(place) = static_cast<float>(bad);
+            EXPECT_THROW(KivContours::AtLevel(floats, 1), std::invalid_argument);
+        }
     }
     EXPECT_EQ(KivContours::AtLevel(cv::Mat(), 1), KivContourArray());
 }
