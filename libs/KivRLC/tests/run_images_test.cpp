@@ -233,6 +233,7 @@ TEST(RunImages, RefuseWhatIsNoImage)
     const std::uint8_t pixel = 1;
     EXPECT_THROW(KivRuns::FromMask(KivImageView<const std::uint8_t>{&pixel, -1, 1, 1}), std::invalid_argument);
     EXPECT_THROW(KivRuns::FromLabels(KivImageView<const std::uint8_t>{&pixel, 1, -1, 1}), std::invalid_argument);
+    EXPECT_THROW(KivRuns::FromRange(KivImageView<const std::uint8_t>{&pixel, -1, 1, 1}, 0, 1), std::invalid_argument);
     EXPECT_THROW(KivRuns::Paint(KivRunSet(), KivImageView<std::uint8_t>{nullptr, -1, 1, 1}, 1), std::invalid_argument);
     EXPECT_THROW(KivRuns::FromMask(cv::Mat(2, 2, CV_8UC3)), std::invalid_argument);
     EXPECT_THROW(KivRuns::FromMask(cv::Mat(2, 2, CV_8SC1)), std::invalid_argument);

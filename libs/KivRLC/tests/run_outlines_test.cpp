@@ -69,6 +69,13 @@ TEST(RunOutlines, KeepPixelsThatMeetByACornerApart)
     EXPECT_EQ(texts_of({{0, 1, 1}, {1, 0, 0}}), (Texts{"outer 0: 1,0 2,0 2,1 1,1", "outer 1: 0,1 1,1 1,2 0,2"}));
 }
 
+TEST(RunOutlines, TellCornersApartLeftOfTheOrigin)
+{
+    EXPECT_EQ(
+        texts_of({{-1, -4, -4}, {0, -3, -3}, {1, -4, -4}}),
+        (Texts{"outer 0: -4,-1 -3,-1 -3,0 -4,0", "outer 1: -3,0 -2,0 -2,1 -3,1", "outer 2: -4,1 -3,1 -3,2 -4,2"}));
+}
+
 TEST(RunOutlines, CloseAHoleAtACorner)
 {
     // x x .    The hole is open to the upper right by a corner only.
