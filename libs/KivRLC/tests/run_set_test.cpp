@@ -121,6 +121,7 @@ TEST(RunSet, SaysWhyAListIsNotThatOfASet)
               "run 1: its row lies above that of the run before it");
     EXPECT_EQ(KivRunSet::WhyNotCanonical(Runs{{0, 4, 5}, {0, 0, 1}}), "run 1: it begins left of the run before it");
     EXPECT_EQ(KivRunSet::WhyNotCanonical(Runs{{0, 0, 5}, {0, 5, 6}}), "run 1: it overlaps the run before it");
+    EXPECT_EQ(KivRunSet::WhyNotCanonical(Runs{{0, 0, 5}, {0, 0, 6}}), "run 1: it overlaps the run before it");
     EXPECT_EQ(KivRunSet::WhyNotCanonical(Runs{{0, 0, 5}, {0, 6, 6}}), "run 1: it touches the run before it");
     EXPECT_EQ(KivRunSet::WhyNotCanonical(Runs{{0, INT_MIN, INT_MAX}, {1, INT_MIN, INT_MAX}}), "");
 }

@@ -94,22 +94,24 @@ TEST(RunSetOperations, CombineDenseRowsAtEveryPlace)
 
 TEST(RunSetOperations, CombineDenseRowsWithALongRun)
 {
-    // The long run ends with a multiple of 4096 pixels from the first one on.
-    Runs runs;
-    for (int x = 0; x < 4090; x += 2) {
-        runs.push_back({3, x, x});
+    // Rows are read in blocks of 4096 pixels from their first one on. The run ends within the second, or with it.
+    for (const int end : {4200, 8191}) {
+        Runs runs;
+        for (int x = 0; x < 3890; x += 2) {
+            runs.push_back({3, x, x});
+        }
+        runs.push_back({3, 3900, end});
+        const KivRunSet a(runs);
+        const KivRunSet b{{3, end, end}, {3, end + 4, end + 4}};
+        EXPECT_EQ(runs_of(a & b), (Runs{{3, end, end}}));
+        EXPECT_EQ(runs_of(b - a), (Runs{{3, end + 4, end + 4}}));
+        runs.back().colEnd = end - 1;
+        EXPECT_EQ(runs_of(a - b), runs);
+        runs.push_back({3, end + 4, end + 4});
+        EXPECT_EQ(runs_of(a ^ b), runs);
+        runs[runs.size() - 2].colEnd = end;
+        EXPECT_EQ(runs_of(a | b), runs);
     }
-    runs.push_back({3, 4090, 8191});
-    const KivRunSet a(runs);
-    const KivRunSet b{{3, 8191, 8191}, {3, 8195, 8195}};
-    EXPECT_EQ(runs_of(a & b), (Runs{{3, 8191, 8191}}));
-    EXPECT_EQ(runs_of(b - a), (Runs{{3, 8195, 8195}}));
-    runs.back().colEnd = 8190;
-    EXPECT_EQ(runs_of(a - b), runs);
-    runs.push_back({3, 8195, 8195});
-    EXPECT_EQ(runs_of(a ^ b), runs);
-    runs[runs.size() - 2].colEnd = 8191;
-    EXPECT_EQ(runs_of(a | b), runs);
 }
 
 TEST(RunSetOperations, AssignToAnOperand)
