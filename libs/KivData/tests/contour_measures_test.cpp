@@ -73,7 +73,9 @@ TEST(ContourMeasures, AreaFarFromTheOriginIsExact)
 TEST(ContourMeasures, BoundsAreReached)
 {
     EXPECT_EQ(KivContours::BoundsOf({{2, -1}, {0.5, 7}, {9, 3}}), (KivContours::Bounds{0.5, -1, 9, 7}));
+    EXPECT_EQ(KivContours::BoundsOf({{9, 3}, {0.5, 7}, {2, -1}}), (KivContours::Bounds{0.5, -1, 9, 7}));
     EXPECT_EQ(KivContours::BoundsOf(point), (KivContours::Bounds{3, 4, 3, 4}));
+    EXPECT_EQ(KivContours::BoundsOf({{-3, -4}}), (KivContours::Bounds{-3, -4, -3, -4}));
     EXPECT_NE(KivContours::BoundsOf(point), (KivContours::Bounds{3, 4, 3, 5}));
     EXPECT_THROW(KivContours::BoundsOf({}), std::invalid_argument);
 }
@@ -97,6 +99,7 @@ TEST(ContourMeasures, OrientationIsThatOfTheLongerSide)
     EXPECT_DOUBLE_EQ(KivContours::Orientation({{0, 0}, {0, 5}, {2, 5}, {2, 0}}), CV_PI / 2.0);
     EXPECT_DOUBLE_EQ(KivContours::Orientation({{0, 1}, {1, 0}, {5, 4}, {4, 5}}), CV_PI / 4.0);
     EXPECT_DOUBLE_EQ(KivContours::Orientation({{0, 4}, {1, 5}, {5, 1}, {4, 0}}), -CV_PI / 4.0);
+    EXPECT_EQ(KivContours::Orientation({{0, 0}, {0, 0.25}, {1, 0.25}, {1, 0}}), 0.0);
     EXPECT_DOUBLE_EQ(KivContours::Orientation(line), CV_PI / 4.0);
     EXPECT_DOUBLE_EQ(KivContours::Orientation({{2, 1}, {2, 8}}), CV_PI / 2.0);
     EXPECT_EQ(KivContours::Orientation({{0, 0}, {0, 2}, {2, 2}, {2, 0}}), 0.0); // extends equally everywhere
@@ -170,6 +173,10 @@ TEST(ContourMeasures, NearestIsOnTheFirstOfTheNearestEdges)
     EXPECT_EQ(corner.edge, 0);
     EXPECT_EQ(KivContours::Nearest(rectangle, {4, 1}).edge, 3); // the one back to the first point
     EXPECT_EQ(KivContours::Nearest(point, {3, 6}).distance, 2.0);
+    const auto exact = KivContours::Nearest({{1, 0}, {1e-17, 0}}, {1e-17, 0}); // 1 + (1e-17 - 1) is 0
+    EXPECT_EQ(exact.point, Point(1e-17, 0));
+    EXPECT_EQ(exact.distance, 0.0);
+    EXPECT_EQ(exact.edge, 0);
     EXPECT_THROW(KivContours::Nearest({}, {0, 0}), std::invalid_argument);
 }
 
@@ -181,7 +188,10 @@ TEST(ContourMeasures, SimplifiedKeepsCorners)
     EXPECT_EQ(KivContours::Simplified(flat_roof, 0.5), (KivContour{{0, 4}, {4, 4}, {4, 0}, {0, 0}}));
     EXPECT_EQ(KivContours::Simplified(flat_roof, 0.25), flat_roof);
     EXPECT_EQ(KivContours::Simplified(rectangle, infinity).Length(), 2);
+    EXPECT_EQ(KivContours::Simplified({{0, 0}, {0, 2}, {2, 0}}, infinity), (KivContour{{0, 0}, {0, 2}})); // both as far
     EXPECT_EQ(KivContours::Simplified({{3, 4}, {3, 4}, {3, 4}}, 0.0), point);
+    EXPECT_EQ(KivContours::Simplified({{3, 4}, {3, 4}}, 0.0), point);
+    EXPECT_EQ(KivContours::Simplified(there_and_back, infinity), there_and_back);
     EXPECT_EQ(KivContours::Simplified(point, 1.0), point);
     EXPECT_EQ(KivContours::Simplified({}, 1.0), KivContour());
     EXPECT_THROW(KivContours::Simplified(rectangle, -1.0), std::invalid_argument);

@@ -57,6 +57,11 @@ TEST(LevelContours, TheMeanDecidesWhetherACrossingIsJoined)
               (KivContourArray{{{0, 0}, {0, 0.5}, {0.5, 1}, {1, 1}, {1, 0.5}, {0.5, 0}}}));
     EXPECT_EQ(KivContours::AtLevel(crossing, 6),
               (KivContourArray{{{0, 0}, {0, 0.25}, {0.25, 0}}, {{1, 0.75}, {0.75, 1}, {1, 1}}}));
+    // The mean is 5 each time, that of a single row or column at most 6.
+    EXPECT_EQ(KivContours::AtLevel(bytes(2, 2, {8, 0, 4, 8}), 6),
+              (KivContourArray{{{0, 0}, {0, 0.5}, {0.25, 0}}, {{1, 0.75}, {0.5, 1}, {1, 1}}}));
+    EXPECT_EQ(KivContours::AtLevel(bytes(2, 2, {8, 4, 0, 8}), 6),
+              (KivContourArray{{{0, 0}, {0, 0.25}, {0.5, 0}}, {{1, 0.5}, {0.75, 1}, {1, 1}}}));
     const cv::Mat mirrored = bytes(2, 2, {0, 8, 8, 0});
     EXPECT_EQ(KivContours::AtLevel(mirrored, 4).Length(), 1);
     EXPECT_EQ(KivContours::AtLevel(mirrored, 6).Length(), 2);
@@ -74,6 +79,14 @@ TEST(LevelContours, AllDepthsAndStridesAreRead)
     middle.convertTo(deep, CV_32F, -0.5, 4); // 4 and, in the middle, 0
     deep = 4.0 - deep;
     EXPECT_EQ(KivContours::AtLevel(deep, 2), expected);
+}
+
+TEST(LevelContours, WhatStandsAroundAnImageIsNotRead)
+{
+    cv::Mat around(4, 4, CV_32FC1, cv::Scalar(std::numeric_limits<double>::quiet_NaN()));
+    cv::Mat image = around(cv::Rect(1, 1, 2, 2));
+    image.setTo(5);
+    EXPECT_EQ(KivContours::AtLevel(image, 1), (KivContourArray{{{0, 0}, {0, 1}, {1, 1}, {1, 0}}}));
 }
 
 TEST(LevelContours, BrightPixelsAreInsideInAllBinaryImagesOf3x3)
@@ -114,9 +127,11 @@ TEST(LevelContours, WhatIsNoGreyImageIsRejected)
     const int sizes[] = {2, 2, 2};
     EXPECT_THROW(KivContours::AtLevel(cv::Mat(3, sizes, CV_8UC1, cv::Scalar()), 1), std::invalid_argument);
     for (const double bad : {nan, infinity, -infinity}) {
-        cv::Mat floats(2, 2, CV_32FC1, cv::Scalar(1));
-        floats.at<float>(1, 0) = static_cast<float>(bad);
-        EXPECT_THROW(KivContours::AtLevel(floats, 1), std::invalid_argument);
+        for (const cv::Point& place : {cv::Point(0, 0), cv::Point(1, 0), cv::Point(0, 1), cv::Point(1, 1)}) {
+            cv::Mat floats(2, 2, CV_32FC1, cv::Scalar(1));
+            floats.at<float>(place) = static_cast<float>(bad);
+            EXPECT_THROW(KivContours::AtLevel(floats, 1), std::invalid_argument);
+        }
     }
     EXPECT_EQ(KivContours::AtLevel(cv::Mat(), 1), KivContourArray());
 }

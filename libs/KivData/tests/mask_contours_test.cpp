@@ -340,6 +340,9 @@ TEST(MaskContours, AreTracedFromRunsWithinTheFrame)
               (KivContourArray{KivContour{{2.0, 0.0}, {3.0, 0.0}}, KivContour{{0.0, 0.0}}}));
     EXPECT_EQ(KivContourArray::BordersOf(runs, 0, 1), KivContourArray());
     EXPECT_EQ(KivContourArray::BordersOf(runs, 4, 0), KivContourArray());
+    EXPECT_EQ(KivContourArray::BordersOf(runs, 0, INT_MAX), KivContourArray());
+    EXPECT_EQ(KivContourArray::BordersOf(runs, INT_MAX, 0), KivContourArray());
+    EXPECT_EQ(KivContourArray::BordersOf(Runs{{-1, 1, 2}, {2, 1, 2}}, 4, 2), KivContourArray());
     EXPECT_THROW(KivContourArray::BordersOf(runs, -1, 1), std::invalid_argument);
     EXPECT_THROW(KivContourArray::BordersOf(runs, 4, -1), std::invalid_argument);
 }

@@ -114,6 +114,9 @@ TEST(PointArray, HasRoomForAsManyPointsAsAnIntCounts)
 
 TEST(PointArray, ThePixelsOfRunsAreAppendedInTheirOrder)
 {
+    KivPointArray none;
+    none.AppendPixels(Runs{{5, 2, -9}});
+    EXPECT_EQ(none, KivPointArray());
     Runs runs = {{5, 2, 1}, {3, -1, 0}, {3, -1, -1}, {INT_MIN, INT_MAX - 1, INT_MAX}};
     for (int i = 0; i < 700; ++i) {
         runs.push_back({i, 7 * i, 8 * i});

@@ -54,6 +54,16 @@ TEST(RunPolygons, StayInTheFrame)
                  std::invalid_argument);
     EXPECT_THROW(KivRuns::FromPolygons({square(std::numeric_limits<double>::quiet_NaN(), 1)}, 3, 3),
                  std::invalid_argument);
+    EXPECT_THROW(KivRuns::FromPolygons({{{0, 0}, {HUGE_VAL, 1}, {1, 1}}}, 3, 3), std::invalid_argument);
+    EXPECT_THROW(KivRuns::FromPolygons({{{0, 0}, {1, HUGE_VAL}, {1, 1}}}, 3, 3), std::invalid_argument);
+}
+
+TEST(RunPolygons, TakeHugeCoordinatesInAnyRing)
+{
+    const Ring huge = {{1e200, -1.5e200}, {1e200, 1e200}, {-1e200, 1e200}}; // its area overflows a double
+    const KivRunSet frame{{0, 0, 2}, {1, 0, 2}};
+    EXPECT_EQ(KivRuns::FromPolygons({huge, square(7, 8)}, 3, 2), frame);
+    EXPECT_EQ(KivRuns::FromPolygons({square(7, 8), huge}, 3, 2), frame);
 }
 
 TEST(RunPolygons, HaveThePixelsOfRegionsOfInterest)

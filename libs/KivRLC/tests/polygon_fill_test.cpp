@@ -42,7 +42,9 @@ TEST(PolygonFill, OfNothingIsNothing)
     EXPECT_EQ(filled({{}, {}}, {0, 9, 0, 9}), Runs());
     EXPECT_EQ(filled({{{1, 1}, {5, 1}, {5, 5}}}, {0, 9, 0, -1}), Runs());
     EXPECT_EQ(filled({{{-1, 1}, {5, 1}, {5, 5}}}, {0, 9, 0, -1}), Runs());
+    EXPECT_EQ(filled({{{-9, 1}, {7, 1}}}, {0, 9, 5, -5}), Runs());
     EXPECT_EQ(filled({{{1, 1}, {5, 1}, {5, 5}}}, {0, -1, 0, 9}), Runs());
+    EXPECT_EQ(filled({{{1, 0}, {5, 0}, {5, 5}}}, {0, -1, 0, 9}), Runs());
     EXPECT_EQ(filled({{{1, 1}, {5, 1}, {5, 5}}}, {INT_MAX, INT_MIN, INT_MAX, INT_MIN}), Runs());
 }
 
@@ -154,6 +156,16 @@ TEST(PolygonFill, TakesBoxesAtTheLargestAndSmallestInts)
               (Runs{{7, INT_MIN, INT_MIN}, {8, INT_MIN, INT_MIN}}));
     EXPECT_EQ(filled({{{0, INT_MIN}, {0, INT_MIN + 1}}, {{3, INT_MAX}}}, {INT_MIN, INT_MAX, 0, INT_MAX - 1}),
               (Runs{{INT_MIN, 0, 0}, {INT_MIN + 1, 0, 0}, {INT_MAX, 3, 3}}));
+}
+
+TEST(PolygonFill, CostsNothingForRowsOnWhichEdgesPassTheBoxBy)
+{
+    const KivRunBox strip = {INT_MIN, INT_MAX, 0, 3};
+    for (const int column : {-9, 9}) {
+        for (const int lower_column : {column, column - 1}) {
+            EXPECT_EQ(filled({{{column, INT_MIN}, {lower_column, INT_MAX}}}, strip), Runs());
+        }
+    }
 }
 
 TEST(PolygonFill, RefusesBoxesOfMoreColumnsThanAnIntCounts)

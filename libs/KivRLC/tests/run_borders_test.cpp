@@ -69,6 +69,17 @@ void expect_traced_and_filled(const cv::Mat& mask)
     ASSERT_EQ(filled(borders, mask), runs) << support::picture_of(mask);
 }
 
+TEST(Pixel, IsEqualIfBothCoordinatesAre)
+{
+    const KivPixel pixel = {1, 2};
+    EXPECT_TRUE((pixel == KivPixel{1, 2}));
+    EXPECT_FALSE((pixel != KivPixel{1, 2}));
+    for (const KivPixel& other : {KivPixel{1, 3}, KivPixel{3, 2}}) {
+        EXPECT_FALSE(pixel == other);
+        EXPECT_TRUE(pixel != other);
+    }
+}
+
 TEST(RunBorders, OfNothingAreNone)
 {
     EXPECT_EQ(chains_of(KivRunBorders::Of({})), Chains());
@@ -142,11 +153,26 @@ TEST(RunBorders, OfABoxAreThoseOfThePixelsInIt)
               chains_of(KivRunBorders::Of(Runs{{0, 0, 2}, {1, 4, 5}, {2, 0, 5}})));
     EXPECT_EQ(chains_of(KivRunBorders::Of(runs, {5, 9, 0, 9})), Chains());
     EXPECT_EQ(chains_of(KivRunBorders::Of(runs, {0, 9, 6, 5})), Chains());
-    for (const auto& outside : Runs{{0, -1, 3}, {0, 3, 6}, {-1, 3, 3}, {3, 3, 3}}) {
-        EXPECT_EQ(chains_of(KivRunBorders::Of(Runs{outside}, {0, 2, 0, 5})),
-                  chains_of(KivRunBorders::Of(
-                      Runs{{outside.row, std::max(outside.colBegin, 0), std::min(outside.colEnd, 5)}}, {0, 2, 0, 5})));
-    }
+    const Chains cut = {{{{2, 0}, {3, 0}}, 0}};
+    EXPECT_EQ(chains_of(KivRunBorders::Of(Runs{{0, 1, 3}}, {0, 2, 2, 5})), cut);
+    EXPECT_EQ(chains_of(KivRunBorders::Of(Runs{{0, 2, 4}}, {0, 2, 0, 3})), cut);
+    EXPECT_EQ(chains_of(KivRunBorders::Of(Runs{{-1, 3, 3}}, {0, 2, 0, 5})), Chains());
+    EXPECT_EQ(chains_of(KivRunBorders::Of(Runs{{3, 3, 3}}, {0, 2, 0, 5})), Chains());
+}
+
+TEST(RunBorders, OfRunsThatMeetAreThoseOfOneRun)
+{
+    const Chains line = {{{{0, 7}, {1, 7}, {2, 7}, {1, 7}}, 0}};
+    EXPECT_EQ(chains_of(KivRunBorders::Of(Runs{{7, 0, 1}, {7, 2, 2}})), line); // touch
+    EXPECT_EQ(chains_of(KivRunBorders::Of(Runs{{7, 0, 1}, {7, 1, 2}})), line); // overlap
+    EXPECT_EQ(chains_of(KivRunBorders::Of(Runs{{7, 0, 2}, {7, 0, 1}})), line); // one in the other
+}
+
+TEST(RunBorders, DoNotDependOnWhatStandsBehindTheRuns)
+{
+    const Runs runs = {{0, 0, 3}, {1, 0, 1}, {1, 3, 3}};
+    EXPECT_EQ(chains_of(KivRunBorders::Of(KivRunView(runs.data(), 2))),
+              (Chains{{{{0, 0}, {0, 1}, {1, 1}, {2, 0}, {3, 0}, {2, 0}, {1, 0}}, 0}}));
 }
 
 TEST(RunBorders, ReachTheLargestAndSmallestInts)

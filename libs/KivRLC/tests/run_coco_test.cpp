@@ -34,6 +34,7 @@ TEST(RunCoco, CountsColumnByColumn)
     EXPECT_EQ(KivRuns::ToCocoCounts(KivRunSet(), 3, 2), (Counts{6}));
     EXPECT_EQ(KivRuns::ToCocoCounts({{1, 0, 0}}, 1, 2), (Counts{1, 1}));
     EXPECT_EQ(KivRuns::ToCocoCounts(KivRunSet(), 0, 5), (Counts{0}));
+    EXPECT_EQ(KivRuns::ToCocoCounts(KivRunSet(), 5, 0), (Counts{0}));
 }
 
 TEST(RunCoco, LeavesOutWhatLiesOutsideOfTheFrame)
@@ -46,6 +47,7 @@ TEST(RunCoco, TakesCountsOfNothingAnywhere)
     EXPECT_EQ(KivRuns::FromCocoCounts({0, 1, 0, 1, 4, 0}, 3, 2), (KivRunSet{{0, 0, 0}, {1, 0, 0}}));
     EXPECT_TRUE(KivRuns::FromCocoCounts({}, 0, 0).Empty());
     EXPECT_TRUE(KivRuns::FromCocoCounts({0}, 7, 0).Empty());
+    EXPECT_TRUE(KivRuns::FromCocoCounts({0, 0, 0}, 7, 0).Empty());
 }
 
 TEST(RunCoco, PaintsCountsByColumns)
@@ -144,6 +146,7 @@ TEST(RunCoco, RefusesCountsThatDoNotFitTheFrame)
     expect_refused({0}, -1, 2, "negative width or height");
     expect_refused({0}, 1, -2, "negative width or height");
     EXPECT_THROW(KivRuns::ToCocoCounts(KivRunSet(), -1, 0), std::invalid_argument);
+    EXPECT_THROW(KivRuns::ToCocoCounts(KivRunSet(), 0, -1), std::invalid_argument);
 }
 
 TEST(RunCoco, RefusesTextThatIsNone)

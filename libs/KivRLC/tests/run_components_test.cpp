@@ -147,6 +147,7 @@ TEST(RunComponents, ThatTouchABoxFromWithinAreRemoved)
     EXPECT_EQ(KivRuns::WithoutBorderComponents(both, Connectivity::Four, {5, 4, 0, 9}), both);
     EXPECT_EQ(KivRuns::WithoutBorderComponents(both, Connectivity::Four, {4, 4, 4, 1}), both);
     EXPECT_EQ(KivRuns::WithoutBorderComponents(both, Connectivity::Four, {4, 4, 1, 4}), KivRunSet());
+    EXPECT_EQ(KivRuns::WithoutBorderComponents(both, Connectivity::Four, {0, 9, 1, 1}), KivRunSet({{4, 3, 4}}));
 }
 
 TEST(Holes, AreFiniteComponentsOfTheBackground)

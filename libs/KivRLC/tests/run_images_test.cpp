@@ -181,6 +181,14 @@ TEST(RunImages, PaintWhatLiesInTheImage)
     KivRuns::Paint(set, KivImageView<std::uint8_t>{nullptr, 0, 5, 0}, 1);
 }
 
+TEST(RunImages, PaintNothingAboveOrBelowTheImage)
+{
+    cv::Mat_<std::uint16_t> around(3, 4, std::uint16_t{9});
+    cv::Mat middle = around.row(1);
+    KivRuns::Paint({{-1, 0, 3}, {0, 1, 2}, {1, 0, 3}}, KivRuns::ViewOf<std::uint16_t>(middle), 5);
+    EXPECT_EQ(cv::countNonZero(around != (cv::Mat_<std::uint16_t>(3, 4) << 9, 9, 9, 9, 9, 5, 5, 9, 9, 9, 9, 9)), 0);
+}
+
 TEST(RunImages, PaintLabels)
 {
     const cv::Mat labels = KivRuns::ToLabels({{{0, 0, 2}}, KivRunSet(), {{0, 2, 9}}}, 5, 1);
@@ -225,6 +233,7 @@ TEST(RunImages, RefuseWhatIsNoImage)
     const std::uint8_t pixel = 1;
     EXPECT_THROW(KivRuns::FromMask(KivImageView<const std::uint8_t>{&pixel, -1, 1, 1}), std::invalid_argument);
     EXPECT_THROW(KivRuns::FromLabels(KivImageView<const std::uint8_t>{&pixel, 1, -1, 1}), std::invalid_argument);
+    EXPECT_THROW(KivRuns::FromRange(KivImageView<const std::uint8_t>{&pixel, -1, 1, 1}, 0, 1), std::invalid_argument);
     EXPECT_THROW(KivRuns::Paint(KivRunSet(), KivImageView<std::uint8_t>{nullptr, -1, 1, 1}, 1), std::invalid_argument);
     EXPECT_THROW(KivRuns::FromMask(cv::Mat(2, 2, CV_8UC3)), std::invalid_argument);
     EXPECT_THROW(KivRuns::FromMask(cv::Mat(2, 2, CV_8SC1)), std::invalid_argument);

@@ -162,6 +162,10 @@ TEST(RunLists, GiveBackWhatTheyDoNotNeed)
     const auto* const before = runs.data();
     KivRuns::GiveBackSpareRoom(runs);
     EXPECT_EQ(runs.data(), before);
+    runs.reserve(2000);
+    KivRuns::GiveBackSpareRoom(runs);
+    EXPECT_EQ(runs, Runs(1000, {1, 2, 3}));
+    EXPECT_LT(runs.capacity(), 1250U);
 }
 
 } // namespace

@@ -37,6 +37,17 @@ KivRunSet rectangle(int left, int top, int width, int height)
     return KivRunSet(runs);
 }
 
+TEST(Place, IsEqualIfBothCoordinatesAre)
+{
+    const Place place = {1.0, 2.0};
+    EXPECT_TRUE((place == Place{1.0, 2.0}));
+    EXPECT_FALSE((place != Place{1.0, 2.0}));
+    for (const Place& other : {Place{1.0, 3.0}, Place{3.0, 2.0}}) {
+        EXPECT_FALSE(place == other);
+        EXPECT_TRUE(place != other);
+    }
+}
+
 TEST(RunMeasures, OfARing)
 {
     EXPECT_EQ(KivRuns::BoundingBox(ring()), (KivRunBox{20, 22, 10, 13}));
@@ -99,6 +110,9 @@ TEST(RunMeasures, EllipseOfALineHasNoWidth)
     EXPECT_NEAR(falling.minorAxis, 0.0, 1e-9);
     EXPECT_DOUBLE_EQ(falling.angle, pi / 4);
     EXPECT_DOUBLE_EQ(KivRuns::EllipseOf(KivRuns::MomentsOf({{0, 1, 1}, {1, 0, 0}})).angle, -pi / 4);
+    // Where rounding makes the square of the width a little less than 0.
+    EXPECT_NEAR(KivRuns::EllipseOf(KivRuns::MomentsOf({{0, 0, 0}, {1, 9, 9}, {2, 18, 18}})).minorAxis, 0.0, 1e-6);
+    EXPECT_NEAR(KivRuns::EllipseOf(KivRuns::MomentsOf({{0, 0, 0}, {9, 1, 1}, {18, 2, 2}})).minorAxis, 0.0, 1e-6);
     const KivRuns::Ellipse square = KivRuns::EllipseOf(KivRuns::MomentsOf(rectangle(0, 0, 5, 5)));
     EXPECT_EQ(square.majorAxis, square.minorAxis);
     EXPECT_EQ(square.angle, 0.0);

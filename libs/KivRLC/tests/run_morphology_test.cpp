@@ -139,6 +139,10 @@ TEST(Morphology, RefusesResultsBeyondTheInts)
         EXPECT_EQ(KivRuns::Close(at_an_end, square), at_an_end);
         EXPECT_EQ(KivRuns::Dilate(at_an_end, dot), at_an_end);
     }
+    const KivRunSet apart{{0, 0, 0}, {3, -3, -3}, {3, 3, 3}};
+    EXPECT_THROW(KivRuns::Dilate({{INT_MAX - 2, 0, 0}}, apart), std::overflow_error);
+    EXPECT_THROW(KivRuns::Dilate({{0, INT_MAX - 2, INT_MAX - 2}}, apart), std::overflow_error);
+    EXPECT_THROW(KivRuns::Dilate({{0, INT_MIN + 2, INT_MIN + 2}}, apart), std::overflow_error);
     EXPECT_EQ(KivRuns::Dilate({{INT_MIN + 1, INT_MAX - 1, INT_MAX - 1}}, square),
               KivRunSet({{INT_MIN, INT_MAX - 2, INT_MAX},
                          {INT_MIN + 1, INT_MAX - 2, INT_MAX},
@@ -171,6 +175,26 @@ TEST(Morphology, WorksOnRowsAsWideAsTheInts)
               KivRunSet({{0, INT_MIN, INT_MIN}, {0, INT_MAX, INT_MAX}}));
     EXPECT_EQ(KivRuns::Close({{0, INT_MAX - 3, INT_MAX - 3}, {0, INT_MAX, INT_MAX}}, Element::Rectangle(INT_MAX, 3)),
               KivRunSet({{0, INT_MAX - 3, INT_MAX}}));
+}
+
+TEST(Morphology, ByPixelsApartWorksWhereIntsEnd)
+{
+    const KivRunSet side_by_side{{0, 0, 0}, {0, 5, 5}};
+    const KivRunSet one_below_the_other{{0, 0, 0}, {5, 0, 0}};
+    const KivRunSet one_above_the_other{{-5, 0, 0}, {0, 0, 0}};
+    EXPECT_EQ(KivRuns::Erode(KivRunSet::FromBox({INT_MIN, INT_MIN + 9, 0, 0}), one_below_the_other),
+              KivRunSet::FromBox({INT_MIN, INT_MIN + 4, 0, 0}));
+    EXPECT_EQ(KivRuns::Erode(KivRunSet::FromBox({INT_MAX - 9, INT_MAX, 0, 0}), one_above_the_other),
+              KivRunSet::FromBox({INT_MAX - 4, INT_MAX, 0, 0}));
+    // Of two rows, or columns, only one has both pixels.
+    EXPECT_EQ(KivRuns::Open({{INT_MAX - 1, 0, 0}, {INT_MAX, 0, 0}, {INT_MAX, 5, 5}}, side_by_side),
+              KivRunSet({{INT_MAX, 0, 0}, {INT_MAX, 5, 5}}));
+    EXPECT_EQ(KivRuns::Open({{INT_MIN, 0, 0}, {INT_MIN, 5, 5}, {INT_MIN + 1, 5, 5}}, side_by_side),
+              KivRunSet({{INT_MIN, 0, 0}, {INT_MIN, 5, 5}}));
+    EXPECT_EQ(KivRuns::Open({{0, INT_MAX - 1, INT_MAX}, {5, INT_MAX, INT_MAX}}, one_below_the_other),
+              KivRunSet({{0, INT_MAX, INT_MAX}, {5, INT_MAX, INT_MAX}}));
+    EXPECT_EQ(KivRuns::Open({{0, INT_MIN, INT_MIN + 1}, {5, INT_MIN, INT_MIN}}, one_below_the_other),
+              KivRunSet({{0, INT_MIN, INT_MIN}, {5, INT_MIN, INT_MIN}}));
 }
 
 TEST(Morphology, ByHighRectanglesIsAsCheapAsByLowOnes)

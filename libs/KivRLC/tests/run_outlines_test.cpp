@@ -43,6 +43,17 @@ std::vector<std::string> texts_of(const KivRunSet& set)
 
 using Texts = std::vector<std::string>;
 
+TEST(PixelCorner, IsEqualIfBothCoordinatesAre)
+{
+    const PixelCorner corner = {1, 2};
+    EXPECT_TRUE((corner == PixelCorner{1, 2}));
+    EXPECT_FALSE((corner != PixelCorner{1, 2}));
+    for (const PixelCorner& other : {PixelCorner{1, 3}, PixelCorner{3, 2}}) {
+        EXPECT_FALSE(corner == other);
+        EXPECT_TRUE(corner != other);
+    }
+}
+
 TEST(RunOutlines, GoRoundAPixelAndARectangle)
 {
     EXPECT_EQ(texts_of(KivRunSet()), Texts());
@@ -67,6 +78,13 @@ TEST(RunOutlines, KeepPixelsThatMeetByACornerApart)
 {
     EXPECT_EQ(texts_of({{0, 0, 0}, {1, 1, 1}}), (Texts{"outer 0: 0,0 1,0 1,1 0,1", "outer 1: 1,1 2,1 2,2 1,2"}));
     EXPECT_EQ(texts_of({{0, 1, 1}, {1, 0, 0}}), (Texts{"outer 0: 1,0 2,0 2,1 1,1", "outer 1: 0,1 1,1 1,2 0,2"}));
+}
+
+TEST(RunOutlines, TellCornersApartLeftOfTheOrigin)
+{
+    EXPECT_EQ(
+        texts_of({{-1, -4, -4}, {0, -3, -3}, {1, -4, -4}}),
+        (Texts{"outer 0: -4,-1 -3,-1 -3,0 -4,0", "outer 1: -3,0 -2,0 -2,1 -3,1", "outer 2: -4,1 -3,1 -3,2 -4,2"}));
 }
 
 TEST(RunOutlines, CloseAHoleAtACorner)

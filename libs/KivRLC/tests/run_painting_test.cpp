@@ -91,6 +91,15 @@ TEST(RunPainting, PaintsRowsThatAreClearedInPieces)
     EXPECT_TRUE(same(mask, painted_by_pixels(runs, size, 255, 0)));
 }
 
+TEST(RunPainting, PaintsRowsLongerThanThePieces)
+{
+    const cv::Size size(70000, 2);
+    const Runs runs = {{0, 5, 9}, {1, 69999, 69999}};
+    cv::Mat mask(size, CV_8UC1, cv::Scalar(9));
+    KivRuns::PaintMask(runs, KivRuns::ViewOf<std::uint8_t>(mask), 255, 0);
+    EXPECT_TRUE(same(mask, painted_by_pixels(runs, size, 255, 0)));
+}
+
 TEST(RunPainting, TakesImagesWithoutPixelsAndRejectsNegativeOnes)
 {
     const Runs runs = {{0, 0, 0}};

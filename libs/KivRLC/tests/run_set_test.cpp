@@ -16,6 +16,17 @@ namespace
 using run_sets::runs_of;
 using Runs = std::vector<Run>;
 
+TEST(RunBox, IsEqualIfAllBoundsAre)
+{
+    const KivRunBox box = {1, 2, 3, 4};
+    EXPECT_TRUE((box == KivRunBox{1, 2, 3, 4}));
+    EXPECT_FALSE((box != KivRunBox{1, 2, 3, 4}));
+    for (const KivRunBox& other : {KivRunBox{9, 2, 3, 4}, {1, 9, 3, 4}, {1, 2, 9, 4}, {1, 2, 3, 9}}) {
+        EXPECT_FALSE(box == other);
+        EXPECT_TRUE(box != other);
+    }
+}
+
 TEST(RunSet, IsEmptyByDefault)
 {
     const KivRunSet set;
@@ -121,6 +132,7 @@ TEST(RunSet, SaysWhyAListIsNotThatOfASet)
               "run 1: its row lies above that of the run before it");
     EXPECT_EQ(KivRunSet::WhyNotCanonical(Runs{{0, 4, 5}, {0, 0, 1}}), "run 1: it begins left of the run before it");
     EXPECT_EQ(KivRunSet::WhyNotCanonical(Runs{{0, 0, 5}, {0, 5, 6}}), "run 1: it overlaps the run before it");
+    EXPECT_EQ(KivRunSet::WhyNotCanonical(Runs{{0, 0, 5}, {0, 0, 6}}), "run 1: it overlaps the run before it");
     EXPECT_EQ(KivRunSet::WhyNotCanonical(Runs{{0, 0, 5}, {0, 6, 6}}), "run 1: it touches the run before it");
     EXPECT_EQ(KivRunSet::WhyNotCanonical(Runs{{0, INT_MIN, INT_MAX}, {1, INT_MIN, INT_MAX}}), "");
 }

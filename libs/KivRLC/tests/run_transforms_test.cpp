@@ -75,6 +75,10 @@ TEST(RunTransforms, Transpose)
 {
     EXPECT_EQ(runs_of(KivRuns::Transpose(hook)), (Runs{{0, 2, 2}, {1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {5, 0, 0}}));
     EXPECT_TRUE(KivRuns::Transpose(KivRunSet()).Empty());
+    for (const int row : {INT_MIN, INT_MAX - 2}) {
+        EXPECT_EQ(runs_of(KivRuns::Transpose({{row, 7, 7}, {row + 1, 7, 7}, {row + 2, 7, 7}})),
+                  (Runs{{7, row, row + 2}}));
+    }
     const KivRunSet far{
         {INT_MIN, INT_MAX, INT_MAX}, {INT_MIN + 1, INT_MAX, INT_MAX}, {0, 7, 7}, {INT_MAX, INT_MIN, INT_MIN}};
     EXPECT_EQ(runs_of(KivRuns::Transpose(far)),
@@ -93,6 +97,8 @@ TEST(RunTransforms, TransposeWideSets)
     ASSERT_EQ(KivRunSet::WhyNotCanonical(transposed.Runs()), "");
     EXPECT_EQ(transposed.Runs()[5999], (::Run{40 * 2999 + 1, 2999, 2999}));
     EXPECT_EQ(KivRuns::Transpose(transposed), KivRunSet(diagonal));
+    EXPECT_EQ(runs_of(KivRuns::Transpose({{0, 65535, 65535}, {1, 0, 0}})), (Runs{{0, 1, 1}, {65535, 0, 0}}));
+    EXPECT_EQ(runs_of(KivRuns::Transpose({{0, 65536, 65536}, {1, 0, 0}})), (Runs{{0, 1, 1}, {65536, 0, 0}}));
 }
 
 TEST(RunTransforms, Crop)
@@ -101,6 +107,7 @@ TEST(RunTransforms, Crop)
     EXPECT_EQ(runs_of(KivRuns::Crop(hook, {0, 2, 0, 0})), (Runs{{2, 0, 0}}));
     EXPECT_EQ(KivRuns::Crop(hook, {INT_MIN, INT_MAX, INT_MIN, INT_MAX}), hook);
     EXPECT_TRUE(KivRuns::Crop(hook, {2, 0, 0, 9}).Empty());
+    EXPECT_TRUE(KivRuns::Crop(hook, {3, -1, 0, 9}).Empty()); // with runs in between
     EXPECT_TRUE(KivRuns::Crop(hook, {0, 2, 3, 1}).Empty());
 }
 

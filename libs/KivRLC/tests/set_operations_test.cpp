@@ -92,6 +92,28 @@ TEST(RunSetOperations, CombineDenseRowsAtEveryPlace)
     }
 }
 
+TEST(RunSetOperations, CombineDenseRowsWithALongRun)
+{
+    // Rows are read in blocks of 4096 pixels from their first one on. The run ends within the second, or with it.
+    for (const int end : {4200, 8191}) {
+        Runs runs;
+        for (int x = 0; x < 3890; x += 2) {
+            runs.push_back({3, x, x});
+        }
+        runs.push_back({3, 3900, end});
+        const KivRunSet a(runs);
+        const KivRunSet b{{3, end, end}, {3, end + 4, end + 4}};
+        EXPECT_EQ(runs_of(a & b), (Runs{{3, end, end}}));
+        EXPECT_EQ(runs_of(b - a), (Runs{{3, end + 4, end + 4}}));
+        runs.back().colEnd = end - 1;
+        EXPECT_EQ(runs_of(a - b), runs);
+        runs.push_back({3, end + 4, end + 4});
+        EXPECT_EQ(runs_of(a ^ b), runs);
+        runs[runs.size() - 2].colEnd = end;
+        EXPECT_EQ(runs_of(a | b), runs);
+    }
+}
+
 TEST(RunSetOperations, AssignToAnOperand)
 {
     const KivRunSet a{{0, 0, 5}};
@@ -225,6 +247,7 @@ TEST(RunSetOperations, ComplementWithinABox)
     EXPECT_EQ(runs_of(set.Complement({0, 0, -9, 1})), (Runs{{0, -9, 1}}));
     EXPECT_TRUE(set.Complement({1, 0, 0, 7}).Empty());
     EXPECT_TRUE(set.Complement({0, 1, 7, 0}).Empty());
+    EXPECT_TRUE(set.Complement({4, -1, 0, 7}).Empty()); // with runs in between
     EXPECT_EQ(runs_of(KivRunSet().Complement({4, 5, -1, 1})), (Runs{{4, -1, 1}, {5, -1, 1}}));
 }
 
