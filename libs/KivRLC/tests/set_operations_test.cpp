@@ -94,7 +94,6 @@ TEST(RunSetOperations, CombineDenseRowsAtEveryPlace)
 
 TEST(RunSetOperations, CombineDenseRowsWithALongRun)
 {
-    // Rows are read in blocks of 4096 pixels from their first one on. The run ends within the second, or with it.
     for (const int end : {4200, 8191}) {
         Runs runs;
         for (int x = 0; x < 3890; x += 2) {
