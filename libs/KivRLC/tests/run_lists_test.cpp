@@ -70,6 +70,9 @@ TEST(RunLists, AreNotCombinedUnlessBothAreCanonical)
     EXPECT_FALSE(KivRuns::AppendIntersection(b, touching, out));
     EXPECT_FALSE(KivRuns::AppendDifference(touching, b, out));
     EXPECT_FALSE(KivRuns::AppendDifference(b, touching, out));
+    const Runs inverted = {{0, 5, 4}};
+    EXPECT_FALSE(KivRuns::AppendIntersection(inverted, b, out));
+    EXPECT_FALSE(KivRuns::AppendIntersection(b, inverted, out));
     EXPECT_EQ(out, (Runs{{9, 9, 9}}));
 }
 
