@@ -9,8 +9,11 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <random>
 #include <stdexcept>
 #include <utility>
@@ -179,6 +182,24 @@ TEST(RunImages, PaintWhatLiesInTheImage)
     EXPECT_EQ(numbers.at<int>(0, 1), 1 << 30);
     KivRuns::Paint(set, KivImageView<std::uint8_t>{nullptr, 0, 0, 0}, 1);
     KivRuns::Paint(set, KivImageView<std::uint8_t>{nullptr, 0, 5, 0}, 1);
+}
+
+TEST(RunImages, FindTheValuesWithinRealBounds)
+{
+    EXPECT_EQ(KivRuns::ValuesWithin<std::uint8_t>(1.5, 3.5), (std::pair<std::uint8_t, std::uint8_t>(2, 3)));
+    EXPECT_EQ(KivRuns::ValuesWithin<std::uint8_t>(2, 2), (std::pair<std::uint8_t, std::uint8_t>(2, 2)));
+    EXPECT_EQ(KivRuns::ValuesWithin<std::uint8_t>(1.2, 1.8), std::nullopt);
+    EXPECT_EQ(KivRuns::ValuesWithin<float>(0.5, 0.5), std::pair(0.5F, 0.5F));
+    EXPECT_EQ(KivRuns::ValuesWithin<float>(0.1, 0.1), std::nullopt);          // which no float is
+    EXPECT_EQ(KivRuns::ValuesWithin<float>(0.1, 0.5), std::pair(0.1F, 0.5F)); // 0.1F is a little more than 0.1
+    EXPECT_EQ(KivRuns::ValuesWithin<float>(std::nan(""), 1), std::nullopt);
+}
+
+TEST(RunImages, PaintMatricesInWhite)
+{
+    cv::Mat_<uchar> mask(1, 3, uchar{7});
+    KivRuns::Paint({{0, 1, 1}}, mask);
+    EXPECT_EQ(cv::countNonZero(mask != cv::Mat_<uchar>({1, 3}, {7, 255, 7})), 0);
 }
 
 TEST(RunImages, PaintNothingAboveOrBelowTheImage)
