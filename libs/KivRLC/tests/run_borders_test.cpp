@@ -69,17 +69,6 @@ void expect_traced_and_filled(const cv::Mat& mask)
     ASSERT_EQ(filled(borders, mask), runs) << support::picture_of(mask);
 }
 
-TEST(Pixel, IsEqualIfBothCoordinatesAre)
-{
-    const KivPixel pixel = {1, 2};
-    EXPECT_TRUE((pixel == KivPixel{1, 2}));
-    EXPECT_FALSE((pixel != KivPixel{1, 2}));
-    for (const KivPixel& other : {KivPixel{1, 3}, KivPixel{3, 2}}) {
-        EXPECT_FALSE(pixel == other);
-        EXPECT_TRUE(pixel != other);
-    }
-}
-
 TEST(RunBorders, OfNothingAreNone)
 {
     EXPECT_EQ(chains_of(KivRunBorders::Of({})), Chains());

@@ -37,17 +37,6 @@ KivRunSet rectangle(int left, int top, int width, int height)
     return KivRunSet(runs);
 }
 
-TEST(Place, IsEqualIfBothCoordinatesAre)
-{
-    const Place place = {1.0, 2.0};
-    EXPECT_TRUE((place == Place{1.0, 2.0}));
-    EXPECT_FALSE((place != Place{1.0, 2.0}));
-    for (const Place& other : {Place{1.0, 3.0}, Place{3.0, 2.0}}) {
-        EXPECT_FALSE(place == other);
-        EXPECT_TRUE(place != other);
-    }
-}
-
 TEST(RunMeasures, OfARing)
 {
     EXPECT_EQ(KivRuns::BoundingBox(ring()), (KivRunBox{20, 22, 10, 13}));

@@ -43,17 +43,6 @@ std::vector<std::string> texts_of(const KivRunSet& set)
 
 using Texts = std::vector<std::string>;
 
-TEST(PixelCorner, IsEqualIfBothCoordinatesAre)
-{
-    const PixelCorner corner = {1, 2};
-    EXPECT_TRUE((corner == PixelCorner{1, 2}));
-    EXPECT_FALSE((corner != PixelCorner{1, 2}));
-    for (const PixelCorner& other : {PixelCorner{1, 3}, PixelCorner{3, 2}}) {
-        EXPECT_FALSE(corner == other);
-        EXPECT_TRUE(corner != other);
-    }
-}
-
 TEST(RunOutlines, GoRoundAPixelAndARectangle)
 {
     EXPECT_EQ(texts_of(KivRunSet()), Texts());

@@ -16,17 +16,6 @@ namespace
 using run_sets::runs_of;
 using Runs = std::vector<Run>;
 
-TEST(RunBox, IsEqualIfAllBoundsAre)
-{
-    const KivRunBox box = {1, 2, 3, 4};
-    EXPECT_TRUE((box == KivRunBox{1, 2, 3, 4}));
-    EXPECT_FALSE((box != KivRunBox{1, 2, 3, 4}));
-    for (const KivRunBox& other : {KivRunBox{9, 2, 3, 4}, {1, 9, 3, 4}, {1, 2, 9, 4}, {1, 2, 3, 9}}) {
-        EXPECT_FALSE(box == other);
-        EXPECT_TRUE(box != other);
-    }
-}
-
 TEST(RunSet, IsEmptyByDefault)
 {
     const KivRunSet set;
