@@ -71,7 +71,7 @@ TEST(RunImages, TakeBothBoundsIn)
     EXPECT_TRUE(KivRuns::FromRange(image, 9.25, 9.75).Empty());
     EXPECT_TRUE(KivRuns::FromRange(KivRuns::ViewOf<const std::uint8_t>(image), 21, 20).Empty());
     EXPECT_TRUE(KivRuns::FromRange(image, std::numeric_limits<double>::quiet_NaN(), 255).Empty());
-    const cv::Mat reals = cv::Mat_<float>({1, 3}, {0.1F, 0.2F, 0.3F});
+    const cv::Mat reals = (cv::Mat_<float>(1, 3) << 0.1F, 0.2F, 0.3F);
     EXPECT_EQ(runs_of(KivRuns::FromRange(reals, 0.1F, 0.2F)), (Runs{{0, 0, 1}}));
     EXPECT_EQ(runs_of(KivRuns::FromRange(reals, double{0.1F} + 1e-12, double{0.3F} - 1e-12)), (Runs{{0, 1, 1}}));
 }
@@ -80,7 +80,7 @@ TEST(RunImages, FindNoRangeOfWhatIsNoNumber)
 {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const float infinity = std::numeric_limits<float>::infinity();
-    const cv::Mat image = cv::Mat_<float>({1, 5}, {nan, -infinity, 0.0F, infinity, nan});
+    const cv::Mat image = (cv::Mat_<float>(1, 5) << nan, -infinity, 0.0F, infinity, nan);
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, -infinity, infinity)), (Runs{{0, 1, 3}}));
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, -infinity, 0.0)), (Runs{{0, 1, 2}}));
     EXPECT_TRUE(KivRuns::FromRange(image, nan, infinity).Empty());
@@ -167,7 +167,7 @@ TEST(RunImages, PaintWhatLiesInTheImage)
 {
     const KivRunSet set{{-1, 0, 9}, {0, -5, 1}, {0, 3, 3}, {1, 2, 9}, {1, 12, INT_MAX}, {3, 0, 0}};
     const cv::Mat mask = KivRuns::ToMask(set, 4, 3, 7);
-    EXPECT_EQ(cv::countNonZero(mask != cv::Mat_<uchar>({3, 4}, {7, 7, 0, 7, 0, 0, 7, 7, 0, 0, 0, 0})), 0);
+    EXPECT_EQ(cv::countNonZero(mask != (cv::Mat_<uchar>(3, 4) << 7, 7, 0, 7, 0, 0, 7, 7, 0, 0, 0, 0)), 0);
     EXPECT_EQ(KivRuns::ToMask(set, 4, 3).at<uchar>(0, 0), 255);
     cv::Mat reals(1, 3, CV_32FC1, cv::Scalar(0.5));
     KivRuns::Paint({{0, 1, 1}}, KivRuns::ViewOf<float>(reals), 2.5F);
