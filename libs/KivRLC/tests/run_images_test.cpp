@@ -64,7 +64,7 @@ TEST(RunImages, FindRangesOfValues)
 
 TEST(RunImages, TakeBothBoundsIn)
 {
-    const cv::Mat image = cv::Mat_<std::uint8_t>({1, 6}, {0, 9, 10, 20, 21, 255});
+    const cv::Mat image = (cv::Mat_<std::uint8_t>(1, 6) << 0, 9, 10, 20, 21, 255);
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, 10, 20)), (Runs{{0, 2, 3}}));
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, 0, 255)), (Runs{{0, 0, 5}}));
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, 9.5, 20.5)), (Runs{{0, 2, 3}}));
@@ -134,7 +134,7 @@ TEST(RunImages, ReadAndWriteAtAnyStride)
 
 TEST(RunImages, SplitLabels)
 {
-    const cv::Mat labels = cv::Mat_<std::int32_t>({2, 6}, {7, 7, 0, -2, 7, INT_MAX, 0, 7, 7, 7, -2, -2});
+    const cv::Mat labels = (cv::Mat_<std::int32_t>(2, 6) << 7, 7, 0, -2, 7, INT_MAX, 0, 7, 7, 7, -2, -2);
     const std::vector<KivRuns::LabelledSet> sets = KivRuns::FromLabels(labels);
     ASSERT_EQ(sets.size(), 3U);
     EXPECT_EQ(sets[0].label, -2);
@@ -184,7 +184,7 @@ TEST(RunImages, PaintWhatLiesInTheImage)
 TEST(RunImages, PaintLabels)
 {
     const cv::Mat labels = KivRuns::ToLabels({{{0, 0, 2}}, KivRunSet(), {{0, 2, 9}}}, 5, 1);
-    EXPECT_EQ(cv::countNonZero(labels != cv::Mat_<std::int32_t>({1, 5}, {1, 1, 3, 3, 3})), 0);
+    EXPECT_EQ(cv::countNonZero(labels != (cv::Mat_<std::int32_t>(1, 5) << 1, 1, 3, 3, 3)), 0);
 }
 
 TEST(RunImages, PaintComponents)
