@@ -51,13 +51,13 @@ public:
     {
     }
 
-    KivVar(const KivVar& other);                                ///< An equal value.
+    inline KivVar(const KivVar& other);                         ///< An equal value.
     KivVar(KivVar&& other) noexcept : KivVar() { swap(other); } ///< Takes the value over.
-    KivVar& operator=(KivVar&& other) noexcept;                 ///< Takes the value over.
-    ~KivVar();
+    inline KivVar& operator=(KivVar&& other) noexcept;          ///< Takes the value over.
+    inline ~KivVar();
 
     /// Becomes equal to `other`; on std::bad_alloc (texts only) it keeps its value.
-    KivVar& operator=(const KivVar& other);
+    inline KivVar& operator=(const KivVar& other);
 
     /// The type tag: one of Kind.
     int ValType() const noexcept { return kind_; }
