@@ -195,9 +195,11 @@ TEST(RunImages, PaintComponents)
     const KivRunSet set{{-1, -2, 0}, {0, -2, 0}, {0, 3, 3}, {1, 4, 4}};
     cv::Mat_<std::int32_t> labels = cv::Mat_<std::int32_t>(2, 5, -1);
     KivRuns::PaintComponents(set, KivRuns::Connectivity::Eight, KivRuns::ViewOf<std::int32_t>(labels));
-    EXPECT_EQ(cv::countNonZero(labels != (cv::Mat_<std::int32_t>(2, 5) << 1, -1, -1, 2, -1, -1, -1, -1, -1, 2)), 0);
+    EXPECT_EQ(cv::countNonZero(labels != support::matrix_of<std::int32_t>(2, {1, -1, -1, 2, -1, -1, -1, -1, -1, 2})),
+              0);
     KivRuns::PaintComponents(set, KivRuns::Connectivity::Four, KivRuns::ViewOf<std::int32_t>(labels));
-    EXPECT_EQ(cv::countNonZero(labels != (cv::Mat_<std::int32_t>(2, 5) << 1, -1, -1, 2, -1, -1, -1, -1, -1, 3)), 0);
+    EXPECT_EQ(cv::countNonZero(labels != support::matrix_of<std::int32_t>(2, {1, -1, -1, 2, -1, -1, -1, -1, -1, 3})),
+              0);
 }
 
 TEST(RunImages, PaintComponentsAsTheirSetsAre)
