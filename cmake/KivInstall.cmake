@@ -18,6 +18,7 @@ function(kiv_install target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "COMPONENT;DESCRIPTION" "OPENCV;PACKAGES")
     set(dev ${arg_COMPONENT}_dev)
     install(TARGETS ${target} EXPORT ${target}Targets
+        RUNTIME COMPONENT ${arg_COMPONENT}
         LIBRARY COMPONENT ${arg_COMPONENT} NAMELINK_COMPONENT ${dev}
         ARCHIVE COMPONENT ${dev})
     install(DIRECTORY include/ TYPE INCLUDE COMPONENT ${dev})

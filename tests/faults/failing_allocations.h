@@ -7,6 +7,13 @@
 namespace faults
 {
 
+/// Whether the libraries' allocations can be made to fail. They have an operator new of their own where they are DLLs.
+#if defined(_WIN32) && !defined(KIV_STATIC)
+inline constexpr bool reach_libraries = false;
+#else
+inline constexpr bool reach_libraries = true;
+#endif
+
 /// Lets the n-th allocation of this thread fail, counted from 1; 0 lets all succeed. Starts counting anew.
 void fail_allocation(long nth);
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "cases.h"
 
+#include "support/pages.h"
 #include "support/pictures.h"
 
 #include <climits>
-#include <sys/mman.h>
 
 namespace
 {
@@ -116,17 +116,11 @@ KivContour box(double left, double top, double right, double bottom)
 class MostPixels
 {
 public:
-    MostPixels() : pages_(mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)) {}
-    MostPixels(const MostPixels&) = delete;
-    MostPixels& operator=(const MostPixels&) = delete;
-    ~MostPixels() { munmap(pages_, size); }
-
-    KivImage column() const { return KivImage(cv::Mat(INT_MAX, 1, CV_8UC1, pages_)); }
-    KivImage row() const { return KivImage(cv::Mat(1, INT_MAX, CV_8UC1, pages_)); }
+    KivImage column() const { return KivImage(cv::Mat(INT_MAX, 1, CV_8UC1, pages_.data())); }
+    KivImage row() const { return KivImage(cv::Mat(1, INT_MAX, CV_8UC1, pages_.data())); }
 
 private:
-    static constexpr std::size_t size = std::size_t{1} << 31;
-    void* pages_;
+    support::Pages pages_{std::size_t{1} << 31};
 };
 
 KivImage image(int width, int height, int type, double value)

@@ -18,10 +18,13 @@ namespace
 using hostile::Case;
 using hostile::Cases;
 
-/// Whether a matrix would have needed more memory than there is, or, where sizes have 32 bits, than a size can say.
+/// Whether a matrix would have needed more memory than there is, or, where sizes have 32 bits, than a size can say. Old
+/// versions of OpenCV replace the error of memory by that of an assertion, by which the matrix should have got its
+/// block.
 bool is_too_large(const cv::Exception& error)
 {
-    return error.code == cv::Error::StsNoMem || (sizeof(std::size_t) == 4 && error.code == cv::Error::StsOutOfRange);
+    return error.code == cv::Error::StsNoMem || error.err == "u != 0" ||
+           (sizeof(std::size_t) == 4 && error.code == cv::Error::StsOutOfRange);
 }
 
 std::string outcome_of(const Case& hostile_case)
@@ -53,6 +56,9 @@ protected:
 
 TEST_P(Hostile, ArgumentsLeadToWhatIsPromised)
 {
+    if (!faults::reach_libraries && GetParam().outcome == hostile::too_large) {
+        GTEST_SKIP() << "the libraries have as much memory as there is";
+    }
     EXPECT_TRUE(support::is_quick([] { EXPECT_EQ(outcome_of(GetParam()), GetParam().outcome); }));
 }
 

@@ -4,6 +4,7 @@
 
 #include <KivDataConvert/KivDataConvert.h>
 
+#include "support/matrices.h"
 #include "support/rasters.h"
 
 #include <gtest/gtest.h>
@@ -20,6 +21,7 @@ namespace
 using KIVMV::KivImageToMatrix;
 using KIVMV::KivMatrixToImage;
 using support::grey_of;
+using support::matrix_of;
 using support::same_pixels;
 
 cv::Mat filled(int width, int height, int type)
@@ -38,7 +40,7 @@ cv::Mat three_dimensional()
 // What the output holds before each call.
 cv::Mat earlier_pixels()
 {
-    return cv::Mat_<double>({2, 3}, {1.5, 2.5, 3.5, 4.5, 5.5, 6.5});
+    return matrix_of<double>(2, {1.5, 2.5, 3.5, 4.5, 5.5, 6.5});
 }
 
 // ---------------------------------------------------------------------------------------------------------------
@@ -79,7 +81,7 @@ TEST(ImageToMatrix, SharesPixelsOfEveryDepth)
 
 TEST(ImageToMatrix, WritingThroughAnyOfTheTwoIsSeenThroughTheOther)
 {
-    KivImage image(cv::Mat_<unsigned short>({1, 3}, {1000, 2000, 3000}));
+    KivImage image(matrix_of<unsigned short>(1, {1000, 2000, 3000}));
     KivMatrix matrix;
     ASSERT_EQ(KivImageToMatrix(image, &matrix), KIVMV::KIVMV_OK);
     ASSERT_EQ(matrix.Mat().type(), CV_16UC1);
@@ -203,14 +205,14 @@ void expect_matrix_refused(const cv::Mat& values)
 
 TEST(MatrixToImage, DoublesAreRoundedAndClamped)
 {
-    expect_copy(cv::Mat_<double>({1, 4}, {0.4, 0.6, 300.0, -2.0}), grey_of({{0, 1, 255, 0}}));
+    expect_copy(matrix_of<double>(1, {0.4, 0.6, 300.0, -2.0}), grey_of({{0, 1, 255, 0}}));
 }
 
 TEST(MatrixToImage, TiesGoToTheEvenNeighbour)
 {
     const cv::Mat expected = grey_of({{0, 2, 2, 4, 254, 255, 0, 0}});
-    expect_copy(cv::Mat_<double>({1, 8}, {0.5, 1.5, 2.5, 3.5, 254.5, 255.5, -0.5, -0.4}), expected);
-    expect_copy(cv::Mat_<float>({1, 8}, {0.5F, 1.5F, 2.5F, 3.5F, 254.5F, 255.5F, -0.5F, -0.4F}), expected);
+    expect_copy(matrix_of<double>(1, {0.5, 1.5, 2.5, 3.5, 254.5, 255.5, -0.5, -0.4}), expected);
+    expect_copy(matrix_of<float>(1, {0.5F, 1.5F, 2.5F, 3.5F, 254.5F, 255.5F, -0.5F, -0.4F}), expected);
 }
 
 TEST(MatrixToImage, TiesGoToTheEvenNeighbourInLongRowsAsWell)
@@ -234,13 +236,13 @@ TEST(MatrixToImage, NaNAndWhatNoIntCanHoldBecomeZero)
     constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     const cv::Mat expected = grey_of({{0, 0, 0, 0, 0, 255, 0, 255, 0, 0, 0, 0}});
-    expect_copy(cv::Mat_<double>({1, 12}, {nan, -nan, infinity, -infinity, 2147483648.0, 2147483647.0, -2147483649.0,
-                                           2147483647.25, 2147483647.5, -3e9, 5e9, 1e300}),
+    expect_copy(matrix_of<double>(1, {nan, -nan, infinity, -infinity, 2147483648.0, 2147483647.0, -2147483649.0,
+                                      2147483647.25, 2147483647.5, -3e9, 5e9, 1e300}),
                 expected);
     const float float_infinity = std::numeric_limits<float>::infinity();
     const float float_nan = std::numeric_limits<float>::quiet_NaN();
-    expect_copy(cv::Mat_<float>({1, 12}, {float_nan, -float_nan, float_infinity, -float_infinity, 2147483648.0F,
-                                          2147483520.0F, -4294967296.0F, 256.0F, -3e9F, 5e9F, 4294967296.0F, 1e38F}),
+    expect_copy(matrix_of<float>(1, {float_nan, -float_nan, float_infinity, -float_infinity, 2147483648.0F,
+                                     2147483520.0F, -4294967296.0F, 256.0F, -3e9F, 5e9F, 4294967296.0F, 1e38F}),
                 expected);
 }
 
@@ -248,8 +250,8 @@ TEST(MatrixToImage, NaNAndWhatNoIntCanHoldBecomeZero)
 TEST(MatrixToImage, HalfFloatsAreRoundedAndClampedAlike)
 {
     const float infinity = std::numeric_limits<float>::infinity();
-    const cv::Mat some = cv::Mat_<float>({1, 11}, {0.5F, 1.5F, 2.5F, 254.5F, 255.5F, -0.5F, 0.75F, 60000.0F, infinity,
-                                                   -infinity, std::numeric_limits<float>::quiet_NaN()});
+    const cv::Mat some = matrix_of<float>(1, {0.5F, 1.5F, 2.5F, 254.5F, 255.5F, -0.5F, 0.75F, 60000.0F, infinity,
+                                              -infinity, std::numeric_limits<float>::quiet_NaN()});
     const cv::Mat floats = cv::repeat(some, 1, 9);
     const cv::Mat expected = cv::repeat(grey_of({{0, 2, 2, 254, 255, 0, 1, 255, 0, 0, 0}}), 1, 9);
     cv::Mat halves;
@@ -265,27 +267,27 @@ TEST(RoundedBytes, AreTheNearestBytes)
     constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     const cv::Mat values =
-        cv::Mat_<double>({2, 9}, {0.5, 1.5, 2.5, 3.5, 254.5, 255.5, -0.5, 0.49999999999999994, 1e300, nan, infinity,
-                                  -infinity, 2147483647.25, 2147483647.5, -3e9, 100.4, 100.6, 300.0});
+        matrix_of<double>(2, {0.5, 1.5, 2.5, 3.5, 254.5, 255.5, -0.5, 0.49999999999999994, 1e300, nan, infinity,
+                              -infinity, 2147483647.25, 2147483647.5, -3e9, 100.4, 100.6, 300.0});
     const cv::Mat expected = grey_of({{0, 2, 2, 4, 254, 255, 0, 0, 0}, {0, 0, 0, 255, 0, 0, 100, 101, 255}});
     EXPECT_TRUE(same_pixels(KivMatrix(kiv::rounded_bytes(values)), expected));
     EXPECT_TRUE(same_pixels(KivMatrix(kiv::rounded_bytes(support::padded(values, 1, 2, 99).inner)), expected));
     EXPECT_TRUE(same_pixels(KivMatrix(kiv::rounded_bytes(values.reshape(3))), expected.reshape(3)));
-    const cv::Mat floats = cv::Mat_<float>({1, 4}, {0.5F, 1.5F, 2147483520.0F, 2147483648.0F});
+    const cv::Mat floats = matrix_of<float>(1, {0.5F, 1.5F, 2147483520.0F, 2147483648.0F});
     EXPECT_TRUE(same_pixels(KivMatrix(kiv::rounded_bytes(floats)), grey_of({{0, 2, 255, 0}})));
 }
 
 TEST(MatrixToImage, FloatsBetweenZeroAndOneAreNotRescaled)
 {
-    expect_copy(cv::Mat_<float>({2, 2}, {0.0F, 0.25F, 0.75F, 1.0F}), grey_of({{0, 0}, {1, 1}}));
+    expect_copy(matrix_of<float>(2, {0.0F, 0.25F, 0.75F, 1.0F}), grey_of({{0, 0}, {1, 1}}));
 }
 
 TEST(MatrixToImage, IntegersOfEveryDepthAreClamped)
 {
-    expect_copy(cv::Mat_<signed char>({1, 4}, {-128, -1, 0, 127}), grey_of({{0, 0, 0, 127}}));
-    expect_copy(cv::Mat_<unsigned short>({1, 4}, {0, 255, 256, 65535}), grey_of({{0, 255, 255, 255}}));
-    expect_copy(cv::Mat_<short>({1, 5}, {-32768, -1, 255, 256, 32767}), grey_of({{0, 0, 255, 255, 255}}));
-    expect_copy(cv::Mat_<int>({1, 6}, {INT_MIN, -1, 7, 255, 256, INT_MAX}), grey_of({{0, 0, 7, 255, 255, 255}}));
+    expect_copy(matrix_of<signed char>(1, {-128, -1, 0, 127}), grey_of({{0, 0, 0, 127}}));
+    expect_copy(matrix_of<unsigned short>(1, {0, 255, 256, 65535}), grey_of({{0, 255, 255, 255}}));
+    expect_copy(matrix_of<short>(1, {-32768, -1, 255, 256, 32767}), grey_of({{0, 0, 255, 255, 255}}));
+    expect_copy(matrix_of<int>(1, {INT_MIN, -1, 7, 255, 256, INT_MAX}), grey_of({{0, 0, 7, 255, 255, 255}}));
 }
 
 TEST(MatrixToImage, BytesAreCopiedAsTheyAre)

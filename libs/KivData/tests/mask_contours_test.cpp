@@ -2,6 +2,7 @@
 #include <KivData/KivROI.h>
 #include <KivRLC/KivRLC.h>
 
+#include "support/matrices.h"
 #include "support/pictures.h"
 
 #include <gtest/gtest.h>
@@ -267,9 +268,9 @@ TEST(MaskContours, FindsNothingInAnEmptyMask)
 TEST(MaskContours, TakesAnyNonZeroPixelOfAnyDepthAsForeground)
 {
     const KivContourArray dot{KivContour{{1.0, 0.0}}};
-    EXPECT_EQ(traced(cv::Mat_<uchar>({2, 3}, {0, 1, 0, 0, 0, 0})), dot);
-    EXPECT_EQ(traced(cv::Mat_<ushort>({2, 3}, {0, 256, 0, 0, 0, 0})), dot);
-    EXPECT_EQ(traced(cv::Mat_<float>({2, 3}, {0, -0.25F, 0, 0, 0, 0})), dot);
+    EXPECT_EQ(traced(support::matrix_of<uchar>(2, {0, 1, 0, 0, 0, 0})), dot);
+    EXPECT_EQ(traced(support::matrix_of<ushort>(2, {0, 256, 0, 0, 0, 0})), dot);
+    EXPECT_EQ(traced(support::matrix_of<float>(2, {0, -0.25F, 0, 0, 0, 0})), dot);
 }
 
 TEST(MaskContours, RefusesColourAndKeepsItsOutputs)

@@ -188,6 +188,42 @@ TEST(Var, EqualsTheNumberThatItIs)
     EXPECT_TRUE(KivVar("1") != 1);
 }
 
+TEST(Var, EqualsIntegersExactlyAtTheEndsOfTheirRanges)
+{
+    EXPECT_TRUE(KivVar(9223372036854775808.0) != LLONG_MAX); // which is one less
+    EXPECT_TRUE(KivVar(9223372036854775808.0) == 9223372036854775808ULL);
+    EXPECT_TRUE(KivVar(9223372036854774784.0) == 9223372036854774784);
+    EXPECT_TRUE(KivVar(9223372036854774784.0) != 9223372036854774785);
+    EXPECT_TRUE(KivVar(-9223372036854775808.0) == LLONG_MIN);
+    EXPECT_TRUE(KivVar(-9223372036854775808.0) != LLONG_MIN + 1);
+    EXPECT_TRUE(KivVar(18446744073709551616.0) != ULLONG_MAX); // which is one less
+    EXPECT_TRUE(KivVar(18446744073709549568.0) == 18446744073709549568ULL);
+    EXPECT_TRUE(KivVar(-1.0) != ULLONG_MAX);
+    EXPECT_TRUE(KivVar(infinity) != ULLONG_MAX);
+    EXPECT_TRUE(KivVar(-infinity) != LLONG_MIN);
+    EXPECT_TRUE(KivVar(INT_MIN) == INT_MIN);
+    EXPECT_TRUE(KivVar(256) != static_cast<unsigned char>(0));
+}
+
+TEST(Var, EqualsNoIntegerBesideAFraction)
+{
+    EXPECT_TRUE(KivVar(-0.5) != 0U);
+    EXPECT_TRUE(KivVar(-0.5) != 0);
+    EXPECT_TRUE(KivVar(4503599627370495.5) != 4503599627370495);
+    EXPECT_TRUE(KivVar(0.5) != true);
+    EXPECT_TRUE(KivVar(1.0) == true);
+    EXPECT_TRUE(KivVar(-0.0) == false);
+    EXPECT_TRUE(KivVar(std::nan("")) != 0);
+}
+
+TEST(Var, EqualsRealNumbersOfAnyWidth)
+{
+    EXPECT_TRUE(KivVar(0.1) != 0.1F);
+    EXPECT_TRUE(KivVar(0.5) == 0.5F);
+    EXPECT_TRUE(KivVar(16777217) != 16777216.0F);
+    EXPECT_TRUE(KivVar(0.1) == static_cast<long double>(0.1));
+}
+
 /// Values of all kinds.
 const KivVar samples[] = {KivVar(5), KivVar(0.25), KivVar("short"), KivVar(long_text)};
 

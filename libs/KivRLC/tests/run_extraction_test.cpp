@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The extractor against a loop over bytes.
+#include "support/pages.h"
 #include "support/pixel_runs.h"
 
 #include <KivRLC/KivRLC.h>
@@ -11,9 +12,6 @@
 #include <random>
 #include <stdexcept>
 #include <vector>
-
-#include <sys/mman.h>
-#include <unistd.h>
 
 // Found by GoogleTest, by argument-dependent lookup.
 static void PrintTo(const Run& run, std::ostream* out)
@@ -189,12 +187,10 @@ TEST(RunExtraction, AppendsToWhatIsThereWhenAskedShortly)
 
 TEST(RunExtraction, ReadsNothingBehindTheMask)
 {
-    const std::ptrdiff_t page = sysconf(_SC_PAGESIZE);
-    const auto length = static_cast<std::size_t>(page);
-    void* const pages = mmap(nullptr, 2 * length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    ASSERT_NE(pages, MAP_FAILED);
-    uchar* const behind = static_cast<uchar*>(pages) + page;
-    ASSERT_EQ(mprotect(behind, length, PROT_NONE), 0); // reading it ends the program
+    const std::size_t page = support::Pages::size_of_one();
+    support::Pages pages(2 * page);
+    ASSERT_TRUE(pages.forbid_from(page)); // reading it ends the program
+    uchar* const behind = pages.data() + page;
     for (const int columns : {1, 63, 64, 65, 128, 130}) {
         cv::Mat mask(1, columns, CV_8UC1, behind - columns);
         mask = cv::Scalar(0);
@@ -202,7 +198,6 @@ TEST(RunExtraction, ReadsNothingBehindTheMask)
         mask = cv::Scalar(255);
         EXPECT_EQ(extracted(mask), (Runs{{0, 0, columns - 1}}));
     }
-    munmap(pages, 2 * length);
 }
 
 TEST(RunExtraction, LeavesTheMaskAsItIs)

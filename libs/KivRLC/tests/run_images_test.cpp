@@ -5,6 +5,8 @@
 #include <KivRLC/KivRunComponents.h>
 #include <KivRLC/KivRunMat.h>
 
+#include "support/matrices.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -67,14 +69,14 @@ TEST(RunImages, FindRangesOfValues)
 
 TEST(RunImages, TakeBothBoundsIn)
 {
-    const cv::Mat image = cv::Mat_<std::uint8_t>({1, 6}, {0, 9, 10, 20, 21, 255});
+    const cv::Mat image = support::matrix_of<std::uint8_t>(1, {0, 9, 10, 20, 21, 255});
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, 10, 20)), (Runs{{0, 2, 3}}));
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, 0, 255)), (Runs{{0, 0, 5}}));
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, 9.5, 20.5)), (Runs{{0, 2, 3}}));
     EXPECT_TRUE(KivRuns::FromRange(image, 9.25, 9.75).Empty());
     EXPECT_TRUE(KivRuns::FromRange(KivRuns::ViewOf<const std::uint8_t>(image), 21, 20).Empty());
     EXPECT_TRUE(KivRuns::FromRange(image, std::numeric_limits<double>::quiet_NaN(), 255).Empty());
-    const cv::Mat reals = cv::Mat_<float>({1, 3}, {0.1F, 0.2F, 0.3F});
+    const cv::Mat reals = support::matrix_of<float>(1, {0.1F, 0.2F, 0.3F});
     EXPECT_EQ(runs_of(KivRuns::FromRange(reals, 0.1F, 0.2F)), (Runs{{0, 0, 1}}));
     EXPECT_EQ(runs_of(KivRuns::FromRange(reals, double{0.1F} + 1e-12, double{0.3F} - 1e-12)), (Runs{{0, 1, 1}}));
 }
@@ -83,7 +85,7 @@ TEST(RunImages, FindNoRangeOfWhatIsNoNumber)
 {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const float infinity = std::numeric_limits<float>::infinity();
-    const cv::Mat image = cv::Mat_<float>({1, 5}, {nan, -infinity, 0.0F, infinity, nan});
+    const cv::Mat image = support::matrix_of<float>(1, {nan, -infinity, 0.0F, infinity, nan});
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, -infinity, infinity)), (Runs{{0, 1, 3}}));
     EXPECT_EQ(runs_of(KivRuns::FromRange(image, -infinity, 0.0)), (Runs{{0, 1, 2}}));
     EXPECT_TRUE(KivRuns::FromRange(image, nan, infinity).Empty());
@@ -137,7 +139,7 @@ TEST(RunImages, ReadAndWriteAtAnyStride)
 
 TEST(RunImages, SplitLabels)
 {
-    const cv::Mat labels = cv::Mat_<std::int32_t>({2, 6}, {7, 7, 0, -2, 7, INT_MAX, 0, 7, 7, 7, -2, -2});
+    const cv::Mat labels = support::matrix_of<std::int32_t>(2, {7, 7, 0, -2, 7, INT_MAX, 0, 7, 7, 7, -2, -2});
     const std::vector<KivRuns::LabelledSet> sets = KivRuns::FromLabels(labels);
     ASSERT_EQ(sets.size(), 3U);
     EXPECT_EQ(sets[0].label, -2);
@@ -170,7 +172,7 @@ TEST(RunImages, PaintWhatLiesInTheImage)
 {
     const KivRunSet set{{-1, 0, 9}, {0, -5, 1}, {0, 3, 3}, {1, 2, 9}, {1, 12, INT_MAX}, {3, 0, 0}};
     const cv::Mat mask = KivRuns::ToMask(set, 4, 3, 7);
-    EXPECT_EQ(cv::countNonZero(mask != cv::Mat_<uchar>({3, 4}, {7, 7, 0, 7, 0, 0, 7, 7, 0, 0, 0, 0})), 0);
+    EXPECT_EQ(cv::countNonZero(mask != support::matrix_of<uchar>(3, {7, 7, 0, 7, 0, 0, 7, 7, 0, 0, 0, 0})), 0);
     EXPECT_EQ(KivRuns::ToMask(set, 4, 3).at<uchar>(0, 0), 255);
     cv::Mat reals(1, 3, CV_32FC1, cv::Scalar(0.5));
     KivRuns::Paint({{0, 1, 1}}, KivRuns::ViewOf<float>(reals), 2.5F);
@@ -213,7 +215,7 @@ TEST(RunImages, PaintNothingAboveOrBelowTheImage)
 TEST(RunImages, PaintLabels)
 {
     const cv::Mat labels = KivRuns::ToLabels({{{0, 0, 2}}, KivRunSet(), {{0, 2, 9}}}, 5, 1);
-    EXPECT_EQ(cv::countNonZero(labels != cv::Mat_<std::int32_t>({1, 5}, {1, 1, 3, 3, 3})), 0);
+    EXPECT_EQ(cv::countNonZero(labels != support::matrix_of<std::int32_t>(1, {1, 1, 3, 3, 3})), 0);
 }
 
 TEST(RunImages, PaintComponents)
@@ -222,9 +224,11 @@ TEST(RunImages, PaintComponents)
     const KivRunSet set{{-1, -2, 0}, {0, -2, 0}, {0, 3, 3}, {1, 4, 4}};
     cv::Mat_<std::int32_t> labels = cv::Mat_<std::int32_t>(2, 5, -1);
     KivRuns::PaintComponents(set, KivRuns::Connectivity::Eight, KivRuns::ViewOf<std::int32_t>(labels));
-    EXPECT_EQ(cv::countNonZero(labels != (cv::Mat_<std::int32_t>(2, 5) << 1, -1, -1, 2, -1, -1, -1, -1, -1, 2)), 0);
+    EXPECT_EQ(cv::countNonZero(labels != support::matrix_of<std::int32_t>(2, {1, -1, -1, 2, -1, -1, -1, -1, -1, 2})),
+              0);
     KivRuns::PaintComponents(set, KivRuns::Connectivity::Four, KivRuns::ViewOf<std::int32_t>(labels));
-    EXPECT_EQ(cv::countNonZero(labels != (cv::Mat_<std::int32_t>(2, 5) << 1, -1, -1, 2, -1, -1, -1, -1, -1, 3)), 0);
+    EXPECT_EQ(cv::countNonZero(labels != support::matrix_of<std::int32_t>(2, {1, -1, -1, 2, -1, -1, -1, -1, -1, 3})),
+              0);
 }
 
 TEST(RunImages, PaintComponentsAsTheirSetsAre)

@@ -51,13 +51,13 @@ public:
     {
     }
 
-    KivVar(const KivVar& other);                                ///< An equal value.
+    inline KivVar(const KivVar& other);                         ///< An equal value.
     KivVar(KivVar&& other) noexcept : KivVar() { swap(other); } ///< Takes the value over.
-    KivVar& operator=(KivVar&& other) noexcept;                 ///< Takes the value over.
-    ~KivVar();
+    inline KivVar& operator=(KivVar&& other) noexcept;          ///< Takes the value over.
+    inline ~KivVar();
 
     /// Becomes equal to `other`; on std::bad_alloc (texts only) it keeps its value.
-    KivVar& operator=(const KivVar& other);
+    inline KivVar& operator=(const KivVar& other);
 
     /// The type tag: one of Kind.
     int ValType() const noexcept { return kind_; }
@@ -153,11 +153,31 @@ private:
         return value >= static_cast<double>(Limits::max()) ? Limits::max() : static_cast<Integer>(value);
     }
 
-    /// In long double, which holds every 64-bit integer exactly.
     template <class Number>
     bool equals_number(Number number) const noexcept
     {
-        return kind_ != TextKind && static_cast<long double>(D()) == static_cast<long double>(number);
+        if (kind_ == TextKind) {
+            return false;
+        }
+        if constexpr (std::is_floating_point_v<Number>) {
+            return D() == number;
+        } else {
+            return equals_integer(D(), number);
+        }
+    }
+
+    /// Converts the double, as the integer might be rounded. All doubles from the least integer up to one beyond the
+    /// greatest can be converted, but lose their fraction.
+    template <class Integer>
+    static bool equals_integer(double value, Integer number) noexcept
+    {
+        using Limits = std::numeric_limits<Integer>;
+        constexpr double stop = 2 * static_cast<double>(Limits::max() / 2 + 1); // a power of two, and so exact
+        if (!(value >= static_cast<double>(Limits::min()) && value < stop)) {
+            return false;
+        }
+        const auto whole = static_cast<Integer>(value);
+        return whole == number && static_cast<double>(whole) == value;
     }
 
     [[noreturn]] static void throw_beyond_int(const std::string& value);
