@@ -80,14 +80,13 @@ private:
         return {centre.x + part * crossing.out.x, centre.y + part * crossing.out.y};
     }
 
-    /// Whether the mean of four pixels in a square is bright; its upper left corner may lie outside of the image.
+    /// Whether the mean of four pixels in a square is bright.
     bool is_bright_on_average(const Pixel& upper_left) const
     {
         const Pixel lower_right = upper_left + Pixel(1, 1);
-        return is_inside(upper_left) && is_inside(lower_right) &&
-               (value_at(upper_left) + value_at({lower_right.x, upper_left.y})) +
-                       (value_at({upper_left.x, lower_right.y}) + value_at(lower_right)) >=
-                   4.0 * level_;
+        return (value_at(upper_left) + value_at({lower_right.x, upper_left.y})) +
+                   (value_at({upper_left.x, lower_right.y}) + value_at(lower_right)) >=
+               4.0 * level_;
     }
 
     /// Where the line goes on to: it crosses the square of the two pixels and their neighbours ahead.

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+#if defined(CV_VERSION) // where it is included before everything else
+#define KIV_INCLUDED_OPENCV
+#endif
 #include <KivRLC/KivRun.h>
-
-#if defined(CV_VERSION) || defined(OPENCV_CORE_HPP)
+#if defined(CV_VERSION) && !defined(KIV_INCLUDED_OPENCV)
 #error "KivRun.h needs no OpenCV"
 #endif
 
