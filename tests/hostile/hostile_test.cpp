@@ -6,6 +6,7 @@
 #include "faults/failing_allocations.h"
 
 #include <gtest/gtest.h>
+#include <opencv2/core/version.hpp>
 
 #include <cstddef>
 #include <map>
@@ -18,12 +19,12 @@ namespace
 using hostile::Case;
 using hostile::Cases;
 
-/// Whether a matrix would have needed more memory than there is, or, where sizes have 32 bits, than a size can say. Old
-/// versions of OpenCV replace the error of memory by that of an assertion, by which the matrix should have got its
-/// block.
+/// Whether a matrix would have needed more memory than there is, or, where sizes have 32 bits, than a size can say.
+/// Before version 4, OpenCV replaces the error of memory by that of an assertion, by which the matrix should have got
+/// its block.
 bool is_too_large(const cv::Exception& error)
 {
-    return error.code == cv::Error::StsNoMem || error.err == "u != 0" ||
+    return error.code == cv::Error::StsNoMem || (CV_MAJOR_VERSION < 4 && error.code == cv::Error::StsAssert) ||
            (sizeof(std::size_t) == 4 && error.code == cv::Error::StsOutOfRange);
 }
 
