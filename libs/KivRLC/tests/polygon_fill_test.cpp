@@ -119,7 +119,7 @@ TEST(PolygonFill, FillsTheInsideByTheEvenOddRuleOverAllPolygons)
 TEST(PolygonFill, IsTheSameWhateverRoomWasMade)
 {
     const Polygon square = {{1, 1}, {4, 1}, {4, 4}, {1, 4}};
-    for (const std::size_t corners : {0, 1, 4, 1000}) {
+    for (const std::size_t corners : {0U, 1U, 4U, 1000U}) {
         KivPolygonFill fill({0, 9, 0, 9});
         fill.Reserve(1, corners);
         fill.Add(square.data(), square.size());
