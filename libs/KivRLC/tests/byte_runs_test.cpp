@@ -41,33 +41,20 @@ Bytes stretches(std::size_t size, int mean_length, std::mt19937& random)
     return bytes;
 }
 
-/// A vector that finds no memory for more than 100 runs.
-template <class T>
-struct FewAllocator : std::allocator<T> {
-    template <class U>
-    struct rebind {
-        using other = FewAllocator<U>;
-    };
-    T* allocate(std::size_t count)
-    {
-        if (count > 100) {
-            throw std::bad_alloc();
-        }
-        return std::allocator<T>::allocate(count);
-    }
-};
-
 int blocks_allocated = 0;
 
-/// Counts the blocks of memory that a vector takes.
-template <class T>
-struct CountedAllocator : std::allocator<T> {
+/// Counts the blocks of memory that a vector takes, and finds none for more than `most` elements.
+template <class T, std::size_t most>
+struct WatchedAllocator : std::allocator<T> {
     template <class U>
     struct rebind {
-        using other = CountedAllocator<U>;
+        using other = WatchedAllocator<U, most>;
     };
     T* allocate(std::size_t count)
     {
+        if (count > most) {
+            throw std::bad_alloc();
+        }
         ++blocks_allocated;
         return std::allocator<T>::allocate(count);
     }
@@ -188,7 +175,7 @@ TYPED_TEST(ByteRuns, GrowsAVectorOnceForAFewRows)
 {
     const Bytes bytes(64 * 64, 1);
     blocks_allocated = 0;
-    std::vector<Run, CountedAllocator<Run>> runs;
+    std::vector<Run, WatchedAllocator<Run, SIZE_MAX>> runs;
     kivrlc::append_byte_runs<TypeParam>(bytes.data(), 64, 64, 64, runs);
     EXPECT_EQ(runs.size(), 64U);
     EXPECT_EQ(blocks_allocated, 2);
@@ -200,7 +187,7 @@ TYPED_TEST(ByteRuns, LeavesTheVectorAsItWasIfThereIsNoMemory)
     for (std::size_t i = 0; i < bytes.size(); i += 2) {
         bytes[i] = 1;
     }
-    std::vector<Run, FewAllocator<Run>> runs = {{7, 8, 9}};
+    std::vector<Run, WatchedAllocator<Run, 100>> runs = {{7, 8, 9}};
     EXPECT_THROW(kivrlc::append_byte_runs<TypeParam>(bytes.data(), 0, 1000, 1, runs), std::bad_alloc);
     ASSERT_EQ(runs.size(), 1U);
     EXPECT_EQ(runs[0], (::Run{7, 8, 9}));
