@@ -6,6 +6,7 @@
 #include "kivconvert/json_formats.h"
 #include "kivconvert/memory_limit.h"
 #include "kivconvert/point_files.h"
+#include "kivconvert/system.h"
 #include "kivconvert/visible_pixels.h"
 
 #include <KivData/KivRunPolygons.h>
@@ -160,8 +161,7 @@ std::string CocoDataSet::category_name(std::int64_t id) const
 std::string CocoDataSet::text_of(const CocoEntry& entry) const
 {
     std::string text(entry.length, '\0');
-    if (pread(descriptor_, text.data(), text.size(), static_cast<off_t>(entry.offset)) !=
-        static_cast<ssize_t>(text.size())) {
+    if (!system::read_at(descriptor_, entry.offset, text.data(), text.size())) {
         throw InputError(subject_of(path_, entry), "cannot be read");
     }
     return text;

@@ -31,7 +31,7 @@ bool is_read_only(const std::string& path)
 }
 
 /// The file that is replaced when `path` is written: a symbolic link stays, and its target is replaced.
-fs::path replaceable(const std::string& path)
+std::string replaceable(const std::string& path)
 {
     std::error_code none;
     if (!fs::exists(fs::symlink_status(path, none))) {
@@ -43,7 +43,7 @@ fs::path replaceable(const std::string& path)
     if (is_read_only(path)) {
         throw FileError(path, "is read-only");
     }
-    return fs::canonical(path);
+    return fs::canonical(path).string();
 }
 
 std::string lower_case(std::string text)

@@ -46,19 +46,19 @@ void expect_no_other_input_replaced(const std::vector<Task>& tasks)
     std::error_code none;
     std::unordered_map<std::string, const Task*> readers;
     for (const Task& task : tasks) {
-        readers.emplace(fs::weakly_canonical(task.input, none).native(), &task);
+        readers.emplace(fs::weakly_canonical(task.input, none).string(), &task);
     }
     for (const Task& task : tasks) {
-        const auto reader = readers.find(fs::weakly_canonical(task.output, none).native());
+        const auto reader = readers.find(fs::weakly_canonical(task.output, none).string());
         if (reader != readers.end() && reader->second != &task) {
             throw FileError(task.output, fmt::format("would be made of {}, but is an input itself", task.input));
         }
     }
 }
 
-fs::path output_in(const fs::path& folder, const fs::path& input, const std::string& ending)
+std::string output_in(const fs::path& folder, const fs::path& input, const std::string& ending)
 {
-    return folder / input.parent_path() / (name_without_ending(input) + ending);
+    return (folder / input.parent_path() / (name_without_ending(input.string()) + ending)).string();
 }
 
 std::vector<Task> tasks_for(const std::vector<InputFile>& files, const fs::path& output, const std::string& ending)
@@ -77,7 +77,7 @@ void make_folder(const fs::path& folder)
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) {
-        throw FileError(folder, fmt::format("cannot be made a folder: {}", error.message()));
+        throw FileError(folder.string(), fmt::format("cannot be made a folder: {}", error.message()));
     }
 }
 

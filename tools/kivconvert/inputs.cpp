@@ -31,9 +31,9 @@ public:
     {
         add_folder(root_);
         if (files_.empty()) {
-            throw FileError(root_, "holds no files");
+            throw FileError(root_.string(), "holds no files");
         }
-        const auto by_path = [](const InputFile& a, const InputFile& b) { return a.path < b.path; };
+        const auto by_path = [](const InputFile& a, const InputFile& b) { return fs::path(a.path) < fs::path(b.path); };
         std::sort(files_.begin(), files_.end(), by_path);
     }
 
@@ -48,7 +48,7 @@ private:
             add_entry(*entry);
         }
         if (error) {
-            throw FileError(folder, fmt::format("cannot be read: {}", error.message()));
+            throw FileError(folder.string(), fmt::format("cannot be read: {}", error.message()));
         }
     }
 
@@ -59,7 +59,7 @@ private:
             return;
         }
         if (!entry.is_directory(none)) {
-            files_.push_back({entry.path(), entry.path().lexically_relative(root_), true});
+            files_.push_back({entry.path().string(), entry.path().lexically_relative(root_), true});
         } else if (recursive_ && !entry.is_symlink(none) && !fs::equivalent(entry.path(), output_, none)) {
             add_folder(entry.path());
         }

@@ -26,7 +26,7 @@ struct Inputs {
 void add_inputs(CLI::App& command, Inputs& inputs, const std::string& description);
 
 struct InputFile {
-    std::filesystem::path path;
+    std::string path;
     std::filesystem::path name; ///< with the subfolders below the folder that was given
     bool is_found = false;      ///< in a folder, rather than given itself
 };

@@ -2,9 +2,9 @@
 // kivconvert: does on files what the library does in memory.
 #include "kivconvert/failure.h"
 #include "kivconvert/run.h"
+#include "kivconvert/system.h"
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -22,7 +22,7 @@ bool print(const std::string& text, std::FILE* stream)
 
 int main(int argc, char** argv)
 {
-    std::signal(SIGXFSZ, SIG_IGN); // a file over the size limit is then reported like any other that cannot be written
+    kivconvert::system::prepare();
     kivconvert::Outcome outcome = kivconvert::run({argv + 1, argv + argc});
     if (!outcome.out.empty() && !print(outcome.out, stdout)) {
         outcome.status = kivconvert::exit_status::wrong_input;

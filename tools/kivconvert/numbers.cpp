@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/numbers.h"
 
+#include "kivconvert/system.h"
+
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
-#include <locale.h>
 #include <string>
 
 namespace kivconvert
@@ -18,12 +18,10 @@ std::string_view without_plus(std::string_view text)
     return text.starts_with('+') && !text.starts_with("+-") ? text.substr(1) : text;
 }
 
-/// The standard library of Clang 14 has no std::from_chars() for doubles.
 double double_of(const std::string& text, std::size_t& length)
 {
-    static const locale_t classic = newlocale(LC_ALL_MASK, "C", locale_t());
     char* stop = nullptr;
-    const double value = strtod_l(text.c_str(), &stop, classic);
+    const double value = system::classic_strtod(text.c_str(), &stop);
     length = static_cast<std::size_t>(stop - text.c_str());
     return value;
 }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/part_file.h"
 
+#include "kivconvert/system.h"
+
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
-#include <fcntl.h>
 #include <filesystem>
 #include <fmt/format.h>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -16,12 +16,9 @@ namespace kivconvert
 namespace
 {
 
-constexpr int mode_before_umask = 0666;
-constexpr const char* own_descriptors = "/proc/self/fd";
-
 std::string folder_of(const std::string& target)
 {
-    const std::string folder = std::filesystem::path(target).parent_path();
+    const std::string folder = std::filesystem::path(target).parent_path().string();
     return folder.empty() ? "." : folder;
 }
 
@@ -43,13 +40,12 @@ std::string make_with_new_name(const std::string& target, Make make)
 
 PartFile::PartFile(const std::string& target, PartName name) : target_(target)
 {
-    if (name == PartName::none_if_possible && access(own_descriptors, X_OK) == 0) {
-        descriptor_ = open(folder_of(target).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode_before_umask);
+    if (name == PartName::none_if_possible) {
+        descriptor_ = system::create_nameless(folder_of(target));
     }
     if (descriptor_ < 0) {
-        name_ = make_with_new_name(target, [this](const std::string& path) {
-            return descriptor_ = open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode_before_umask);
-        });
+        name_ =
+            make_with_new_name(target, [this](const std::string& path) { return descriptor_ = system::create(path); });
         failure_ = descriptor_ < 0 ? errno : 0;
     }
 }
@@ -80,28 +76,19 @@ bool PartFile::write(std::string_view bytes)
 
 bool PartFile::replace_target()
 {
-    struct stat old = {};
-    const bool is_new = stat(target_.c_str(), &old) != 0;
-    if (!is_new) {
-        fchmod(descriptor_, old.st_mode);
-    }
+    const bool is_new = !system::take_permissions(descriptor_, target_);
     if (name_.empty()) {
-        if (is_new && link_to(target_) == 0) {
+        if (is_new && system::name(descriptor_, target_) == 0) {
             return close();
         }
-        name_ = make_with_new_name(target_, [this](const std::string& path) { return link_to(path); });
+        name_ =
+            make_with_new_name(target_, [this](const std::string& path) { return system::name(descriptor_, path); });
     }
-    if (name_.empty() || !close() || std::rename(name_.c_str(), target_.c_str()) != 0) {
+    if (name_.empty() || !close() || !system::replace(name_, target_)) {
         return false;
     }
     name_.clear();
     return true;
-}
-
-int PartFile::link_to(const std::string& path) const
-{
-    const std::string link = fmt::format("{}/{}", own_descriptors, descriptor_);
-    return linkat(AT_FDCWD, link.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW);
 }
 
 bool PartFile::close()

@@ -36,7 +36,6 @@ public:
     bool replace_target();
 
 private:
-    int link_to(const std::string& path) const;
     bool close();
 
     std::string target_;

@@ -2,7 +2,8 @@
 // Debian has no library for bars in C++, and this one never waits for its terminal.
 #include "kivconvert/progress.h"
 
-#include <fcntl.h>
+#include "kivconvert/system.h"
+
 #include <fmt/format.h>
 #include <string>
 #include <unistd.h>
@@ -14,13 +15,6 @@ namespace
 
 constexpr std::size_t bar_length = 20;
 constexpr std::chrono::milliseconds draw_interval{100};
-
-/// The terminal opened once more, so that O_NONBLOCK concerns nobody else's output.
-int open_terminal()
-{
-    const char* const name = ttyname(STDERR_FILENO);
-    return name == nullptr ? -1 : open(name, O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-}
 
 /// Files a second, and the time that the rest takes at this rate; nothing before the first one is done.
 std::string rate_text(std::size_t done, std::size_t total, std::chrono::duration<double> elapsed)
@@ -35,7 +29,7 @@ std::string rate_text(std::size_t done, std::size_t total, std::chrono::duration
 
 } // namespace
 
-Progress::Progress(std::size_t total) : total_(total), terminal_(open_terminal())
+Progress::Progress(std::size_t total) : total_(total), terminal_(system::open_terminal())
 {
     draw(0);
 }
