@@ -8,6 +8,7 @@
 #include "kivconvert/image_options.h"
 #include "kivconvert/inputs.h"
 #include "kivconvert/page_stack.h"
+#include "kivconvert/paths.h"
 #include "kivconvert/standard_streams.h"
 
 #include <CLI/CLI.hpp>
@@ -67,7 +68,7 @@ void expect_other_folder(const Inputs& inputs, const std::string& output)
 {
     std::error_code none;
     for (const std::string& input : inputs.texts) {
-        if (std::filesystem::equivalent(input, output, none)) {
+        if (std::filesystem::equivalent(path_of(input), path_of(output), none)) {
             throw FileError(output, "holds the inputs; with --page all, the outputs need another folder");
         }
     }

@@ -14,6 +14,7 @@
 #include "kivconvert/label_images.h"
 #include "kivconvert/page_stack.h"
 #include "kivconvert/part_sets.h"
+#include "kivconvert/paths.h"
 #include "kivconvert/processors.h"
 #include "kivconvert/region_files.h"
 #include "kivconvert/run_files.h"
@@ -262,7 +263,7 @@ void take_apart(const DatasetOptions& options)
     const std::vector<ImageWork> work = work_of(data_set);
     std::vector<InputFile> names;
     for (const ImageWork& image : work) {
-        names.push_back({image.name, std::filesystem::path(image.name).filename()});
+        names.push_back({image.name, path_of(image.name).filename()});
     }
     const std::vector<std::string> outputs = outputs_in(options.output, names, ending);
     for_each_file(names, "written whole",

@@ -3,6 +3,7 @@
 
 #include "kivconvert/errors.h"
 #include "kivconvert/part_file.h"
+#include "kivconvert/paths.h"
 #include "kivconvert/standard_streams.h"
 
 #include <algorithm>
@@ -27,23 +28,24 @@ bool is_read_only(const std::string& path)
 {
     constexpr auto writable = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     std::error_code none;
-    return (fs::status(path, none).permissions() & writable) == fs::perms::none || access(path.c_str(), W_OK) != 0;
+    return (fs::status(path_of(path), none).permissions() & writable) == fs::perms::none ||
+           access(path.c_str(), W_OK) != 0;
 }
 
 /// The file that is replaced when `path` is written: a symbolic link stays, and its target is replaced.
 std::string replaceable(const std::string& path)
 {
     std::error_code none;
-    if (!fs::exists(fs::symlink_status(path, none))) {
+    if (!fs::exists(fs::symlink_status(path_of(path), none))) {
         return path;
     }
-    if (!fs::is_regular_file(path, none)) {
+    if (!fs::is_regular_file(path_of(path), none)) {
         throw FileError(path, "is there already and not a regular file");
     }
     if (is_read_only(path)) {
         throw FileError(path, "is read-only");
     }
-    return fs::canonical(path).string();
+    return text_of(fs::canonical(path_of(path)));
 }
 
 std::string lower_case(std::string text)
@@ -94,12 +96,12 @@ std::FILE* open_standard_input(const std::string& path)
 
 std::string extension_of(const std::string& path)
 {
-    return lower_case(fs::path(path).extension().string());
+    return lower_case(text_of(path_of(path).extension()));
 }
 
 bool is_named_like(const std::string& path, std::string_view ending)
 {
-    const std::string name = lower_case(fs::path(path).filename().string());
+    const std::string name = lower_case(text_of(path_of(path).filename()));
     return name.size() > ending.size() && name.ends_with(ending);
 }
 

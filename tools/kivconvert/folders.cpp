@@ -3,6 +3,7 @@
 
 #include "kivconvert/errors.h"
 #include "kivconvert/failure.h"
+#include "kivconvert/paths.h"
 #include "kivconvert/processors.h"
 #include "kivconvert/progress.h"
 #include "kivconvert/run_files.h"
@@ -46,10 +47,10 @@ void expect_no_other_input_replaced(const std::vector<Task>& tasks)
     std::error_code none;
     std::unordered_map<std::string, const Task*> readers;
     for (const Task& task : tasks) {
-        readers.emplace(fs::weakly_canonical(task.input, none).string(), &task);
+        readers.emplace(text_of(fs::weakly_canonical(path_of(task.input), none)), &task);
     }
     for (const Task& task : tasks) {
-        const auto reader = readers.find(fs::weakly_canonical(task.output, none).string());
+        const auto reader = readers.find(text_of(fs::weakly_canonical(path_of(task.output), none)));
         if (reader != readers.end() && reader->second != &task) {
             throw FileError(task.output, fmt::format("would be made of {}, but is an input itself", task.input));
         }
@@ -58,7 +59,7 @@ void expect_no_other_input_replaced(const std::vector<Task>& tasks)
 
 std::string output_in(const fs::path& folder, const fs::path& input, const std::string& ending)
 {
-    return (folder / input.parent_path() / (name_without_ending(input.string()) + ending)).string();
+    return text_of(folder / input.parent_path() / path_of(name_without_ending(text_of(input)) + ending));
 }
 
 std::vector<Task> tasks_for(const std::vector<InputFile>& files, const fs::path& output, const std::string& ending)
@@ -77,7 +78,7 @@ void make_folder(const fs::path& folder)
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) {
-        throw FileError(folder.string(), fmt::format("cannot be made a folder: {}", error.message()));
+        throw FileError(text_of(folder), fmt::format("cannot be made a folder: {}", error.message()));
     }
 }
 
@@ -85,7 +86,7 @@ void make_folders_of(const std::vector<Task>& tasks)
 {
     fs::path last;
     for (const Task& task : tasks) { // those of a folder follow each other
-        const fs::path folder = fs::path(task.output).parent_path();
+        const fs::path folder = path_of(task.output).parent_path();
         if (folder != last) {
             last = folder;
             make_folder(last);
@@ -106,7 +107,7 @@ bool is_up_to_date(const fs::path& output, const fs::path& input)
 void expect_readable(const InputFile& file)
 {
     std::error_code none;
-    if (file.is_found && !fs::is_regular_file(file.path, none)) {
+    if (file.is_found && !fs::is_regular_file(path_of(file.path), none)) {
         throw FileError(file.path, "is not a regular file");
     }
 }
@@ -142,8 +143,8 @@ void for_each_file(const std::vector<InputFile>& files, const char* done,
 std::vector<std::string> outputs_in(const std::string& folder, const std::vector<InputFile>& files,
                                     const std::string& ending)
 {
-    std::vector<Task> tasks = tasks_for(files, folder, ending);
-    make_folder(folder);
+    std::vector<Task> tasks = tasks_for(files, path_of(folder), ending);
+    make_folder(path_of(folder));
     make_folders_of(tasks);
     std::vector<std::string> outputs;
     for (Task& task : tasks) {
@@ -160,7 +161,7 @@ void convert_files(const Inputs& inputs, const std::string& output, const std::s
     std::vector<InputFile> due;
     std::vector<std::string> due_outputs;
     for (std::size_t i = 0; i < files.size(); ++i) {
-        if (existing == Existing::replaced || !is_up_to_date(outputs[i], files[i].path)) {
+        if (existing == Existing::replaced || !is_up_to_date(path_of(outputs[i]), path_of(files[i].path))) {
             due.push_back(files[i]);
             due_outputs.push_back(outputs[i]);
         }
@@ -171,8 +172,8 @@ void convert_files(const Inputs& inputs, const std::string& output, const std::s
 void convert_into_folder(const std::string& input, const std::string& output, const std::string& ending,
                          const FileConversion& convert)
 {
-    make_folder(output);
-    convert(input, output_in(output, fs::path(input).filename(), ending));
+    make_folder(path_of(output));
+    convert(input, output_in(path_of(output), path_of(input).filename(), ending));
 }
 
 } // namespace kivconvert

@@ -2,6 +2,7 @@
 #include "kivconvert/inputs.h"
 
 #include "kivconvert/errors.h"
+#include "kivconvert/paths.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,13 +28,13 @@ class FolderFiles
 {
 public:
     FolderFiles(fs::path root, bool recursive, const std::string& output)
-        : root_(std::move(root)), recursive_(recursive), output_(output)
+        : root_(std::move(root)), recursive_(recursive), output_(path_of(output))
     {
         add_folder(root_);
         if (files_.empty()) {
-            throw FileError(root_.string(), "holds no files");
+            throw FileError(text_of(root_), "holds no files");
         }
-        const auto by_path = [](const InputFile& a, const InputFile& b) { return fs::path(a.path) < fs::path(b.path); };
+        const auto by_path = [](const InputFile& a, const InputFile& b) { return path_of(a.path) < path_of(b.path); };
         std::sort(files_.begin(), files_.end(), by_path);
     }
 
@@ -48,7 +49,7 @@ private:
             add_entry(*entry);
         }
         if (error) {
-            throw FileError(folder.string(), fmt::format("cannot be read: {}", error.message()));
+            throw FileError(text_of(folder), fmt::format("cannot be read: {}", error.message()));
         }
     }
 
@@ -59,7 +60,7 @@ private:
             return;
         }
         if (!entry.is_directory(none)) {
-            files_.push_back({entry.path().string(), entry.path().lexically_relative(root_), true});
+            files_.push_back({text_of(entry.path()), entry.path().lexically_relative(root_), true});
         } else if (recursive_ && !entry.is_symlink(none) && !fs::equivalent(entry.path(), output_, none)) {
             add_folder(entry.path());
         }
@@ -76,7 +77,7 @@ private:
 bool is_folder(const std::string& path)
 {
     std::error_code none;
-    return fs::is_directory(path, none);
+    return fs::is_directory(path_of(path), none);
 }
 
 void add_inputs(CLI::App& command, Inputs& inputs, const std::string& description)
@@ -91,10 +92,10 @@ std::vector<InputFile> files_of(const Inputs& inputs, const std::string& output)
     std::vector<InputFile> files;
     for (const std::string& text : inputs.texts) {
         if (is_folder(text)) {
-            std::vector<InputFile> found = FolderFiles(text, inputs.recursive, output).take();
+            std::vector<InputFile> found = FolderFiles(path_of(text), inputs.recursive, output).take();
             std::move(found.begin(), found.end(), std::back_inserter(files));
         } else {
-            files.push_back({text, fs::path(text).filename()});
+            files.push_back({text, path_of(text).filename()});
         }
     }
     return files;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kivconvert/part_file.h"
 
+#include "kivconvert/paths.h"
 #include "kivconvert/system.h"
 
 #include <atomic>
@@ -18,7 +19,7 @@ namespace
 
 std::string folder_of(const std::string& target)
 {
-    const std::string folder = std::filesystem::path(target).parent_path().string();
+    const std::string folder = text_of(path_of(target).parent_path());
     return folder.empty() ? "." : folder;
 }
 

@@ -5,6 +5,7 @@
 #include "kivconvert/errors.h"
 #include "kivconvert/files.h"
 #include "kivconvert/image_files.h"
+#include "kivconvert/paths.h"
 
 #include <algorithm>
 #include <cstring>
@@ -54,10 +55,10 @@ bool is_run_file(const std::string& path)
 
 std::string name_without_ending(const std::string& path)
 {
-    const std::filesystem::path name = std::filesystem::path(path).filename();
+    const std::filesystem::path name = path_of(path).filename();
     const RunFormat* const format = find_format(path);
-    return format == nullptr ? name.stem().string()
-                             : name.string().substr(0, name.string().size() - std::strlen(format->ending));
+    return format == nullptr ? text_of(name.stem())
+                             : text_of(name).substr(0, text_of(name).size() - std::strlen(format->ending));
 }
 
 void expect_run_file(const std::string& path)
