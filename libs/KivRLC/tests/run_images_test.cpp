@@ -209,7 +209,7 @@ TEST(RunImages, PaintNothingAboveOrBelowTheImage)
     cv::Mat_<std::uint16_t> around(3, 4, std::uint16_t{9});
     cv::Mat middle = around.row(1);
     KivRuns::Paint({{-1, 0, 3}, {0, 1, 2}, {1, 0, 3}}, KivRuns::ViewOf<std::uint16_t>(middle), 5);
-    EXPECT_EQ(cv::countNonZero(around != (cv::Mat_<std::uint16_t>(3, 4) << 9, 9, 9, 9, 9, 5, 5, 9, 9, 9, 9, 9)), 0);
+    EXPECT_EQ(cv::countNonZero(around != cv::Mat_<std::uint16_t>({3, 4}, {9, 9, 9, 9, 9, 5, 5, 9, 9, 9, 9, 9})), 0);
 }
 
 TEST(RunImages, PaintLabels)
