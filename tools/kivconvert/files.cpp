@@ -5,6 +5,7 @@
 #include "kivconvert/part_file.h"
 #include "kivconvert/paths.h"
 #include "kivconvert/standard_streams.h"
+#include "kivconvert/system.h"
 
 #include <algorithm>
 #include <array>
@@ -67,7 +68,7 @@ std::string reason()
 
 InputStream copy_of_standard_input(const std::string& path)
 {
-    InputStream copy(std::tmpfile(), std::fclose);
+    InputStream copy(system::open_temporary(), std::fclose);
     std::array<char, 1 << 16> block;
     std::size_t count = 0;
     while (copy && (count = std::fread(block.data(), 1, block.size(), stdin)) > 0) {

@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cstddef>
 #include <cstdio>
 #include <filesystem>
 #include <fmt/format.h>
@@ -66,7 +67,7 @@ bool PartFile::write(std::string_view bytes)
         return false;
     }
     while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+        const std::ptrdiff_t written = system::write_some(descriptor_, bytes);
         if (written < 0) {
             return false;
         }

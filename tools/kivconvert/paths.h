@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// File names as texts, which are UTF-8 wherever names have an encoding. Where they are wide, as on Windows,
-// std::filesystem would take texts to be in another one.
+// File names as texts, which are UTF-8 wherever names have an encoding, with a slash between folders everywhere. Where
+// names are wide, as on Windows, std::filesystem would take texts to be in another encoding.
 #pragma once
 
 #include <filesystem>
@@ -16,7 +16,7 @@ inline std::filesystem::path path_of(const std::string& text)
 
 inline std::string text_of(const std::filesystem::path& path)
 {
-    const std::u8string text = path.u8string();
+    const std::u8string text = path.generic_u8string();
     return {text.begin(), text.end()};
 }
 

@@ -59,7 +59,7 @@ void Progress::draw(std::size_t done)
 
 void Progress::print(std::string_view text) const
 {
-    [[maybe_unused]] const ssize_t written = write(terminal_, text.data(), text.size()); // a lost bar is no failure
+    system::write_some(terminal_, text); // a lost bar is no failure
 }
 
 } // namespace kivconvert

@@ -4,7 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <string>
+#include <string_view>
 
 namespace kivconvert::system
 {
@@ -22,11 +24,17 @@ int create(const std::string& path);
 /// Gives a file without a name one. -1 on failure, with the reason in errno, which is EEXIST if a file has it.
 int name(int descriptor, const std::string& path);
 
+/// A file of its own without a name, open for writing and reading; null on failure, with the reason in errno.
+std::FILE* open_temporary();
+
 /// Gives a file the permissions of another one. False if there is no such file.
 bool take_permissions(int descriptor, const std::string& path);
 
 /// Has a file take the name of another one, if there is one. False on failure, with the reason in errno.
 bool replace(const std::string& path, const std::string& target);
+
+/// Writes bytes, as many as the system takes at once. @returns their number, or -1 on failure, with the reason in errno
+std::ptrdiff_t write_some(int descriptor, std::string_view bytes);
 
 /// Reads bytes from a place in a file. False if there are not so many.
 bool read_at(int descriptor, std::uint64_t offset, char* bytes, std::size_t count);

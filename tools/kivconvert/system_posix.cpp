@@ -42,6 +42,11 @@ int system::name(int descriptor, const std::string& path)
     return linkat(AT_FDCWD, link.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW);
 }
 
+std::FILE* system::open_temporary()
+{
+    return std::tmpfile();
+}
+
 bool system::take_permissions(int descriptor, const std::string& path)
 {
     struct stat other = {};
@@ -55,6 +60,11 @@ bool system::take_permissions(int descriptor, const std::string& path)
 bool system::replace(const std::string& path, const std::string& target)
 {
     return std::rename(path.c_str(), target.c_str()) == 0;
+}
+
+std::ptrdiff_t system::write_some(int descriptor, std::string_view bytes)
+{
+    return ::write(descriptor, bytes.data(), bytes.size());
 }
 
 bool system::read_at(int descriptor, std::uint64_t offset, char* bytes, std::size_t count)

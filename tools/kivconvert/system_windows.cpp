@@ -2,6 +2,7 @@
 // The program's manifest makes UTF-8 the code page of all names.
 #include "kivconvert/system.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -9,11 +10,26 @@
 #include <locale.h>
 #include <stdlib.h>
 #include <sys/stat.h>
+#include <system_error>
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #include <windows.h>
 
 namespace kivconvert
 {
+namespace
+{
+
+/// Has errno say why a call failed that does not set it.
+bool fail_by_last_error()
+{
+    const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
+    errno = error.default_error_condition().value();
+    return false;
+}
+
+} // namespace
 
 void system::prepare()
 {
@@ -38,6 +54,18 @@ int system::name(int /*descriptor*/, const std::string& /*path*/)
     return -1;
 }
 
+std::FILE* system::open_temporary()
+{
+    // std::tmpfile() would make it where only administrators may write.
+    char folder[MAX_PATH + 1];
+    char path[MAX_PATH];
+    if (GetTempPathA(sizeof folder, folder) == 0 || GetTempFileNameA(folder, "kiv", 0, path) == 0) {
+        fail_by_last_error();
+        return nullptr;
+    }
+    return std::fopen(path, "w+bTD"); // T keeps it in memory while there is enough, D deletes it when it is closed
+}
+
 bool system::take_permissions(int /*descriptor*/, const std::string& path)
 {
     return _access(path.c_str(), 0) == 0; // new files inherit theirs from the folder
@@ -45,11 +73,12 @@ bool system::take_permissions(int /*descriptor*/, const std::string& path)
 
 bool system::replace(const std::string& path, const std::string& target)
 {
-    if (MoveFileExA(path.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
-        errno = EACCES;
-        return false;
-    }
-    return true;
+    return MoveFileExA(path.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0 || fail_by_last_error();
+}
+
+std::ptrdiff_t system::write_some(int descriptor, std::string_view bytes)
+{
+    return _write(descriptor, bytes.data(), static_cast<unsigned>(std::min<std::size_t>(bytes.size(), 1U << 30)));
 }
 
 bool system::read_at(int descriptor, std::uint64_t offset, char* bytes, std::size_t count)
