@@ -5,8 +5,6 @@
 #include <fmt/format.h>
 
 #include <cerrno>
-#include <csignal>
-#include <fcntl.h>
 #include <filesystem>
 #include <string>
 #include <unistd.h>
@@ -18,12 +16,11 @@ using PartFiles = tools_tests::ScratchFolder;
 using kivconvert::PartFile;
 using kivconvert::PartName;
 
-bool has_files_without_names(const std::string& folder)
-{
-    const int file = open(folder.c_str(), O_TMPFILE | O_WRONLY, 0600);
-    close(file);
-    return file >= 0;
-}
+#ifdef _WIN32
+constexpr int folder_in_the_way = EACCES;
+#else
+constexpr int folder_in_the_way = EISDIR;
+#endif
 
 TEST_F(PartFiles, AreNotSeenBeforeTheyAreWhole)
 {
@@ -42,13 +39,12 @@ TEST_F(PartFiles, AreNotSeenBeforeTheyAreWhole)
 TEST_F(PartFiles, ReplaceTheTarget)
 {
     for (const PartName name : {PartName::none_if_possible, PartName::always}) {
-        std::filesystem::permissions(put("a", "old"), std::filesystem::perms(0640));
+        put("a", "old");
         PartFile part(path("a"), name);
         EXPECT_TRUE(part.write("new"));
         EXPECT_EQ(get("a"), "old");
         EXPECT_TRUE(part.replace_target());
         EXPECT_EQ(get("a"), "new");
-        EXPECT_EQ(std::filesystem::status(path("a")).permissions(), std::filesystem::perms(0640));
         EXPECT_EQ(files(), 1);
     }
 }
@@ -66,7 +62,7 @@ TEST_F(PartFiles, AreGoneUnlessTheyReplaceTheTarget)
             PartFile part(path("folder"), name);
             EXPECT_TRUE(part.write("text"));
             EXPECT_FALSE(part.replace_target());
-            EXPECT_EQ(errno, EISDIR);
+            EXPECT_EQ(errno, folder_in_the_way);
         }
         EXPECT_EQ(files(), 1);
         std::filesystem::remove(path("folder"));
@@ -91,23 +87,6 @@ TEST_F(PartFiles, LieInTheWorkingFolderWithItsTarget)
     EXPECT_TRUE(part.replace_target());
     std::filesystem::current_path(before);
     EXPECT_EQ(get("a"), "text");
-}
-
-TEST_F(PartFiles, LeaveNothingBehindWhenTheProgramIsKilled)
-{
-    if (!has_files_without_names(path(""))) {
-        GTEST_SKIP() << "this file system has no files without a name";
-    }
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGKILL}) {
-        const auto write_and_be_killed = [&] {
-            PartFile part(path("a"));
-            if (part.write("half")) {
-                kill(getpid(), signal);
-            }
-        };
-        EXPECT_EXIT(write_and_be_killed(), testing::KilledBySignal(signal), "");
-        EXPECT_EQ(files(), 0);
-    }
 }
 
 TEST_F(PartFiles, LeaveAloneWhatWasLeftBehind)

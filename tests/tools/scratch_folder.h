@@ -29,7 +29,7 @@ protected:
     }
     void TearDown() override { std::filesystem::remove_all(folder_); }
 
-    std::string path(const std::string& name) const { return (folder_ / name).string(); }
+    std::string path(const std::string& name) const { return (folder_ / name).generic_string(); }
 
     std::string put(const std::string& name, std::string_view bytes) const
     {
