@@ -52,6 +52,31 @@ TEST(ContourToArrays, NextToATieTheNearestIsTaken)
                   {1, 3});
 }
 
+TEST(ContourToArrays, NumbersOfManyDigitsAreRoundedLikeOthers)
+{
+    expect_arrays({{2147482623.5, -2147482623.5}, {2147482624.5, -2147482624.5}, {2147482622.5, -2147482622.4}},
+                  {2147482624, 2147482624, 2147482622}, {-2147482624, -2147482624, -2147482622});
+    expect_arrays({{2147482624, -2147482624}, {2147483646.5, -2147483646.5}}, {2147482624, 2147483646},
+                  {-2147482624, -2147483646});
+}
+
+TEST(ContourToArrays, AmongManyPointsEachIsRoundedByItself)
+{
+    for (const int odd_one : {0, 255, 256, 299}) {
+        KivContour::Points points;
+        KivVarArray xs;
+        KivVarArray ys;
+        for (int i = 0; i < 300; ++i) {
+            const bool is_odd_one = i == odd_one;
+            points.emplace_back(is_odd_one ? infinity : i + 0.5, is_odd_one ? support::nan : -i - 0.5);
+            const int even = i + i % 2;
+            xs.Append(KivVar(is_odd_one ? INT_MAX : even));
+            ys.Append(KivVar(is_odd_one ? 0 : -even));
+        }
+        expect_arrays(KivContour(points), xs, ys);
+    }
+}
+
 TEST(ContourToArrays, PointsKeepTheirOrderAndRepetitions)
 {
     expect_arrays({{5, 1}, {2, 9}, {5, 1}, {0, 0}}, {5, 2, 5, 0}, {1, 9, 1, 0});

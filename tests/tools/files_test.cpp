@@ -61,7 +61,8 @@ TEST_F(Files, LeaveNothingBehindWhenTheyCannotBeRenamed)
 {
     const std::string name(256, 'a'); // one letter more than a name may have
     const std::string complaint = complaint_of([&] { write_file(path(name), "text"); });
-    EXPECT_TRUE(complaint.starts_with(path(name) + ": cannot be written: ")) << complaint; // systems give several reasons
+    EXPECT_TRUE(complaint.starts_with(path(name) + ": cannot be written: "))
+        << complaint; // systems give several reasons
     EXPECT_EQ(files(), 0);
 }
 
