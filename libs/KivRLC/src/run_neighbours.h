@@ -28,6 +28,10 @@ inline bool ends_before(const Run& run, const Run& other, std::int64_t reach)
 inline const Run* end_of_row(const Run* run, const Run* end)
 {
     const int row = run->row;
+    constexpr std::ptrdiff_t stride = 4; // runs are looked at by fours first, as rows may be long
+    while (end - run > stride && run[stride].row == row) {
+        run += stride;
+    }
     do {
         ++run;
     } while (run != end && run->row == row);
