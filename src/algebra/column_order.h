@@ -24,20 +24,15 @@ inline ViewOrCopy<Run> by_first_column(RunView row)
     return sorted;
 }
 
-/// The runs ordered by row, and each row as by_first_column() orders it; a copy only if they come in another order.
-inline ViewOrCopy<Run> by_row_and_first_column(RunView runs)
+/// The runs ordered by row, and each row as by_first_column() orders it.
+inline RunList sorted_by_row_and_first_column(RunView runs)
 {
-    const auto comes_before = [](const Run& left, const Run& right) {
-        return row_of(left) != row_of(right) ? row_of(left) < row_of(right) : begin_of(left) < begin_of(right);
-    };
-    if (std::is_sorted(runs.begin(), runs.end(), comes_before)) {
-        return runs;
-    }
+    const auto begins_before = [](const Run& left, const Run& right) { return begin_of(left) < begin_of(right); };
     RunList sorted(runs.begin(), runs.end());
     sort_by_row(sorted);
     for (auto row = sorted.begin(); row != sorted.end();) {
         const auto end = row + static_cast<std::ptrdiff_t>(leading_row({row, sorted.end()}).size());
-        std::stable_sort(row, end, comes_before);
+        std::stable_sort(row, end, begins_before);
         row = end;
     }
     return sorted;

@@ -2,11 +2,13 @@
 #include "algebra/complement.h"
 
 #include "algebra/column_order.h"
+#include "foundation/run_writer.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 
 namespace kiv
 {
@@ -29,32 +31,34 @@ std::uint64_t count_rows(std::int64_t first, std::int64_t stop)
 }
 
 /// Writes full rows from `first` to just before `stop`.
-Run* write_full_rows(std::int64_t first, std::int64_t stop, int last_column, Run* out)
+void write_full_rows(std::int64_t first, std::int64_t stop, int last_column, RunWriter& out)
 {
     for (; first < stop; ++first) {
-        *out++ = {static_cast<int>(first), 0, last_column};
+        Run* const next = out.place();
+        *next = {static_cast<int>(first), 0, last_column};
+        out.written_up_to(next + 1);
     }
-    return out;
 }
 
-/// Writes the gaps of one row, one more than it has runs at the most: left of its runs, between neighbours, right of
-/// them. A gap between neighbours includes the last pixel of the left run and reaches one past the first pixel of the
-/// right one, and there is one for every pair.
-Run* write_gaps(RunView runs, int last_column, Run* out)
+/// Writes the gaps of one row: left of its runs, between neighbours, right of them. A gap between neighbours includes
+/// the last pixel of the left run and reaches one past the first pixel of the right one, and there is one for every
+/// pair.
+void write_gaps(const Run* run, const Run* end, int last_column, RunWriter& out)
 {
-    const auto& [row, first_begin, first_end] = runs.front();
-    if (first_begin != 0) {
-        *out++ = {row, 0, left_of(first_begin)};
+    const Run* const last = end - 1;
+    Run* next = out.place();
+    *next = {row_of(*run), 0, left_of(begin_of(*run))};
+    next += begin_of(*run) != 0 ? 1 : 0;
+    while (run != last) {
+        const Run* const stop = run + std::min<std::ptrdiff_t>(last - run, RunWriter::at_once - 2);
+        for (; run != stop; ++run) {
+            *next++ = {row_of(*run), end_of(*run), right_of(begin_of(run[1]))};
+        }
+        out.written_up_to(next);
+        next = out.place();
     }
-    int last_end = first_end;
-    for (const auto& [same_row, begin, end] : runs.subspan(1)) {
-        *out++ = {row, last_end, right_of(begin)};
-        last_end = end;
-    }
-    if (last_end != last_column) {
-        *out++ = {row, right_of(last_end), last_column};
-    }
-    return out;
+    *next = {row_of(*last), right_of(end_of(*last)), last_column};
+    out.written_up_to(next + (end_of(*last) != last_column ? 1 : 0));
 }
 
 /// As many runs as the complement has at the most: one for each row above and below the runs; one for each row from the
@@ -66,31 +70,51 @@ std::uint64_t most_runs(RunView runs, Frame frame)
     return runs.size() + count_rows(0, first) + count_rows(first, stop) + count_rows(stop, frame.height);
 }
 
+/// The end of a row, up to which its columns ascend.
+const Run* end_of_ascending_row(const Run* run, const Run* end)
+{
+    const Run* const first = run;
+    do {
+        ++run;
+    } while (run != end && row_of(*run) == row_of(*first) && begin_of(run[-1]) <= begin_of(*run));
+    return run;
+}
+
+/// The complement of a list that is not empty; nothing if its rows, or the columns of one, do not ascend.
+std::optional<RunList> complement_of_ascending(RunView runs, Frame frame, LastRowOfComplement last_row)
+{
+    const int last_column = left_of(frame.width);
+    RunWriter out(checked_count<Run>(most_runs(runs, frame)));
+    write_full_rows(0, row_of(runs.front()), last_column, out);
+    const Run* const end = runs.data() + runs.size();
+    for (const Run* run = runs.data(); run != end;) {
+        const Run* const row_end = end_of_ascending_row(run, end);
+        if (row_end != end) {
+            if (row_of(*row_end) <= row_of(*run)) {
+                return std::nullopt;
+            }
+            write_full_rows(std::int64_t{row_of(*run)} + 1, row_of(*row_end), last_column, out);
+        }
+        if (row_end != end || last_row == LastRowOfComplement::like_any) {
+            write_gaps(run, row_end, last_column, out);
+        }
+        run = row_end;
+    }
+    write_full_rows(std::int64_t{row_of(runs.back())} + 1, frame.height, last_column, out);
+    return out.written();
+}
+
 } // namespace
 
-RunList complement(RunView delivered, Frame frame, LastRowOfComplement last_row)
+RunList complement(RunView runs, Frame frame, LastRowOfComplement last_row)
 {
-    if (delivered.empty()) {
+    if (runs.empty()) {
         return {};
     }
-    const ViewOrCopy<Run> sorted = by_row_and_first_column(delivered);
-    const RunView runs = sorted;
-    const int last_column = left_of(frame.width);
-    RunList out(checked_count<Run>(most_runs(runs, frame)));
-    Run* next = write_full_rows(0, row_of(runs.front()), last_column, out.data());
-    for (RunView rest = runs; !rest.empty();) {
-        const RunView group = leading_row(rest);
-        rest = rest.subspan(group.size());
-        if (!rest.empty()) {
-            next = write_full_rows(std::int64_t{row_of(group.front())} + 1, row_of(rest.front()), last_column, next);
-        }
-        if (!rest.empty() || last_row == LastRowOfComplement::like_any) {
-            next = write_gaps(group, last_column, next);
-        }
+    if (std::optional<RunList> made = complement_of_ascending(runs, frame, last_row)) {
+        return *std::move(made);
     }
-    next = write_full_rows(std::int64_t{row_of(runs.back())} + 1, frame.height, last_column, next);
-    out.resize(static_cast<std::size_t>(next - out.data()));
-    return out;
+    return complement_of_ascending(sorted_by_row_and_first_column(runs), frame, last_row).value();
 }
 
 } // namespace kiv

@@ -14,6 +14,6 @@ enum class LastRowOfComplement {
 
 /// The rows of the frame without runs as full rows, and the gaps of the rows with runs: the full rows between two rows
 /// with runs come before the gaps of the upper one. Nothing is clipped. An empty list has an empty complement.
-RunList complement(RunView delivered, Frame frame, LastRowOfComplement last_row);
+RunList complement(RunView runs, Frame frame, LastRowOfComplement last_row);
 
 } // namespace kiv

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "algebra/row_join.h"
 
+#include "algebra/run_pairs.h"
 #include "foundation/run_sort.h"
 
-#include <algorithm>
 #include <cassert>
 #include <optional>
 
@@ -11,11 +11,6 @@ namespace kiv
 {
 namespace
 {
-
-void append(RunView runs, RunList& out)
-{
-    out.insert(out.end(), runs.begin(), runs.end());
-}
 
 /// Delivers B's rows, which must be requested in ascending order.
 class RowsOfB
@@ -28,6 +23,7 @@ public:
     {
         while (!rest_.empty() && row_of(rest_.front()) < row) {
             rest_ = rest_.subspan(1);
+            ++passed_;
         }
         if (rest_.empty() || row_of(rest_.front()) != row) {
             return std::nullopt;
@@ -40,9 +36,19 @@ public:
         return runs;
     }
 
+    /// How many runs were passed, as they are on rows that were not requested.
+    std::size_t count_passed() const { return passed_; }
+
+    /// The runs behind all rows that were requested.
+    RunView rest() const { return rest_; }
+
+    /// The first runs of the rest were taken.
+    void take_first(std::size_t count) { rest_ = rest_.subspan(count); }
+
 private:
     RunView all_;
     RunView rest_;
+    std::size_t passed_ = 0;
     LastRowOfB rule_;
 };
 
@@ -52,57 +58,91 @@ bool lone_last_run_joins(LastRowOfA rule, bool group_is_matched)
            (rule == LastRowOfA::lone_run_joins_unmatched_group && !group_is_matched);
 }
 
-void join_rows_of_a(RunView a, RunView b, const JoinRules& rules, RowFunction combine_row, RunList& out)
+/// Combines rows of one run each, of which shapes have many, for as long as both lists go on with such, and returns
+/// what is left of `rest`, the end of A. The last rows are always left, as there are rules for them.
+template <RowFunction combine_row>
+RunView join_single_runs(RunView rest, std::size_t size_of_a, RowsOfB& rows_of_b, RunWriter& out)
 {
-    RowsOfB rows_of_b(b, rules.last_row_of_b);
+    const RunView b = rows_of_b.rest();
+    std::size_t count = 0;
+    while (count + 2 < rest.size() && count + 1 < b.size()) {
+        const Run* const of_a = &rest[count];
+        const Run* const of_b = &b[count];
+        const int row = row_of(*of_a);
+        if (row_of(*of_b) != row || row_of(of_a[1]) == row || row_of(of_b[1]) == row) {
+            break;
+        }
+        ++count;
+        out.go_on_to(size_of_a - rest.size() + count, size_of_a);
+        combine_row({of_a, 1}, {of_b, 1}, out);
+    }
+    rows_of_b.take_first(count);
+    return rest.subspan(count);
+}
+
+template <RowFunction combine_row>
+void join_rows_of_a(RunView a, RowsOfB& rows_of_b, const JoinRules& rules, RunWriter& out)
+{
     for (RunView rest = a; !rest.empty();) {
+        rest = join_single_runs<combine_row>(rest, a.size(), rows_of_b, out);
         RunView group = leading_row(rest);
+        const std::optional<RunView> partners = rows_of_b.take(row_of(group.front()));
         if (rules.last_row_of_a == LastRowOfA::never_a_group && group.size() == rest.size()) {
             return;
         }
-        const std::optional<RunView> partners = rows_of_b.take(row_of(group.front()));
         if (rest.size() == group.size() + 1 && lone_last_run_joins(rules.last_row_of_a, partners.has_value())) {
+            rows_of_b.take(row_of(rest.back()));
             group = rest;
         }
+        rest = rest.subspan(group.size());
+        out.go_on_to(a.size() - rest.size(), a.size());
         if (partners) {
             combine_row(group, *partners, out);
         } else if (rules.rows_only_in_a == UnmatchedRows::kept) {
-            append(group, out);
+            out.append(group);
         }
-        rest = rest.subspan(group.size());
     }
 }
 
-void append_rows_only_in_b(RunView a, RunView b, RunList& out)
+/// Appends the first `count` runs of B on rows that A lacks.
+void append_rows_only_in_b(RunView a, RunView b, std::size_t count, RunWriter& out)
 {
-    for (const Run& run : b) {
-        while (!a.empty() && row_of(a.front()) < row_of(run)) {
+    for (; count > 0; b = b.subspan(1)) {
+        while (!a.empty() && row_of(a.front()) < row_of(b.front())) {
             a = a.subspan(1);
         }
-        if (a.empty() || row_of(a.front()) != row_of(run)) {
-            out.push_back(run);
+        if (a.empty() || row_of(a.front()) != row_of(b.front())) {
+            out.push_back(b.front());
+            --count;
         }
     }
 }
 
 } // namespace
 
-RunList join_rows(RunView a, RunView b, const JoinRules& rules, RowFunction combine_row)
+template <RowFunction combine_row>
+RunList join_rows(RunView a, RunView b, const JoinRules& rules)
 {
     assert(rows_ascend(a) && rows_ascend(b));
-    RunList out;
-    out.reserve(a.size() + b.size());
+    RunWriter out(a.size() + b.size());
+    RowsOfB rows_of_b(b, rules.last_row_of_b);
     if (a.size() == 1) {
+        rows_of_b.take(row_of(a.front()));
         if (rules.single_run_of_a == SingleRunOfA::kept) {
-            append(a, out);
+            out.append(a);
         }
     } else {
-        join_rows_of_a(a, b, rules, combine_row, out);
+        join_rows_of_a<combine_row>(a, rows_of_b, rules, out);
     }
     if (rules.rows_only_in_b == UnmatchedRows::kept) {
-        append_rows_only_in_b(a, b, out);
+        append_rows_only_in_b(a, b, rows_of_b.count_passed(), out);
+        out.append(rows_of_b.rest());
     }
-    return out;
+    return out.written();
 }
+
+template RunList join_rows<unite_row>(RunView a, RunView b, const JoinRules& rules);
+template RunList join_rows<intersect_row>(RunView a, RunView b, const JoinRules& rules);
+template RunList join_rows<cut_row>(RunView a, RunView b, const JoinRules& rules);
 
 } // namespace kiv

@@ -5,7 +5,7 @@
 // of these rules.
 #pragma once
 
-#include "foundation/runs.h"
+#include "foundation/run_writer.h"
 
 namespace kiv
 {
@@ -37,7 +37,7 @@ inline bool is_withheld(LastRowOfB rule, RunView last_row)
 enum class UnmatchedRows { kept, dropped };
 
 /// Combines the runs of A and of B on one row and appends the result. Appended runs take the row of their run of A.
-using RowFunction = void (*)(RunView a, RunView b, RunList& out);
+using RowFunction = void (*)(RunView a, RunView b, RunWriter& out);
 
 struct JoinRules {
     SingleRunOfA single_run_of_a;
@@ -48,7 +48,8 @@ struct JoinRules {
 };
 
 /// Joins two lists whose rows ascend. The result is ordered by A's rows; the runs on rows that only B has follow.
-/// Linear in the runs read plus what the row function costs.
-RunList join_rows(RunView a, RunView b, const JoinRules& rules, RowFunction combine_row);
+/// Linear in the runs read plus what the row function costs. It is there for the functions in run_pairs.h.
+template <RowFunction combine_row>
+RunList join_rows(RunView a, RunView b, const JoinRules& rules);
 
 } // namespace kiv

@@ -10,28 +10,11 @@ namespace kiv
 namespace
 {
 
-void unite(const Run& a, const Run& b, RunList& out)
-{
-    const auto& [row, a_begin, a_end] = a;
-    const auto& [b_row, b_begin, b_end] = b;
-    if (runs_meet(a, b)) {
-        out.push_back({row, std::min(a_begin, b_begin), std::max(a_end, b_end)});
-    } else if (a_begin > b_end) {
-        out.push_back({row, b_begin, b_end});
-        out.push_back(a);
-    } else if (a_begin == b_end) { // only where B's run begins past its end
-        out.push_back({row, b_begin, a_end});
-    } else {
-        out.push_back(a);
-        out.push_back({row, b_begin, b_end});
-    }
-}
-
 /// Appends the pieces of `run` that remain when B's runs, ordered by first column, are cut out of it. The pieces come
 /// from left to right, so only the last one can meet a further run of B. It is appended when no run of B is left.
-void cut_run(const Run& run, Neighbors& b, RunList& out)
+void cut_run(const Run& run, Neighbors& b, RunWriter& out)
 {
-    const std::size_t without_pieces = out.size();
+    std::size_t pieces_behind = 0;
     Run piece = run;
     for (const Run& cut : b.from_first_of(run)) {
         if (b.is_past_last_of(run, cut)) {
@@ -45,13 +28,14 @@ void cut_run(const Run& run, Neighbors& b, RunList& out)
         if (end > cut_end) {
             if (begin < cut_begin) {
                 out.push_back({row, begin, cut_begin - 1});
+                ++pieces_behind;
             }
             begin = cut_end + 1;
         } else if (begin < cut_begin) {
             end = cut_begin - 1;
-        } else if (out.size() > without_pieces) {
-            piece = out.back();
-            out.pop_back();
+        } else if (pieces_behind > 0) {
+            piece = out.taken_back();
+            --pieces_behind;
         } else {
             return;
         }
@@ -70,16 +54,25 @@ bool runs_meet(const Run& a, const Run& b)
     return share_a_column || one_lies_within_the_other;
 }
 
-void unite_row(RunView a, RunView b, RunList& out)
+Run* write_union_of_inverted(const Run& a, const Run& b, Run* out)
 {
-    for (const Run& of_a : a) {
-        for (const Run& of_b : b) {
-            unite(of_a, of_b, out);
-        }
+    const auto& [row, a_begin, a_end] = a;
+    const auto& [b_row, b_begin, b_end] = b;
+    if (runs_meet(a, b)) {
+        *out++ = {row, std::min(a_begin, b_begin), std::max(a_end, b_end)};
+    } else if (a_begin > b_end) {
+        *out++ = {row, b_begin, b_end};
+        *out++ = a;
+    } else if (a_begin == b_end) {
+        *out++ = {row, b_begin, a_end};
+    } else {
+        *out++ = a;
+        *out++ = {row, b_begin, b_end};
     }
+    return out;
 }
 
-void intersect_row(RunView a, RunView b, RunList& out)
+void intersect_row(RunView a, RunView b, RunWriter& out)
 {
     Neighbors neighbors(a, b);
     for (const Run& of_a : a) {
@@ -96,7 +89,7 @@ void intersect_row(RunView a, RunView b, RunList& out)
     }
 }
 
-void cut_row(RunView a, RunView b, RunList& out)
+void cut_row(RunView a, RunView b, RunWriter& out)
 {
     const ViewOrCopy<Run> b_by_column = by_first_column(b);
     Neighbors neighbors(a, b_by_column);

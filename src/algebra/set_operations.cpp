@@ -69,7 +69,7 @@ RunList combine(RunView a, RunView b, const SetOperation& operation)
     }
     const ViewOrCopy<Run> a_by_row = by_row(a);
     const ViewOrCopy<Run> b_by_row = by_row(b);
-    return join_rows(a_by_row, b_by_row, operation.rules, operation.combine_row);
+    return operation.join(a_by_row, b_by_row, operation.rules);
 }
 
 } // namespace kiv

@@ -19,7 +19,7 @@ enum class ResultFrame {
 
 struct SetOperation {
     JoinRules rules;
-    RowFunction combine_row;
+    RunList (*join)(RunView a, RunView b, const JoinRules& rules);
     std::optional<PlainOperation> of_sets; // what sets give except at the ends of the lists
     ResultFrame frame;
 };
@@ -30,7 +30,7 @@ inline constexpr SetOperation region_union = {
               .last_row_of_b = LastRowOfB::like_any,
               .rows_only_in_a = UnmatchedRows::kept,
               .rows_only_in_b = UnmatchedRows::kept},
-    .combine_row = unite_row,
+    .join = join_rows<unite_row>,
     .of_sets = std::nullopt,
     .frame = ResultFrame::larger,
 };
@@ -41,7 +41,7 @@ inline constexpr SetOperation roi_union = {
               .last_row_of_b = LastRowOfB::withheld_unless_single_run,
               .rows_only_in_a = UnmatchedRows::kept,
               .rows_only_in_b = UnmatchedRows::kept},
-    .combine_row = unite_row,
+    .join = join_rows<unite_row>,
     .of_sets = std::nullopt,
     .frame = ResultFrame::larger,
 };
@@ -52,7 +52,7 @@ inline constexpr SetOperation region_intersection = {
               .last_row_of_b = LastRowOfB::withheld,
               .rows_only_in_a = UnmatchedRows::dropped,
               .rows_only_in_b = UnmatchedRows::dropped},
-    .combine_row = intersect_row,
+    .join = join_rows<intersect_row>,
     .of_sets = PlainOperation::intersection,
     .frame = ResultFrame::of_a,
 };
@@ -63,7 +63,7 @@ inline constexpr SetOperation roi_intersection = {
               .last_row_of_b = LastRowOfB::withheld_unless_single_run,
               .rows_only_in_a = UnmatchedRows::dropped,
               .rows_only_in_b = UnmatchedRows::dropped},
-    .combine_row = intersect_row,
+    .join = join_rows<intersect_row>,
     .of_sets = PlainOperation::intersection,
     .frame = ResultFrame::of_a,
 };
@@ -75,7 +75,7 @@ inline constexpr SetOperation difference = {
               .last_row_of_b = LastRowOfB::like_any,
               .rows_only_in_a = UnmatchedRows::kept,
               .rows_only_in_b = UnmatchedRows::dropped},
-    .combine_row = cut_row,
+    .join = join_rows<cut_row>,
     .of_sets = PlainOperation::difference,
     .frame = ResultFrame::of_a,
 };

@@ -164,4 +164,24 @@ TEST(RegionComplementGaps, OfTheWidestFrame)
     EXPECT_TRUE(same(complement({{0, 1, 1}}, 1, 2), {{1, 0, 0}}));
 }
 
+TEST(RegionComplement, OfLongRowsAndManyRows)
+{
+    for (const int count : {125, 126, 127, 128, 129, 130, 254, 255, 256, 257, 1000}) {
+        Runs runs;
+        Runs expected = {{0, 0, 1}};
+        for (int i = 0; i < count; ++i) {
+            runs.push_back({0, 4 * i + 2, 4 * i + 3});
+            if (i > 0) {
+                expected.push_back({0, 4 * i - 1, 4 * i + 3});
+            }
+        }
+        expected.push_back({0, 4 * count, 4 * count});
+        for (int row = 1; row < count; ++row) {
+            expected.insert(expected.begin() + row - 1, {row, 0, 4 * count}); // in front of the row above
+        }
+        runs.push_back({count, 7, 8});
+        EXPECT_TRUE(same(complement(runs, 4 * count + 1, count + 1), expected)) << count;
+    }
+}
+
 } // namespace

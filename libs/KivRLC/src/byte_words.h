@@ -2,6 +2,8 @@
 // Mask bytes, 64 at a time: as a word whose bit i says whether byte i is foreground, that is, not 0. There is one way
 // that works on every machine, and one for each instruction set that has something better. SSE2 is in every x86-64 and
 // NEON in every arm64, so the choice is made when the library is compiled.
+//
+// Bytes are taken as they are, or by how far they lie beyond a range of values: then those within it are 0.
 #pragma once
 
 #include <bit>
@@ -22,7 +24,34 @@ inline constexpr int word_pixels = 64;
 
 /// Eight bytes at a time, in 64-bit integers of either byte order.
 struct PortableWords {
-    static std::uint64_t foreground_bits(const std::uint8_t* bytes)
+    /// The bytes from a place on, as they are.
+    struct Bytes {
+        std::uint64_t operator()(const std::uint8_t* bytes) const
+        {
+            std::uint64_t eight = 0;
+            std::memcpy(&eight, bytes, sizeof eight);
+            return eight;
+        }
+    };
+
+    /// How far they lie beyond the values from `least` to `least` + `span`.
+    struct BytesBeyond {
+        std::uint8_t least;
+        std::uint8_t span;
+
+        std::uint64_t operator()(const std::uint8_t* bytes) const
+        {
+            std::uint8_t beyond[8];
+            for (int i = 0; i < 8; ++i) {
+                const auto above = static_cast<std::uint8_t>(bytes[i] - least);
+                beyond[i] = static_cast<std::uint8_t>(above - (above < span ? above : span));
+            }
+            return Bytes()(beyond);
+        }
+    };
+
+    template <class Load = Bytes>
+    static std::uint64_t foreground_bits(const std::uint8_t* bytes, Load load = {})
     {
         // Multiplied by it, the lowest bits of eight bytes meet in the highest byte, the first byte's bit at its
         // bottom.
@@ -30,38 +59,33 @@ struct PortableWords {
             std::endian::native == std::endian::little ? 0x0102040810204080 : 0x8040201008040201;
         std::uint64_t bits = 0;
         for (int i = 0; i < word_pixels; i += 8) {
-            bits |= (foreground_of_8(loaded(bytes + i)) * gather >> 56) << i;
+            bits |= (foreground_of_8(load(bytes + i)) * gather >> 56) << i;
         }
         return bits;
     }
 
-    static bool is_background(const std::uint8_t* bytes)
+    template <class Load = Bytes>
+    static bool is_background(const std::uint8_t* bytes, Load load = {})
     {
         std::uint64_t any = 0;
         for (int i = 0; i < word_pixels; i += 8) {
-            any |= loaded(bytes + i);
+            any |= load(bytes + i);
         }
         return any == 0;
     }
 
-    static bool is_foreground(const std::uint8_t* bytes)
+    template <class Load = Bytes>
+    static bool is_foreground(const std::uint8_t* bytes, Load load = {})
     {
         std::uint64_t all = every_lowest_bit;
         for (int i = 0; i < word_pixels; i += 8) {
-            all &= foreground_of_8(loaded(bytes + i));
+            all &= foreground_of_8(load(bytes + i));
         }
         return all == every_lowest_bit;
     }
 
 private:
     static constexpr std::uint64_t every_lowest_bit = 0x0101010101010101;
-
-    static std::uint64_t loaded(const std::uint8_t* bytes)
-    {
-        std::uint64_t eight = 0;
-        std::memcpy(&eight, bytes, sizeof eight);
-        return eight;
-    }
 
     /// 1 in each byte that is not 0. Adding 127 to the lower seven bits sets the highest one unless they all are 0.
     static std::uint64_t foreground_of_8(std::uint64_t bytes)
@@ -74,32 +98,52 @@ private:
 #if defined(__SSE2__)
 /// Sixteen bytes at a time.
 struct Sse2Words {
-    static std::uint64_t foreground_bits(const std::uint8_t* bytes)
+    /// The bytes from a place on, as they are.
+    struct Bytes {
+        __m128i operator()(const std::uint8_t* bytes) const
+        {
+            return _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+        }
+    };
+
+    /// How far they lie beyond the values from `least` to `least` + `span`.
+    struct BytesBeyond {
+        std::uint8_t least;
+        std::uint8_t span;
+
+        __m128i operator()(const std::uint8_t* bytes) const
+        {
+            return _mm_subs_epu8(_mm_sub_epi8(Bytes()(bytes), all(least)), all(span));
+        }
+
+    private:
+        static __m128i all(std::uint8_t value) { return _mm_set1_epi8(static_cast<char>(value)); }
+    };
+
+    template <class Load = Bytes>
+    static std::uint64_t foreground_bits(const std::uint8_t* bytes, Load load = {})
     {
-        return ~(background_of_16(loaded(bytes)) | background_of_16(loaded(bytes + 16)) << 16 |
-                 background_of_16(loaded(bytes + 32)) << 32 | background_of_16(loaded(bytes + 48)) << 48);
+        return ~(background_of_16(load(bytes)) | background_of_16(load(bytes + 16)) << 16 |
+                 background_of_16(load(bytes + 32)) << 32 | background_of_16(load(bytes + 48)) << 48);
     }
 
-    static bool is_background(const std::uint8_t* bytes)
+    template <class Load = Bytes>
+    static bool is_background(const std::uint8_t* bytes, Load load = {})
     {
-        const __m128i any = _mm_or_si128(_mm_or_si128(loaded(bytes), loaded(bytes + 16)),
-                                         _mm_or_si128(loaded(bytes + 32), loaded(bytes + 48)));
+        const __m128i any =
+            _mm_or_si128(_mm_or_si128(load(bytes), load(bytes + 16)), _mm_or_si128(load(bytes + 32), load(bytes + 48)));
         return background_of_16(any) == 0xffff;
     }
 
-    static bool is_foreground(const std::uint8_t* bytes)
+    template <class Load = Bytes>
+    static bool is_foreground(const std::uint8_t* bytes, Load load = {})
     {
-        const __m128i least = _mm_min_epu8(_mm_min_epu8(loaded(bytes), loaded(bytes + 16)),
-                                           _mm_min_epu8(loaded(bytes + 32), loaded(bytes + 48)));
+        const __m128i least =
+            _mm_min_epu8(_mm_min_epu8(load(bytes), load(bytes + 16)), _mm_min_epu8(load(bytes + 32), load(bytes + 48)));
         return background_of_16(least) == 0;
     }
 
 private:
-    static __m128i loaded(const std::uint8_t* bytes)
-    {
-        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
-    }
-
     static std::uint64_t background_of_16(__m128i bytes)
     {
         return static_cast<std::uint64_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_setzero_si128())));
@@ -110,35 +154,53 @@ using NativeWords = Sse2Words;
 #elif defined(__aarch64__) && defined(__ARM_NEON) && !defined(__AARCH64EB__)
 /// Sixteen bytes at a time.
 struct NeonWords {
-    static std::uint64_t foreground_bits(const std::uint8_t* bytes)
+    /// The bytes from a place on, as they are.
+    struct Bytes {
+        uint8x16_t operator()(const std::uint8_t* bytes) const { return vld1q_u8(bytes); }
+    };
+
+    /// How far they lie beyond the values from `least` to `least` + `span`.
+    struct BytesBeyond {
+        std::uint8_t least;
+        std::uint8_t span;
+
+        uint8x16_t operator()(const std::uint8_t* bytes) const
+        {
+            return vqsubq_u8(vsubq_u8(vld1q_u8(bytes), vdupq_n_u8(least)), vdupq_n_u8(span));
+        }
+    };
+
+    template <class Load = Bytes>
+    static std::uint64_t foreground_bits(const std::uint8_t* bytes, Load load = {})
     {
         // Each byte has one bit left, by its place among eight; sums of neighbours bring eight of them into one byte.
-        const uint8x16_t halves_of_32 = vpaddq_u8(placed_bits(bytes), placed_bits(bytes + 16));
-        const uint8x16_t others = vpaddq_u8(placed_bits(bytes + 32), placed_bits(bytes + 48));
+        const uint8x16_t halves_of_32 = vpaddq_u8(placed_bits(load(bytes)), placed_bits(load(bytes + 16)));
+        const uint8x16_t others = vpaddq_u8(placed_bits(load(bytes + 32)), placed_bits(load(bytes + 48)));
         const uint8x16_t quarters = vpaddq_u8(halves_of_32, others);
         return vgetq_lane_u64(vreinterpretq_u64_u8(vpaddq_u8(quarters, quarters)), 0);
     }
 
-    static bool is_background(const std::uint8_t* bytes)
+    template <class Load = Bytes>
+    static bool is_background(const std::uint8_t* bytes, Load load = {})
     {
-        const uint8x16_t any = vorrq_u8(vorrq_u8(vld1q_u8(bytes), vld1q_u8(bytes + 16)),
-                                        vorrq_u8(vld1q_u8(bytes + 32), vld1q_u8(bytes + 48)));
+        const uint8x16_t any =
+            vorrq_u8(vorrq_u8(load(bytes), load(bytes + 16)), vorrq_u8(load(bytes + 32), load(bytes + 48)));
         return vmaxvq_u8(any) == 0;
     }
 
-    static bool is_foreground(const std::uint8_t* bytes)
+    template <class Load = Bytes>
+    static bool is_foreground(const std::uint8_t* bytes, Load load = {})
     {
-        const uint8x16_t least = vminq_u8(vminq_u8(vld1q_u8(bytes), vld1q_u8(bytes + 16)),
-                                          vminq_u8(vld1q_u8(bytes + 32), vld1q_u8(bytes + 48)));
+        const uint8x16_t least =
+            vminq_u8(vminq_u8(load(bytes), load(bytes + 16)), vminq_u8(load(bytes + 32), load(bytes + 48)));
         return vminvq_u8(least) != 0;
     }
 
 private:
-    static uint8x16_t placed_bits(const std::uint8_t* bytes)
+    static uint8x16_t placed_bits(uint8x16_t bytes)
     {
         constexpr std::uint8_t places[16] = {1, 2, 4, 8, 16, 32, 64, 128, 1, 2, 4, 8, 16, 32, 64, 128};
-        const uint8x16_t sixteen = vld1q_u8(bytes);
-        return vandq_u8(vtstq_u8(sixteen, sixteen), vld1q_u8(places));
+        return vandq_u8(vtstq_u8(bytes, bytes), vld1q_u8(places));
     }
 };
 using NativeWords = NeonWords;

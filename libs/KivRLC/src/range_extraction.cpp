@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Runs from ranges of values: 64 pixels at a time become bytes that say which of them are in the range. The comparisons
-// are written so that compilers vectorise them.
+// Runs from ranges of values. Pixels of one byte are read like mask bytes. 64 others at a time become bytes that say
+// which of them are in the range, by comparisons that compilers vectorise.
 #include "byte_runs.h"
 #include "image_rows.h"
 #include "run_set_access.h"
@@ -25,8 +25,14 @@ struct RangeRow {
     Pixel least;
     Pixel greatest;
 
-    /// Finding out costs as much as the word does.
-    static constexpr bool is_all(bool /*foreground*/, int /*x*/) { return false; }
+    bool is_all(bool foreground, int x) const
+    {
+        if constexpr (is_of_bytes) {
+            return foreground ? Words::is_background(bytes + x, beyond()) : Words::is_foreground(bytes + x, beyond());
+        } else {
+            return false; // finding out costs as much as the word does
+        }
+    }
 
     /// Of integers by one comparison, since all values less than `least` wrap round to large ones.
     bool inside(Pixel value) const
@@ -40,13 +46,17 @@ struct RangeRow {
 
     std::uint64_t word(int x) const
     {
-        Pixel pixels[word_pixels];
-        std::memcpy(pixels, bytes + x * static_cast<std::ptrdiff_t>(sizeof(Pixel)), sizeof(pixels));
-        std::uint8_t flags[word_pixels];
-        for (int i = 0; i < word_pixels; ++i) {
-            flags[i] = static_cast<std::uint8_t>(inside(pixels[i]));
+        if constexpr (is_of_bytes) {
+            return ~Words::foreground_bits(bytes + x, beyond());
+        } else {
+            Pixel pixels[word_pixels];
+            std::memcpy(pixels, bytes + x * static_cast<std::ptrdiff_t>(sizeof(Pixel)), sizeof(pixels));
+            std::uint8_t flags[word_pixels];
+            for (int i = 0; i < word_pixels; ++i) {
+                flags[i] = static_cast<std::uint8_t>(inside(pixels[i]));
+            }
+            return Words::foreground_bits(flags);
         }
-        return kivrlc::NativeWords::foreground_bits(flags);
     }
 
     std::uint64_t word(int x, int count) const
@@ -56,6 +66,12 @@ struct RangeRow {
                     static_cast<std::size_t>(count) * sizeof(Pixel));
         return RangeRow{padded, least, greatest}.word(0) & ((std::uint64_t{1} << count) - 1);
     }
+
+private:
+    using Words = kivrlc::NativeWords;
+    static constexpr bool is_of_bytes = sizeof(Pixel) == 1;
+
+    auto beyond() const { return Words::BytesBeyond{least, static_cast<std::uint8_t>(greatest - least)}; }
 };
 
 template <class Pixel>

@@ -31,10 +31,6 @@ public:
             if (up(a) < up(b)) {
                 std::swap(a, b);
             }
-            if (up(a) == a) {
-                up(a) = up(b);
-                return;
-            }
             a = std::exchange(up(a), up(b));
         }
     }

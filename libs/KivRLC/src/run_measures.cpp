@@ -79,8 +79,10 @@ double KivRuns::CroftonPerimeter(const KivRunSet& set) noexcept
 std::int64_t KivRuns::EulerNumber(const KivRunSet& set, Connectivity connectivity) noexcept
 {
     auto number = static_cast<std::int64_t>(set.Runs().size());
-    kivrlc::for_each_touching_pair(set.Runs(), kivrlc::reach_of(connectivity),
-                                   [&number](const Run&, const Run&) { --number; });
+    const std::int64_t reach = kivrlc::reach_of(connectivity);
+    kivrlc::for_each_near_pair(set.Runs(), [&number, reach](const Run& above, const Run& run) {
+        number -= kivrlc::touch(above, run, reach) ? 1 : 0;
+    });
     return number;
 }
 

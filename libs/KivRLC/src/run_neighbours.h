@@ -3,6 +3,8 @@
 // of two runs, the one that ends first can touch nothing that comes later in the other row.
 #pragma once
 
+#include "combine_row.h"
+
 #include <KivRLC/KivRunBuffer.h>
 
 #include <cstdint>
@@ -28,6 +30,10 @@ inline bool ends_before(const Run& run, const Run& other, std::int64_t reach)
 inline const Run* end_of_row(const Run* run, const Run* end)
 {
     const int row = run->row;
+    constexpr std::ptrdiff_t stride = 4; // runs are looked at by fours first, as rows may be long
+    while (end - run > stride && run[stride].row == row) {
+        run += stride;
+    }
     do {
         ++run;
     } while (run != end && run->row == row);
@@ -48,20 +54,34 @@ void for_each_row(KivRunView runs, Visit visit)
     }
 }
 
+inline bool touch(const Run& run, const Run& other, std::int64_t reach)
+{
+    return (static_cast<int>(ends_before(run, other, reach)) | static_cast<int>(ends_before(other, run, reach))) == 0;
+}
+
+/// Calls `visit(upper, lower)` for pairs of runs in neighbouring rows, among which are all that touch.
+template <class Visit>
+void for_each_near_pair(KivRunView runs, Visit visit)
+{
+    for_each_row(runs, [&](const Run* above, const Run* above_end, const Run* run, const Run* row_end) {
+        if (above + 1 == above_end && run + 1 == row_end) { // as most rows of shapes are
+            visit(*above, *run);
+            return;
+        }
+        RowRuns upper{above, above_end};
+        RowRuns lower{run, row_end};
+        walk<&Run::colEnd>(upper, lower,
+                           [&](const Run& of_upper, const Run& of_lower, bool) { visit(of_upper, of_lower); });
+    });
+}
+
 /// Calls `visit(upper, lower)` for each pair of runs in neighbouring rows that touch.
 template <class Visit>
 void for_each_touching_pair(KivRunView runs, std::int64_t reach, Visit visit)
 {
-    for_each_row(runs, [&](const Run* above, const Run* above_end, const Run* run, const Run* row_end) {
-        while (above != above_end && run != row_end) {
-            if (!ends_before(*above, *run, reach) && !ends_before(*run, *above, reach)) {
-                visit(*above, *run);
-            }
-            if (above->colEnd < run->colEnd) {
-                ++above;
-            } else {
-                ++run;
-            }
+    for_each_near_pair(runs, [&](const Run& upper, const Run& lower) {
+        if (touch(upper, lower, reach)) {
+            visit(upper, lower);
         }
     });
 }

@@ -31,15 +31,21 @@ inline KivRunSet set_of_canonical(RunBuffer&& runs)
     return RunSetAccess::make(std::move(runs));
 }
 
-/// The first run on a row or below it.
+/// The first run on a row or below it. Most sets are asked for rows at or beyond their ends.
 inline const Run* first_from_row(KivRunView runs, int row)
 {
+    if (runs.empty() || row <= runs.front().row) {
+        return runs.begin();
+    }
     return std::lower_bound(runs.begin(), runs.end(), row, [](const Run& run, int wanted) { return run.row < wanted; });
 }
 
 /// The first run below a row.
 inline const Run* behind_row(KivRunView runs, int row)
 {
+    if (runs.empty() || runs.back().row <= row) {
+        return runs.end();
+    }
     return std::upper_bound(runs.begin(), runs.end(), row, [](int wanted, const Run& run) { return wanted < run.row; });
 }
 

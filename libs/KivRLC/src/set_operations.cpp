@@ -16,22 +16,46 @@ KivRunSet combined(const KivRunSet& a, const KivRunSet& b)
     return kivrlc::set_of_canonical(kivrlc::swept<table>(a.Runs(), b.Runs()));
 }
 
-/// Writes the pixels of one row of a box that do not belong to the runs from `run` on. `run` becomes the first run of
-/// a later row.
-Run* write_gaps(int row, const KivRunBox& box, const Run*& run, const Run* end, Run* out)
+/// Writes what a box has from a place on, from left to right and down.
+class RestOfBox
 {
-    std::int64_t begin = box.colBegin;
-    for (; run != end && run->row == row; ++run) {
-        const std::int64_t gap_end = std::min<std::int64_t>(std::int64_t{run->colBegin} - 1, box.colEnd);
-        *out = {row, static_cast<int>(begin), static_cast<int>(gap_end)};
-        out += begin <= gap_end ? 1 : 0;
-        begin = std::max(begin, std::int64_t{run->colEnd} + 1);
+public:
+    RestOfBox(const KivRunBox& box, Run* out) : box_(box), row_(box.rowBegin), begin_(box.colBegin), out_(out) {}
+
+    /// Writes all rows above this one.
+    void write_above(std::int64_t row)
+    {
+        write_up_to(box_.colEnd);
+        for (++row_; row_ < row; ++row_) {
+            *out_++ = {static_cast<int>(row_), box_.colBegin, box_.colEnd};
+        }
+        begin_ = box_.colBegin;
     }
-    if (begin <= box.colEnd) {
-        *out++ = {row, static_cast<int>(begin), box.colEnd};
+
+    /// Writes what is left of a run and leaves the run out.
+    void leave_out(const Run& run)
+    {
+        if (run.row != row_) {
+            write_above(run.row);
+        }
+        write_up_to(std::min<std::int64_t>(std::int64_t{run.colBegin} - 1, box_.colEnd));
+        begin_ = std::max(begin_, std::int64_t{run.colEnd} + 1);
     }
-    return out;
-}
+
+    const Run* end() const { return out_; }
+
+private:
+    void write_up_to(std::int64_t end)
+    {
+        out_ =
+            kivrlc::put({static_cast<int>(row_), static_cast<int>(begin_), static_cast<int>(end)}, begin_ <= end, out_);
+    }
+
+    KivRunBox box_;
+    std::int64_t row_;
+    std::int64_t begin_;
+    Run* out_;
+};
 
 KivRunSet union_of(const KivRunSet* sets, std::size_t count)
 {
@@ -69,16 +93,17 @@ KivRunSet KivRunSet::Complement(const KivRunBox& box) const
         return {};
     }
     const KivRunView runs = Runs();
+    const Run* const first = kivrlc::first_from_row(runs, box.rowBegin);
     const Run* const end = kivrlc::behind_row(runs, box.rowEnd);
-    const Run* run = kivrlc::first_from_row(runs, box.rowBegin);
     const std::int64_t rows = std::int64_t{box.rowEnd} - box.rowBegin + 1;
     // A row has at most one gap more than it has runs, and one run may be written, but not counted.
-    kivrlc::RunBuffer gaps(kivrlc::checked_count<Run>(rows + (end - run) + 1));
-    Run* out = gaps.data();
-    for (std::int64_t row = box.rowBegin; row <= box.rowEnd; ++row) {
-        out = write_gaps(static_cast<int>(row), box, run, end, out);
+    kivrlc::RunBuffer gaps(kivrlc::checked_count<Run>(rows + (end - first) + 1));
+    RestOfBox rest(box, gaps.data());
+    for (const Run* run = first; run < end; ++run) {
+        rest.leave_out(*run);
     }
-    gaps.resize(static_cast<std::size_t>(out - gaps.data()));
+    rest.write_above(std::int64_t{box.rowEnd} + 1);
+    gaps.resize(static_cast<std::size_t>(rest.end() - gaps.data()));
     return kivrlc::set_of_canonical(std::move(gaps));
 }
 

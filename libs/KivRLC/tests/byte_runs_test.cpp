@@ -114,6 +114,27 @@ TYPED_TEST(ByteRuns, WordsOfForegroundLackABitForEachByteOfBackground)
     }
 }
 
+TYPED_TEST(ByteRuns, BytesBeyondARangeAreForegroundWhateverTheRange)
+{
+    for (int least = 0; least < 256; ++least) {
+        for (int greatest = least; greatest < 256; ++greatest) {
+            const typename TypeParam::BytesBeyond beyond{static_cast<std::uint8_t>(least),
+                                                         static_cast<std::uint8_t>(greatest - least)};
+            for (int first = 0; first < 256; first += 64) {
+                std::array<std::uint8_t, 64> bytes{};
+                std::uint64_t expected = 0;
+                for (int i = 0; i < 64; ++i) {
+                    bytes[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(first + i);
+                    expected |= std::uint64_t{first + i < least || first + i > greatest} << i;
+                }
+                ASSERT_EQ(TypeParam::foreground_bits(bytes.data(), beyond), expected) << least << ".." << greatest;
+                ASSERT_EQ(TypeParam::is_background(bytes.data(), beyond), expected == 0) << least << ".." << greatest;
+                ASSERT_EQ(TypeParam::is_foreground(bytes.data(), beyond), ~expected == 0) << least << ".." << greatest;
+            }
+        }
+    }
+}
+
 TYPED_TEST(ByteRuns, AgreesWithALoopFromEveryOffsetAndAtEveryLength)
 {
     std::mt19937 random(1);
