@@ -13,9 +13,11 @@ namespace
 
 KivContour contour_of(const KivPixel* begin, const KivPixel* end)
 {
-    KivContour::Points points(static_cast<std::size_t>(end - begin));
-    std::transform(begin, end, points.begin(),
-                   [](const KivPixel& pixel) { return cv::Point_<double>(pixel.x, pixel.y); });
+    KivContour::Points points;
+    points.reserve(static_cast<std::size_t>(end - begin)); // making all points at once would clear them first
+    for (const KivPixel* pixel = begin; pixel != end; ++pixel) {
+        points.emplace_back(pixel->x, pixel->y);
+    }
     return KivContour(std::move(points));
 }
 
