@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "arrays.h"
 
-#include <climits>
 #include <cstddef>
 #include <cstring>
-#include <string>
 #include <type_traits>
 
 namespace
@@ -13,22 +11,6 @@ namespace
 using namespace kivpython;
 
 static_assert(sizeof(Run) == 3 * sizeof(std::int32_t) && std::is_standard_layout_v<Run>, "runs are rows of three ints");
-
-template <class Pixel>
-std::vector<int> checked_ints(const Buffer& buffer)
-{
-    return buffer.Packed<Pixel, int>([](Pixel value) {
-        if constexpr (sizeof(Pixel) >= sizeof(int)) {
-            const bool fits = std::is_signed_v<Pixel>
-                                  ? value >= static_cast<Pixel>(INT_MIN) && value <= static_cast<Pixel>(INT_MAX)
-                                  : value <= static_cast<Pixel>(INT_MAX);
-            if (!fits) {
-                throw nb::value_error((std::to_string(value) + " is beyond 32 bits").c_str());
-            }
-        }
-        return static_cast<int>(value);
-    });
-}
 
 } // namespace
 
@@ -74,7 +56,5 @@ nb::object kivpython::empty(const Frame& frame, const char* type, const char* or
 
 std::vector<int> kivpython::ints_of_pixels(const Buffer& buffer, const char* taken)
 {
-    return with_pixel_type<std::int32_t, std::int64_t, std::uint8_t, std::int8_t, std::uint16_t, std::int16_t,
-                           std::uint32_t, std::uint64_t>(
-        buffer, taken, [&](auto pixel) { return checked_ints<decltype(pixel)>(buffer); });
+    return with_whole_number_type(buffer, taken, [&](auto pixel) { return checked_ints<decltype(pixel)>(buffer); });
 }

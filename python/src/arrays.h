@@ -8,7 +8,12 @@
 
 #include <nanobind/ndarray.h>
 
+#include <climits>
+#include <cstddef>
+#include <cstdint>
 #include <initializer_list>
+#include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -20,6 +25,32 @@ std::vector<Run> runs_of(nb::handle runs);
 
 /// The runs of a Python RunSet as a read-only array that keeps it alive.
 nb::object runs_view(nb::handle set);
+
+/// Calls `visit` with a value of the whole-number type that the buffer's pixels have. Raises TypeError if they have
+/// another one, naming what is taken.
+template <class Visit>
+auto with_whole_number_type(const Buffer& buffer, const char* taken, Visit visit)
+{
+    return with_pixel_type<std::int32_t, std::int64_t, std::uint8_t, std::int8_t, std::uint16_t, std::int16_t,
+                           std::uint32_t, std::uint64_t>(buffer, taken, visit);
+}
+
+/// The elements of a buffer of this whole-number type as ints, row by row. Raises ValueError if one is beyond 32 bits.
+template <class Pixel>
+std::vector<int> checked_ints(const Buffer& buffer)
+{
+    return buffer.Packed<Pixel, int>([](Pixel value) {
+        if constexpr (sizeof(Pixel) >= sizeof(int)) {
+            const bool fits = std::is_signed_v<Pixel>
+                                  ? value >= static_cast<Pixel>(INT_MIN) && value <= static_cast<Pixel>(INT_MAX)
+                                  : value <= static_cast<Pixel>(INT_MAX);
+            if (!fits) {
+                throw nb::value_error((std::to_string(value) + " is beyond 32 bits").c_str());
+            }
+        }
+        return static_cast<int>(value);
+    });
+}
 
 /// The elements of a buffer of any whole-number type as ints, row by row.
 ///

@@ -10,7 +10,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -64,29 +63,28 @@ KivRunSet from_range(nb::handle image, double least, double greatest)
     });
 }
 
+// Labels of other types than these are converted, if all of them fit.
 template <class Label>
 std::vector<KivRuns::LabelledSet> labelled_sets_of(const Buffer& buffer)
 {
     const nb::gil_scoped_release release;
-    if (buffer.RowsAreDense()) {
-        return KivRuns::FromLabels(buffer.Rows<const Label>());
+    if constexpr (requires(KivImageView<const Label> labels) { KivRuns::FromLabels(labels); }) {
+        if (buffer.RowsAreDense()) {
+            return KivRuns::FromLabels(buffer.Rows<const Label>());
+        }
+        const auto packed = buffer.Packed<Label, Label>([](Label label) { return label; });
+        return KivRuns::FromLabels(view_of(packed, buffer.Width(), buffer.Height()));
+    } else {
+        const std::vector<int> ints = checked_ints<Label>(buffer);
+        return KivRuns::FromLabels(view_of(ints, buffer.Width(), buffer.Height()));
     }
-    const auto packed = buffer.Packed<Label, Label>([](Label label) { return label; });
-    return KivRuns::FromLabels(view_of(packed, buffer.Width(), buffer.Height()));
 }
 
 std::vector<KivRuns::LabelledSet> labelled_sets(nb::handle labels)
 {
     const Buffer buffer(labels, "labels");
-    constexpr std::string_view taken_as_they_are = "BHi";
-    if (taken_as_they_are.find(buffer.Kind()) == taken_as_they_are.npos) {
-        // Labels of other sizes, as scikit-image makes, when all of them fit.
-        const nb::gil_scoped_release release;
-        const std::vector<int> ints = ints_of_pixels(buffer, "a whole-number type");
-        return KivRuns::FromLabels(view_of(ints, buffer.Width(), buffer.Height()));
-    }
-    return with_pixel_type<std::uint8_t, std::uint16_t, std::int32_t>(
-        buffer, "", [&](auto label) { return labelled_sets_of<decltype(label)>(buffer); });
+    return with_whole_number_type(buffer, "a whole-number type",
+                                  [&](auto label) { return labelled_sets_of<decltype(label)>(buffer); });
 }
 
 nb::dict from_labels(nb::handle labels)

@@ -34,7 +34,7 @@ def make_mutants(sites):
             if times_named[name] > 1:
                 name += f" #{times_named[name]}"
             number += 1
-            mutants.append(Mutant(number, site, after, name))
+            mutants.append(Mutant(number, site, after, name, "own" if site.is_bound else "shared"))
     return mutants
 
 

@@ -42,6 +42,7 @@ class Site:
     afters: list = field(default_factory=list)
     constant: tuple = None  # the stretch of the word constexpr that keeps it from being chosen while the program runs
     in_class: bool = False
+    is_bound: bool = False  # whether the constant bounds an array that is a member
 
 
 def flat(text):
@@ -63,6 +64,7 @@ class Finder:
         self.folders = folders
         self.texts = {}
         self.sites = {}
+        self.bounds = set()  # (path, start) of the words constexpr of constants that bound arrays that are members
         self.seen = set()
 
     def parse(self, source, arguments):
@@ -92,21 +94,43 @@ class Finder:
         return self.texts[path][start:end].decode()
 
     def visit(self, cursor, parent, path, function, constant):
-        if cursor.kind in CONSTANT_PARENTS or self.is_compile_time(cursor, parent, path):
+        if cursor.kind in CONSTANT_PARENTS:
+            return
+        if self.is_compile_time(cursor, parent, path):
+            if parent.kind == Kind.FIELD_DECL:
+                self.add_bounds(cursor)
             return
         start, end = extent(cursor)
         if cursor.kind in FUNCTIONS:
             function = name_of(cursor)
         if cursor.kind in (Kind.VAR_DECL, Kind.FIELD_DECL):
             function = function or name_of(cursor)
-            word = re.search(r"\bconstexpr\b", self.text(path, start, cursor.location.offset))
+            word = self.constexpr_of(cursor, path)
             if word:
-                constant = (start + word.start(), start + word.end(), cursor.semantic_parent.kind in CLASSES)
+                constant = (*word, cursor.semantic_parent.kind in CLASSES)
         if start < end <= len(self.texts[path]):
             for rank, (first, last), afters in self.changes(cursor, parent, path):
                 self.add(path, first, last, rank, function, afters, constant)
         for child in cursor.get_children():
             self.visit(child, cursor, path, function, constant)
+
+    def constexpr_of(self, cursor, path):
+        """Where the word constexpr of a variable stands; None if it has none."""
+        start = extent(cursor)[0]
+        word = re.search(r"\bconstexpr\b", self.text(path, start, cursor.location.offset))
+        return (start + word.start(), start + word.end()) if word else None
+
+    def add_bounds(self, bound):
+        """Notes the constants that an array's bound depends on."""
+        for cursor in bound.walk_preorder():
+            constant = cursor.referenced if cursor.kind == Kind.DECL_REF_EXPR else None
+            path = self.path_of(constant) if constant is not None and constant.kind == Kind.VAR_DECL else None
+            if path:
+                self.texts.setdefault(path, (self.root / path).read_bytes())
+                word = self.constexpr_of(constant, path)
+                if word:
+                    self.bounds.add((path, word[0]))
+                self.add_bounds(constant)
 
     def is_compile_time(self, cursor, parent, path):
         """Whether an expression is a case label, the condition of an if constexpr, a template argument in the type of a
@@ -280,4 +304,7 @@ def find_sites(root, commands, folders, scratch):
                     scratch)
     for source, arguments in commands:
         finder.parse(source, arguments)
-    return [finder.sites[key] for key in sorted(finder.sites)]
+    found = [finder.sites[key] for key in sorted(finder.sites)]
+    for site in found:
+        site.is_bound = site.constant is not None and (site.path, site.constant[0]) in finder.bounds
+    return found

@@ -38,7 +38,7 @@ class Tree:
         self.apart = self.folder / "apart.json"  # mutants that are known not to be fit for the shared build
         apart = json.loads(self.apart.read_text()) if self.apart.exists() else {}
         for mutant in self.mutants:
-            mutant.build = apart.get(mutant.name, "shared")
+            mutant.build = apart.get(mutant.name, mutant.build)
 
     def copy_project(self):
         wanted = set(self.project_files())

@@ -26,11 +26,6 @@ cv::Mat unset_mask(Frame frame)
     return mask;
 }
 
-uchar* row_of_mask(cv::Mat& mask, int row)
-{
-    return mask.data + static_cast<std::size_t>(row) * mask.step[0];
-}
-
 } // namespace
 
 cv::Mat painted_mask(Frame frame, RunView runs, int foreground, int background)
@@ -47,7 +42,7 @@ cv::Mat painted_mask(Frame frame, const PixelLists& pixels)
     cv::Mat mask = painted_mask(frame, RunView());
     for (std::size_t i = 0; i < pixels.columns.size(); ++i) {
         if (pixels.columns[i] >= 0 && pixels.rows[i] >= 0) {
-            row_of_mask(mask, pixels.rows[i])[pixels.columns[i]] = 255;
+            mask.ptr(pixels.rows[i])[pixels.columns[i]] = 255;
         }
     }
     return mask;

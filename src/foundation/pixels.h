@@ -52,6 +52,10 @@ inline int round_half_even(double coordinate)
 ///
 /// @throws cv::Exception where an int cannot hold its width or height, as OpenCV does for sizes that no matrix can
 /// have.
-Frame frame_up_to(int column, int row);
+inline Frame frame_up_to(int column, int row)
+{
+    CV_Assert(column < std::numeric_limits<int>::max() && row < std::numeric_limits<int>::max());
+    return {column + 1, row + 1};
+}
 
 } // namespace kiv

@@ -65,18 +65,32 @@ TEST(RunExtraction, KeepsWhatTheListHeldWhenMemoryRunsOut)
     }
 }
 
+/// The allocations of a call.
+template <class Call>
+long allocations_of(Call call)
+{
+    faults::fail_allocation(0);
+    EXPECT_EQ(call(), KIVMV::KIVMV_OK);
+    return faults::allocations_made();
+}
+
 TEST(Contours, OfASmallShapeTakeFourAllocationsBesideTheResult)
 {
     KivRegion ring(64, 64, {{10, 4, 20}, {11, 4, 6}, {11, 18, 20}, {12, 4, 20}});
+    constexpr long contours = 3; // the array and two contours
+    constexpr long runs = 1;
+    constexpr long matrix = 1;
+
     KivContourArray borders;
-    faults::fail_allocation(0);
-    ASSERT_EQ(KIVMV::KivRegionToContourArray(ring, &borders), KIVMV::KIVMV_OK);
-    EXPECT_LE(faults::allocations_made(), 3 + 4); // the array and two contours
+    EXPECT_LE(allocations_of([&] { return KIVMV::KivRegionToContourArray(ring, &borders); }), contours + 4);
     KivRegion filled;
-    faults::fail_allocation(0);
-    ASSERT_EQ(KIVMV::KivContourArrayToRegion(borders, 64, 64, &filled), KIVMV::KIVMV_OK);
-    EXPECT_LE(faults::allocations_made(), 1 + 4);
+    EXPECT_LE(allocations_of([&] { return KIVMV::KivContourArrayToRegion(borders, 64, 64, &filled); }), runs + 4);
     EXPECT_EQ(filled, ring);
+    KivImage image;
+    EXPECT_LE(allocations_of([&] { return KIVMV::KivContourArrayToBinImage(&image, borders, 64, 64); }), matrix + 4);
+    KivContourArray traced;
+    EXPECT_LE(allocations_of([&] { return KIVMV::KivBinImageToContourArray(image, &traced); }), contours + 4);
+    EXPECT_EQ(traced, borders);
 }
 
 TEST(Variants, ReleaseTheirTexts)

@@ -6,6 +6,7 @@
 #include <KivData/KivContourMeasures.h>
 #include <KivData/KivLevelContours.h>
 #include <KivData/KivRunPolygons.h>
+#include <KivRLC/KivRunBorders.h>
 #include <KivRLC/KivRunCoco.h>
 #include <KivRLC/KivRunComponents.h>
 #include <KivRLC/KivRunImages.h>
@@ -17,8 +18,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <limits>
 #include <new>
 #include <ostream>
+#include <vector>
 
 namespace
 {
@@ -155,6 +158,18 @@ TEST_P(RunShapeFaults, LoseNothingWhenMemoryRunsOut)
         EXPECT_EQ(set, before);
     }
     EXPECT_GT(fault_at, 2); // at least one did
+}
+
+TEST(Borders, TakeHardlyMoreMemoryThanTheirPoints)
+{
+    std::vector<::Run> runs; // on each row one that begins and ends elsewhere than those beside it
+    for (int row = 0; row < 20000; ++row) {
+        runs.push_back({row, row * 7919 % 100, 100 + row * 104729 % 100});
+    }
+    const std::size_t points = KivRunBorders::Of(runs).points.size();
+    faults::fail_blocks_over(points * sizeof(KivPixel) * 5 / 4);
+    EXPECT_EQ(KivRunBorders::Of(runs).points.size(), points);
+    faults::fail_blocks_over(std::numeric_limits<std::size_t>::max());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, RunShapeFaults, testing::ValuesIn(operations),

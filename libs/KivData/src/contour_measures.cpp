@@ -76,16 +76,24 @@ Point centroid_of(const Points& points, double doubled_area)
     return weight != 0.0 ? points.front() + sum / weight : points.front();
 }
 
-/// The point of the edge from a to b that is nearest to p.
-Point nearest_of_edge(const Point& a, const Point& b, const Point& p)
+/// Where the edge from a to b, from 0 to 1, is nearest to p.
+double nearest_part(const Point& a, const Point& b, const Point& p)
 {
     const Point along = b - a;
     const double square = along.dot(along);
-    const double part = square > 0.0 ? (p - a).dot(along) / square : 0.0;
-    if (part <= 0.0) {
-        return a;
+    const double product = (p - a).dot(along);
+    if (!std::isfinite(square) || !std::isfinite(product)) { // more than a double holds, unless seen from afar
+        constexpr double afar = 0x1p-600;
+        return nearest_part(afar * a, afar * b, afar * p);
     }
-    return part >= 1.0 ? b : a + part * along;
+    return square > 0.0 ? std::clamp(product / square, 0.0, 1.0) : 0.0;
+}
+
+/// The point of the edge from a to b that is nearest to p.
+Point nearest_of_edge(const Point& a, const Point& b, const Point& p)
+{
+    const double part = nearest_part(a, b, p);
+    return {std::lerp(a.x, b.x, part), std::lerp(a.y, b.y, part)};
 }
 
 /// The point furthest from the chord between two points of a line, among those between them; and how far it is.

@@ -6,36 +6,18 @@
 #include <KivRLC/KivPolygonFill.h>
 
 #include <algorithm>
-#include <climits>
-#include <cmath>
 #include <utility>
 
 namespace
 {
 
-int nearest_column_or_row(double coordinate)
-{
-    return cvRound(std::clamp<double>(coordinate, INT_MIN, INT_MAX)); // ties to even
-}
-
-/// Replaces the pixels by those nearest to the points; points that are no numbers are left out.
-void find_nearest_pixels(const KivContour::Points& points, std::vector<KivPixel>& pixels)
-{
-    pixels.resize(points.size());
-    std::size_t count = 0;
-    for (const cv::Point_<double>& point : points) {
-        if (!std::isnan(point.x) && !std::isnan(point.y)) {
-            pixels[count++] = {nearest_column_or_row(point.x), nearest_column_or_row(point.y)};
-        }
-    }
-    pixels.resize(count);
-}
-
 KivContour contour_of(const KivPixel* begin, const KivPixel* end)
 {
-    KivContour::Points points(static_cast<std::size_t>(end - begin));
-    std::transform(begin, end, points.begin(),
-                   [](const KivPixel& pixel) { return cv::Point_<double>(pixel.x, pixel.y); });
+    KivContour::Points points;
+    points.reserve(static_cast<std::size_t>(end - begin)); // making all points at once would clear them first
+    for (const KivPixel* pixel = begin; pixel != end; ++pixel) {
+        points.emplace_back(pixel->x, pixel->y);
+    }
     return KivContour(std::move(points));
 }
 
@@ -94,17 +76,14 @@ std::vector<Run> KivContourArray::FilledRuns(int width, int height) const
     kivdata::check_frame(width, height);
     KivPolygonFill fill({0, height - 1, 0, width - 1});
     std::size_t points = 0;
-    std::size_t most_points = 0;
     for (const KivContour& contour : contours_) {
         points += contour.AllPoints().size();
-        most_points = std::max(most_points, contour.AllPoints().size());
     }
     fill.Reserve(contours_.size(), points);
-    std::vector<KivPixel> pixels;
-    pixels.reserve(most_points);
     for (const KivContour& contour : contours_) {
-        find_nearest_pixels(contour.AllPoints(), pixels);
-        fill.Add(pixels.data(), pixels.size());
+        if (contour.Length() > 0) {
+            fill.AddRounded(&contour.AllPoints().front().x, contour.AllPoints().size());
+        }
     }
     return fill.Runs();
 }

@@ -143,9 +143,6 @@ KivContourArray KivContours::AtLevel(const cv::Mat& image, double level)
     if (!std::isfinite(level)) {
         throw std::invalid_argument("KivContours: the level is not finite");
     }
-    if (image.empty()) {
-        return KivContourArray();
-    }
     switch (image.type()) {
     case CV_8UC1:
         return LevelLines<unsigned char>(image, level).all();

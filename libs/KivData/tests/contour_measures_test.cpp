@@ -161,6 +161,23 @@ TEST(ContourMeasures, InsideAgreesWithOpenCv)
     }
 }
 
+TEST(ContourMeasures, NearestIsFoundOnEdgesAsLongAsDoublesGo)
+{
+    constexpr double huge = 1e308;
+    const KivContour level = {{huge, 0}, {-huge, 0}};
+    EXPECT_EQ(KivContours::Nearest(level, {0, 3}).point, cv::Point_<double>(0, 0));
+    EXPECT_EQ(KivContours::Nearest(level, {0, 3}).distance, 3.0);
+    const KivContour diagonal = {{huge, huge}, {-huge, -huge}};
+    EXPECT_EQ(KivContours::Nearest(diagonal, {huge / 2, -huge / 2}).point, cv::Point_<double>(0, 0));
+    EXPECT_NEAR(KivContours::Nearest(diagonal, {huge / 2, -huge / 2}).distance / huge, std::sqrt(0.5), 1e-15);
+    const auto beyond = KivContours::Nearest({{1e160, 1e-300}, {2e160, 1e-300}}, {3e160, 1e-300});
+    EXPECT_EQ(beyond.point, cv::Point_<double>(2e160, 1e-300));
+    EXPECT_DOUBLE_EQ(beyond.distance, 1e160);
+    const auto opposite = KivContours::Nearest({{-huge, 5}, {-huge, -5}}, {huge / 2, 1});
+    EXPECT_EQ(opposite.point, cv::Point_<double>(-huge, 1));
+    EXPECT_EQ(opposite.distance, 1.5 * huge);
+}
+
 TEST(ContourMeasures, NearestIsOnTheFirstOfTheNearestEdges)
 {
     const auto nearest = KivContours::Nearest(rectangle, {3, 7});

@@ -133,7 +133,17 @@ TEST(LevelContours, WhatIsNoGreyImageIsRejected)
             EXPECT_THROW(KivContours::AtLevel(floats, 1), std::invalid_argument);
         }
     }
+    EXPECT_THROW(KivContours::AtLevel(cv::Mat(0, 0, CV_64FC1), 1), std::invalid_argument);
+    EXPECT_THROW(KivContours::AtLevel(cv::Mat(0, 3, CV_8UC3), 1), std::invalid_argument);
+}
+
+TEST(LevelContours, ImagesWithoutPixelsHaveNone)
+{
     EXPECT_EQ(KivContours::AtLevel(cv::Mat(), 1), KivContourArray());
+    for (const int type : {CV_8UC1, CV_16UC1, CV_32FC1}) {
+        EXPECT_EQ(KivContours::AtLevel(cv::Mat(0, 3, type), 1), KivContourArray());
+        EXPECT_EQ(KivContours::AtLevel(cv::Mat(3, 0, type), 1), KivContourArray());
+    }
 }
 
 } // namespace

@@ -13,13 +13,13 @@
 namespace
 {
 
-/// Collects the runs of every label.
+/// Collects the runs of every label; 0 is none.
 class LabelCollector
 {
 public:
     void add(std::int32_t label, const Run& run)
     {
-        if (last_ == nullptr || label != last_label_) {
+        if (label != last_label_) {
             last_label_ = label;
             last_ = &runs_of_[label]; // stays where it is, however many labels follow
         }
@@ -39,7 +39,7 @@ public:
 
 private:
     std::unordered_map<std::int32_t, kivrlc::RunBuffer> runs_of_;
-    std::int32_t last_label_ = 0;
+    std::int32_t last_label_ = 0; // none so far
     kivrlc::RunBuffer* last_ = nullptr;
 };
 

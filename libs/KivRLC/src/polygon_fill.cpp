@@ -8,6 +8,8 @@
 #include "polygon_edge.h"
 
 #include <algorithm>
+#include <climits>
+#include <cmath>
 #include <numeric>
 #include <stdexcept>
 #include <utility>
@@ -28,6 +30,25 @@ std::int64_t first_with(std::int64_t begin, std::int64_t stop, Property has_prop
         }
     }
     return begin;
+}
+
+/// The int nearest to a number, ties to even.
+int nearest_int(double number)
+{
+    constexpr double no_fractions = 6755399441055744.0; // 1.5 * 2^52: doubles as large as this are whole numbers
+    const double in_range = std::min(std::max(number, double{INT_MIN}), double{INT_MAX});
+    return static_cast<int>((in_range + no_fractions) - no_fractions);
+}
+
+/// The pixel nearest to a column and the row behind it.
+KivPixel nearest_pixel(const double* place)
+{
+    return {nearest_int(place[0]), nearest_int(place[1])};
+}
+
+bool is_number(const double* place)
+{
+    return !std::isnan(place[0]) && !std::isnan(place[1]);
 }
 
 /// Writes the runs of rows of which the stretches are given, from the uppermost row down and from left to right, and of
@@ -178,14 +199,45 @@ void KivPolygonFill::Add(const KivPixel* corners, std::size_t count)
     if (count == 0) {
         return;
     }
-    if (stretches_.capacity() - stretches_.size() <= count) {
-        stretches_.reserve(std::max(2 * stretches_.size(), stretches_.size() + count + 1));
-    }
+    MakeRoom(count);
     Chain chain(*this, corners[count - 1]);
     for (std::size_t i = 0; i < count; ++i) {
         chain.go_to(corners[i]);
     }
     chain.finish();
+}
+
+void KivPolygonFill::AddRounded(const double* coordinates, std::size_t count)
+{
+    while (count > 0 && !is_number(coordinates + 2 * (count - 1))) {
+        --count;
+    }
+    if (count == 0) {
+        return;
+    }
+    MakeRoom(count);
+    Chain chain(*this, nearest_pixel(coordinates + 2 * (count - 1)));
+    // In pieces, as rounding goes faster by many at once.
+    constexpr std::size_t at_once = 64;
+    KivPixel piece[at_once];
+    for (std::size_t begin = 0; begin < count; begin += at_once) {
+        const std::size_t stop = std::min(begin + at_once, count);
+        std::size_t rounded = 0;
+        for (std::size_t i = begin; i < stop; ++i) {
+            piece[rounded] = nearest_pixel(coordinates + 2 * i);
+            rounded += is_number(coordinates + 2 * i) ? 1 : 0;
+        }
+        std::for_each_n(piece, rounded, [&](const KivPixel& pixel) { chain.go_to(pixel); });
+    }
+    chain.finish();
+}
+
+/// For the stretches of a polygon whose corners are neighbours.
+void KivPolygonFill::MakeRoom(std::size_t corners)
+{
+    if (stretches_.capacity() - stretches_.size() <= corners) {
+        stretches_.reserve(std::max(2 * stretches_.size(), stretches_.size() + corners + 1));
+    }
 }
 
 void KivPolygonFill::AddStretch(std::int64_t row, std::int64_t begin, std::int64_t end, bool flips)

@@ -8,21 +8,46 @@
 #include <KivRLC/KivRunBorders.h>
 
 #include "checked_count.h"
+#include "run_room.h"
 
 #include <KivRLC/KivRunSet.h>
 
 #include <algorithm>
 #include <climits>
 #include <cstdint>
-#include <stdexcept>
+#include <limits>
 #include <utility>
 
 namespace
 {
 
-constexpr std::size_t no_run = static_cast<std::size_t>(-1);
-constexpr std::size_t passed = static_cast<std::size_t>(-2);
-constexpr std::size_t no_border = static_cast<std::size_t>(-1);
+// An end of a run: 2 i is the left one of run i, 2 i + 1 the right one.
+using RunEnd = std::size_t;
+
+constexpr RunEnd end_of(std::size_t run, bool right)
+{
+    return 2 * run + (right ? 1 : 0);
+}
+constexpr RunEnd left_end(std::size_t run)
+{
+    return end_of(run, false);
+}
+constexpr RunEnd right_end(std::size_t run)
+{
+    return end_of(run, true);
+}
+constexpr RunEnd opposite(RunEnd end)
+{
+    return end ^ 1;
+}
+constexpr bool is_right(RunEnd end)
+{
+    return end % 2 != 0;
+}
+constexpr std::size_t run_of(RunEnd end)
+{
+    return end / 2;
+}
 
 /// Whether the runs are maximal, ordered by row, then by column, and all in the box.
 bool are_those_of_a_set_in(const KivRunBox& box, KivRunView runs)
@@ -53,20 +78,10 @@ std::vector<Run> cut_to(const KivRunBox& box, KivRunView runs)
     return cut;
 }
 
-/// What is known about a run.
-struct Links {
-    std::size_t above =
-        no_run; // the last run that it touches on the row above; `passed` once a border passed its right end
-    std::size_t below =
-        no_run; // the first run that it touches on the row below; `passed` once a border passed its left end
-    std::size_t outer = no_border; // of its component, once a border passed its left end
-};
-
-/// One of the two ends of a run.
-struct RunEnd {
-    std::size_t run;
-    bool is_right;
-};
+// What is linked with a run end is a run: with a left end the first one that its run touches on the row below, with a
+// right end the last one on the row above. Once a border has passed the end, it is that border's component instead.
+constexpr std::size_t first_component = ~(std::numeric_limits<std::size_t>::max() / 2);
+constexpr std::size_t no_run = first_component - 1;
 
 /// Whether a run ends too early to touch the other one, or any that comes after that.
 bool lies_before(const Run& run, const Run& other)
@@ -81,9 +96,9 @@ bool touches_below(const Run& run, const Run& other)
     return run.row < other.row && run.colBegin <= std::int64_t{other.colEnd} + 1;
 }
 
-std::vector<Links> links_of(KivRunView runs)
+std::vector<std::size_t> links_of(KivRunView runs)
 {
-    std::vector<Links> links(runs.size());
+    std::vector<std::size_t> links(2 * runs.size(), no_run);
     // Neither search goes past run i, which neither lies before itself nor touches itself.
     std::size_t first = 0;
     for (std::size_t i = 0; i < runs.size(); ++i) {
@@ -91,155 +106,164 @@ std::vector<Links> links_of(KivRunView runs)
             ++first;
         }
         for (std::size_t j = first; touches_below(runs[j], runs[i]); ++j) {
-            links[i].above = j;
-            if (links[j].below == no_run) {
-                links[j].below = i;
+            links[right_end(i)] = j;
+            if (links[left_end(j)] == no_run) {
+                links[left_end(j)] = i;
             }
         }
     }
     return links;
 }
 
-/// A border, in the order of the search.
-struct FoundBorder {
-    KivRunBorder border; // `outer` being a place in that order
-    std::size_t hole;    // of the component: of an outer border the last one found, of a hole's the one before it
-};
-
-/// The borders from the last outer one to the first, each followed by its holes.
-std::vector<KivRunBorder> in_order(const std::vector<FoundBorder>& found)
-{
-    std::vector<KivRunBorder> ordered;
-    ordered.reserve(found.size());
-    for (std::size_t i = found.size(); i-- > 0;) {
-        if (found[i].border.outer == i) {
-            const std::size_t outer = ordered.size();
-            for (std::size_t next = i; next != no_border; next = found[next].hole) {
-                ordered.push_back({found[next].border.begin, found[next].border.end, outer});
-            }
-        }
-    }
-    return ordered;
-}
-
 /// Follows the borders along runs that are maximal and in order.
 class BorderTracer
 {
 public:
-    explicit BorderTracer(KivRunView runs) : runs_(runs), links_(links_of(runs))
+    /// Adds the points of all borders to `points` until it is destroyed.
+    BorderTracer(KivRunView runs, kivrlc::PixelBuffer& points)
+        : runs_(runs), links_(links_of(runs)), points_(points), room_(points, 3 * runs.size() + few_points)
     {
-        points_.reserve(4 * runs.size() + few_points);
-        found_.reserve(std::min(runs.size(), few_borders));
-        for (std::size_t i = 0; i < runs.size(); ++i) {
-            if (links_[i].below != passed) {
-                follow({i, false}, found_.size());
-            }
-            if (links_[i].above != passed) {
-                follow({i, true}, links_[i].outer);
+        borders_.reserve(std::min(runs.size(), few_borders));
+        for (RunEnd end = 0; end < links_.size(); ++end) {
+            if (links_[end] <= no_run) {
+                const bool is_hole = is_right(end); // as that of a component's outer border is passed already
+                follow(end, is_hole ? links_[opposite(end)] - first_component : borders_.size());
             }
         }
+        room_.keep(next_);
     }
 
-    KivRunBorders result() && { return {in_order(found_), std::move(points_)}; }
+    std::vector<KivRunBorder> borders() &&
+    {
+        bring_in_order();
+        return std::move(borders_);
+    }
 
 private:
     // For so many, memory is asked at once.
-    static constexpr std::size_t few_points = 256;
+    static constexpr std::size_t few_points = 64;
     static constexpr std::size_t few_borders = 16;
 
-    // Columns that are a step beside an int are computed as std::int64_t.
-    void add_rightwards(std::int64_t from, std::int64_t to, int row) { add_row(from, to - from + 1, 1, row); }
-    void add_leftwards(std::int64_t from, std::int64_t to, int row) { add_row(from, from - to + 1, -1, row); }
-
-    void add_row(std::int64_t from, std::int64_t count, int step, int row)
+    /// Goes on from the right ends of runs upward (Inward = -1), from left ends downward: to the next one of the
+    /// border.
+    template <int Inward>
+    RunEnd pass(RunEnd end, KivPixel*& next)
     {
-        const std::size_t begin = points_.size();
-        points_.resize(
-            kivrlc::checked_count<KivPixel>(static_cast<std::int64_t>(begin) + std::max<std::int64_t>(count, 0)));
-        std::int64_t x = from;
-        for (auto point = points_.begin() + static_cast<std::ptrdiff_t>(begin); point != points_.end(); ++point) {
-            *point = {static_cast<int>(x), row};
-            x += step;
+        const std::size_t link = links_[end];
+        const std::int64_t column = column_of(end);
+        if (link == no_run) {
+            add_row<Inward>(column + Inward, column_of(opposite(end)), row_of(end), next);
+            return opposite(end);
         }
+        const RunEnd to = end_of(link, Inward < 0);
+        if ((column_of(to) - column) * Inward >= 0) {
+            add_row<Inward>(column + Inward, column_of(to) - Inward, row_of(end), next);
+            *next++ = pixel_of(to);
+            return to;
+        }
+        const RunEnd beside = end - Inward; // if the run is the first one or the last one of all, there is none
+        if (beside < links_.size() && row_of(beside) == row_of(end) &&
+            (column_of(beside) + Inward - column_of(to)) * Inward >= 0) {
+            add_row<-Inward>(column - Inward, column_of(beside) + Inward, row_of(to), next);
+            *next++ = pixel_of(beside);
+            return beside;
+        }
+        add_row<-Inward>(column - Inward, column_of(to), row_of(to), next);
+        return to;
+    }
+
+    /// Adds points from column to column, if there are any in this direction, and makes room for one more.
+    template <int Direction>
+    void add_row(std::int64_t from, std::int64_t to, int row, KivPixel*& next)
+    {
+        const std::int64_t count = (to - from) * Direction + 1;
+        next = with_room(next, std::max<std::int64_t>(count, 0) + 1);
+        for (std::int64_t i = 0; i < count; ++i) {
+            *next++ = KivPixel{static_cast<int>(from + i * Direction), row};
+        }
+    }
+
+    KivPixel* with_room(KivPixel* next, std::int64_t needed)
+    {
+        return room_.with_room(next, kivrlc::checked_count<KivPixel>(needed), [&] {
+            return kivrlc::Progress{passed_, links_.size()};
+        });
+    }
+
+    int row_of(RunEnd end) const { return runs_[run_of(end)].row; }
+    std::int64_t column_of(RunEnd end) const { return pixel_of(end).x; }
+    KivPixel pixel_of(RunEnd end) const
+    {
+        const Run& run = runs_[run_of(end)];
+        return {is_right(end) ? run.colEnd : run.colBegin, run.row};
     }
 
     void follow(RunEnd start, std::size_t outer)
     {
-        const std::size_t begin = points_.size();
-        points_.push_back({start.is_right ? runs_[start.run].colEnd : runs_[start.run].colBegin, runs_[start.run].row});
+        KivPixel* next = with_room(next_, 1);
+        const std::ptrdiff_t begin = next - points_.data();
+        *next++ = pixel_of(start);
         RunEnd at = start;
         do {
-            at = at.is_right ? pass_right_end(at.run) : pass_left_end(at.run, outer);
-        } while (at.run != start.run || at.is_right != start.is_right);
-        if (points_.size() > begin + 1) { // back at the first point
-            points_.pop_back();
+            const RunEnd to = is_right(at) ? pass<-1>(at, next) : pass<1>(at, next);
+            links_[at] = first_component + outer;
+            ++passed_;
+            at = to;
+        } while (at != start);
+        if (next - points_.data() > begin + 1) { // back at the first point
+            --next;
         }
-        add_border({begin, points_.size(), outer});
+        borders_.push_back({static_cast<std::size_t>(begin), static_cast<std::size_t>(next - points_.data()), outer});
+        next_ = next;
     }
 
-    void add_border(const KivRunBorder& border)
+    /// Orders the borders from the last outer one to the first, each followed by its holes, likewise.
+    void bring_in_order()
     {
-        const std::size_t place = found_.size();
-        const bool is_hole = border.outer != place;
-        found_.push_back({border, is_hole ? std::exchange(found_[border.outer].hole, place) : no_border});
-    }
-
-    /// Goes on from the left end of a run, downward: to the next run end of the border.
-    RunEnd pass_left_end(std::size_t i, std::size_t outer)
-    {
-        const Run& run = runs_[i];
-        const std::size_t below = links_[i].below;
-        links_[i].below = passed;
-        links_[i].outer = outer;
-        if (below == no_run) {
-            add_rightwards(std::int64_t{run.colBegin} + 1, run.colEnd, run.row);
-            return {i, true};
+        // The links have served, and there is one for each border at least, as each starts at a run end of its own.
+        // They become the border behind each border in the new order: of an outer one its last hole, of a hole that
+        // before it.
+        constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+        for (std::size_t i = 0; i < borders_.size(); ++i) {
+            const std::size_t outer = borders_[i].outer;
+            links_[i] = outer == i ? none : std::exchange(links_[outer], i);
         }
-        const Run& next = runs_[below];
-        if (next.colBegin >= run.colBegin) {
-            add_rightwards(std::int64_t{run.colBegin} + 1, std::int64_t{next.colBegin} - 1, run.row);
-            points_.push_back({next.colBegin, next.row});
-            return {below, false};
+        // Then the new place of each border.
+        std::size_t place = 0;
+        for (std::size_t i = borders_.size(); i-- > 0;) {
+            if (borders_[i].outer == i) {
+                const std::size_t outer = place;
+                for (std::size_t next = i; next != none;) {
+                    borders_[next].outer = outer;
+                    next = std::exchange(links_[next], place++);
+                }
+            }
         }
-        if (i > 0 && runs_[i - 1].row == run.row && runs_[i - 1].colEnd + 1 >= next.colBegin) {
-            add_leftwards(run.colBegin - 1, runs_[i - 1].colEnd + 1, next.row);
-            points_.push_back({runs_[i - 1].colEnd, run.row});
-            return {i - 1, true};
+        for (std::size_t i = 0; i < borders_.size(); ++i) {
+            while (links_[i] != i) {
+                const std::size_t to = links_[i];
+                std::swap(borders_[i], borders_[to]);
+                std::swap(links_[i], links_[to]);
+            }
         }
-        add_leftwards(run.colBegin - 1, next.colBegin, next.row);
-        return {below, false};
-    }
-
-    /// Goes on from the right end of a run, upward: to the next run end of the border.
-    RunEnd pass_right_end(std::size_t i)
-    {
-        const Run& run = runs_[i];
-        const std::size_t above = links_[i].above;
-        links_[i].above = passed;
-        if (above == no_run) {
-            add_leftwards(std::int64_t{run.colEnd} - 1, run.colBegin, run.row);
-            return {i, false};
-        }
-        const Run& next = runs_[above];
-        if (next.colEnd <= run.colEnd) {
-            add_leftwards(std::int64_t{run.colEnd} - 1, std::int64_t{next.colEnd} + 1, run.row);
-            points_.push_back({next.colEnd, next.row});
-            return {above, true};
-        }
-        if (i + 1 < runs_.size() && runs_[i + 1].row == run.row && runs_[i + 1].colBegin - 1 <= next.colEnd) {
-            add_rightwards(run.colEnd + 1, runs_[i + 1].colBegin - 1, next.row);
-            points_.push_back({runs_[i + 1].colBegin, run.row});
-            return {i + 1, false};
-        }
-        add_rightwards(run.colEnd + 1, next.colEnd, next.row);
-        return {above, true};
     }
 
     KivRunView runs_;
-    std::vector<Links> links_;
-    std::vector<FoundBorder> found_;
-    kivrlc::PixelBuffer points_;
+    std::vector<std::size_t> links_;    // of the run ends
+    std::vector<KivRunBorder> borders_; // in the order of the search, `outer` being a place in it
+    kivrlc::PixelBuffer& points_;
+    kivrlc::RunRoom<kivrlc::PixelBuffer> room_;
+    KivPixel* next_ = room_.begin(); // where the next point goes
+    std::size_t passed_ = 0;         // run ends
 };
+
+KivRunBorders traced(KivRunView runs)
+{
+    KivRunBorders traced;
+    traced.borders = BorderTracer(runs, traced.points).borders();
+    kivrlc::give_back_spare_room(traced.points);
+    return traced;
+}
 
 } // namespace
 
@@ -251,7 +275,7 @@ KivRunBorders KivRunBorders::Of(KivRunView runs)
 KivRunBorders KivRunBorders::Of(KivRunView runs, const KivRunBox& box)
 {
     if (are_those_of_a_set_in(box, runs)) {
-        return BorderTracer(runs).result();
+        return traced(runs);
     }
-    return BorderTracer(KivRunSet(cut_to(box, runs)).Runs()).result();
+    return traced(KivRunSet(cut_to(box, runs)).Runs());
 }

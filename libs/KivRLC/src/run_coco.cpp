@@ -154,7 +154,6 @@ KivRunSet KivRuns::FromCocoCounts(const std::vector<std::int64_t>& counts, int w
 void KivRuns::PaintCocoCounts(const std::vector<std::int64_t>& counts, const KivImageView<std::uint8_t>& columns,
                               std::uint8_t value, std::uint8_t background)
 {
-    kivrlc::check_image(columns);
     check_counts(counts, pixels_of_frame(columns.width, columns.height));
     int column = 0;
     int row = 0; // of the frame

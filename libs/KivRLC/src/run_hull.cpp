@@ -39,15 +39,10 @@ template <int Side>
 class Chain
 {
 public:
-    /// Adds a corner of the next line, or another one of the last line, of which the outer one is kept.
+    /// Adds a corner of the next line, or a second one of the last line. The inner one of two turns the chain inward
+    /// and goes, if it is the second one when the corner of the next line comes.
     void add(const Corner& corner)
     {
-        if (!corners.empty() && corners.back().y == corner.y) {
-            if ((corner.x - corners.back().x) * Side <= 0) {
-                return;
-            }
-            corners.pop_back();
-        }
         while (corners.size() > 1 && turn(corners[corners.size() - 2], corners.back(), corner) * Side <= 0) {
             corners.pop_back();
         }

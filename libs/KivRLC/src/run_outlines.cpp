@@ -96,13 +96,12 @@ private:
     std::unordered_map<std::uint64_t, std::size_t> saddles_; // where on the path which saddle is
 };
 
-/// Which run the set has at a ring's first corner: right of it, or left of a hole's.
-std::size_t run_at(KivRunView runs, const PixelCorner& corner, bool is_hole)
+/// Which run the set has at a ring's first corner: the one that begins there, or that ends there, at a hole's.
+std::size_t run_at(KivRunView runs, const PixelCorner& corner)
 {
-    const int column = is_hole ? corner.x - 1 : corner.x;
     const Run* const behind =
-        std::upper_bound(runs.begin(), runs.end(), Run{corner.y, column, column}, [](const Run& pixel, const Run& run) {
-            return run.row != pixel.row ? run.row > pixel.row : run.colBegin > pixel.colBegin;
+        std::upper_bound(runs.begin(), runs.end(), corner, [](const PixelCorner& place, const Run& run) {
+            return run.row != place.y ? run.row > place.y : run.colBegin > place.x;
         });
     return static_cast<std::size_t>(behind - runs.begin()) - 1;
 }
@@ -113,7 +112,7 @@ void find_outer_rings(const KivRunSet& set, Outlines& outlines)
     std::vector<std::size_t> outer_of(static_cast<std::size_t>(components.count));
     for (std::size_t i = 0; i < outlines.rings.size(); ++i) {
         OutlineRing& ring = outlines.rings[i];
-        const std::size_t run = run_at(set.Runs(), outlines.corners[ring.begin], ring.isHole);
+        const std::size_t run = run_at(set.Runs(), outlines.corners[ring.begin]);
         std::size_t& outer = outer_of[static_cast<std::size_t>(components.ofRun[run])];
         if (!ring.isHole) {
             outer = i; // its holes begin further down

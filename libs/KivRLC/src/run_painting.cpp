@@ -106,9 +106,7 @@ private:
         }
         const bool is_last = row == last_row_ && first >= stop_;
         unsigned char* const bytes = kivrlc::bytes_of(image_, first, row);
-        if (row == last_row_) {
-            stop_ = std::max(stop_, first + static_cast<int>(length));
-        }
+        stop_ = std::max(stop_, first + static_cast<int>(length));
         if (is_last && length <= wide && image_.width - first >= static_cast<int>(wide)) {
             std::memcpy(bytes, pattern_ + wide - length, wide);
         } else if (length >= wide && length <= 2 * wide) {
@@ -125,7 +123,7 @@ private:
     int rows_at_once_;
     int cleared_ = 0;   // rows from the top on
     int last_row_ = -1; // the lowest row with a run
-    int stop_ = 0;      // behind its rightmost run
+    int stop_ = 0;      // behind its rightmost run, and those painted since then on rows above
     std::uint8_t pattern_[2 * wide];
 };
 

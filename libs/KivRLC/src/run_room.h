@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <new>
 
 namespace kivrlc
 {
@@ -16,8 +17,8 @@ struct Progress {
     std::size_t all;
 };
 
-/// Room at the end of a vector of runs, written to through a pointer, which costs less than to append one by one. In
-/// the end the vector has what it had before and what was kept, and no room.
+/// Room at the end of a vector of runs, or of points, written to through a pointer, which costs less than to append one
+/// by one. In the end the vector has what it had before and what was kept, and no room.
 ///
 /// Where the vector has to grow, it grows to what the work will come to if it goes on as it began, since moving a list
 /// takes the memory of both.
@@ -25,6 +26,8 @@ template <class Runs>
 class RunRoom
 {
 public:
+    using Element = typename Runs::value_type;
+
     /// Has room for so many runs at first.
     RunRoom(Runs& runs, std::size_t expected) : runs_(runs), size_(runs.size())
     {
@@ -36,29 +39,33 @@ public:
     ~RunRoom() { runs_.resize(size_); }
 
     /// Where the first run goes.
-    Run* begin() { return runs_.data() + size_; }
+    Element* begin() { return runs_.data() + size_; }
 
     /// Where the next run goes if there is room for so many; makes some if not. What was written before it moves along,
     /// and so does what was written of the next run. `progress()` is asked only then.
     template <class AskProgress>
-    Run* with_room(Run* next, std::size_t needed, AskProgress progress)
+    Element* with_room(Element* next, std::size_t needed, AskProgress progress)
     {
-        if (reinterpret_cast<std::uintptr_t>(end_) - reinterpret_cast<std::uintptr_t>(next) >= needed * sizeof(Run)) {
+        if (reinterpret_cast<std::uintptr_t>(end_) - reinterpret_cast<std::uintptr_t>(next) >=
+            needed * sizeof(Element)) {
             return next;
         }
         return moved(next, needed, progress());
     }
 
     /// Keeps the runs that were written before `stop`.
-    void keep(const Run* stop) { size_ = static_cast<std::size_t>(stop - runs_.data()); }
+    void keep(const Element* stop) { size_ = static_cast<std::size_t>(stop - runs_.data()); }
 
 private:
     /// As much as the nearest cache holds, as most vectors clear their room first.
     static constexpr std::size_t at_once = 1024;
 
-    [[gnu::noinline]] Run* moved(Run* next, std::size_t needed, Progress progress)
+    [[gnu::noinline]] Element* moved(Element* next, std::size_t needed, Progress progress)
     {
         const auto count = static_cast<std::size_t>(next - runs_.data());
+        if (runs_.max_size() - count < needed) {
+            throw std::bad_alloc();
+        }
         if (runs_.capacity() - count < needed) {
             const std::size_t least = count + needed;
             runs_.reserve(least + std::min(expected_more(count, progress), runs_.max_size() - least));
@@ -84,7 +91,7 @@ private:
 
     Runs& runs_;
     std::size_t size_;
-    Run* end_ = nullptr;
+    Element* end_ = nullptr;
 };
 
 /// Gives back the memory of a list that is much larger than its runs. A kilobyte is not worth the copy.
@@ -92,7 +99,7 @@ template <class Runs>
 void give_back_spare_room(Runs& runs)
 {
     const std::size_t spare = runs.capacity() - runs.size();
-    if (spare > runs.size() / 4 && spare * sizeof(Run) > 1024) {
+    if (spare > runs.size() / 4 && spare * sizeof(typename Runs::value_type) > 1024) {
         runs = Runs(runs.begin(), runs.end());
     }
 }

@@ -11,6 +11,7 @@
 #include <array>
 #include <climits>
 #include <cstdlib>
+#include <limits>
 #include <random>
 #include <stdexcept>
 #include <string>
@@ -55,6 +56,42 @@ TEST(PolygonFill, OfOneCornerIsAPixelAndOfTwoALine)
     EXPECT_EQ(filled({{{2, 1}, {5, 1}}}, {0, 9, 0, 9}), (Runs{{1, 2, 5}}));
     EXPECT_EQ(filled({{{2, 1}, {2, 3}}}, {0, 9, 0, 9}), (Runs{{1, 2, 2}, {2, 2, 2}, {3, 2, 2}}));
     EXPECT_EQ(filled({{{2, 1}, {0, 3}}}, {0, 9, 0, 9}), (Runs{{1, 2, 2}, {2, 1, 1}, {3, 0, 0}}));
+}
+
+Runs filled_rounded(const std::vector<double>& coordinates, const KivRunBox& box)
+{
+    KivPolygonFill fill(box);
+    fill.AddRounded(coordinates.data(), coordinates.size() / 2);
+    return fill.Runs();
+}
+
+TEST(PolygonFill, RoundsCornersToTheNearestPixelTiesToEven)
+{
+    const KivRunBox box = {-9, 9, -9, 9};
+    EXPECT_EQ(filled_rounded({0.5, 1.5}, box), (Runs{{2, 0, 0}}));
+    EXPECT_EQ(filled_rounded({-0.5, -1.5}, box), (Runs{{-2, 0, 0}}));
+    EXPECT_EQ(filled_rounded({2.5, -2.5}, box), (Runs{{-2, 2, 2}}));
+    EXPECT_EQ(filled_rounded({0.49999999999999994, -0.50000000000000011}, box), (Runs{{-1, 0, 0}}));
+    EXPECT_EQ(filled_rounded({1.2, 1.7, 4.6, 2.4}, box), (Runs{{2, 1, 5}}));
+}
+
+TEST(PolygonFill, RoundsCornersBeyondTheIntsToTheLastOnes)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(filled_rounded({2147483647.4, 0.0}, {0, 0, INT_MAX, INT_MAX}), (Runs{{0, INT_MAX, INT_MAX}}));
+    EXPECT_EQ(filled_rounded({2147483647.5, 1e300}, {INT_MAX, INT_MAX, INT_MAX, INT_MAX}),
+              (Runs{{INT_MAX, INT_MAX, INT_MAX}}));
+    EXPECT_EQ(filled_rounded({-infinity, 3.0}, {0, 9, INT_MIN, INT_MIN}), (Runs{{3, INT_MIN, INT_MIN}}));
+    EXPECT_EQ(filled_rounded({-infinity, 3.0, infinity, 3.0}, {0, 9, 0, 9}), (Runs{{3, 0, 9}}));
+}
+
+TEST(PolygonFill, LeavesOutCornersThatAreNoNumbers)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(filled_rounded({}, {0, 9, 0, 9}), Runs());
+    EXPECT_EQ(filled_rounded({nan, 1.0, 1.0, nan}, {0, 9, 0, 9}), Runs());
+    const std::vector<double> square = {nan, 7, 1, 1, nan, 5, 3, 1, 5, nan, 3, 3, 1, 3, nan, nan};
+    EXPECT_EQ(filled_rounded(square, {0, 9, 0, 9}), (Runs{{1, 1, 3}, {2, 1, 3}, {3, 1, 3}}));
 }
 
 TEST(PolygonFill, PassesTheNearestPixelsOfFlatEdges)

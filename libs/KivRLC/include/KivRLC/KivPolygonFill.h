@@ -45,6 +45,12 @@ public:
     /// @throws std::bad_alloc if memory runs out; the fill is of no use then.
     void Add(const KivPixel* corners, std::size_t count);
 
+    /// Adds the polygon of `count` corners whose columns and rows are given in turn. Each is rounded to the nearest
+    /// int, ties to even; corners with a NaN are left out.
+    ///
+    /// @throws std::bad_alloc if memory runs out; the fill is of no use then.
+    void AddRounded(const double* coordinates, std::size_t count);
+
     /// The maximal runs of the polygons' pixels inside of the box, ordered by row, then by column.
     ///
     /// Cost: linear in the corners of polygons whose corners are neighbours, as those of KivRunBorders, except that
@@ -71,6 +77,7 @@ private:
 
     class Chain;
 
+    void MakeRoom(std::size_t corners);
     void AddStretch(std::int64_t row, std::int64_t begin, std::int64_t end, bool flips);
     void AddEdge(const KivPixel& from, const KivPixel& to);
     std::vector<Stretch> Ordered() const;
