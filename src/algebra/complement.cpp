@@ -80,17 +80,22 @@ const Run* end_of_ascending_row(const Run* run, const Run* end)
     return run;
 }
 
-/// The complement of a list that is not empty; nothing if its rows, or the columns of one, do not ascend.
+/// The complement of a list that is not empty; nothing if its rows, or the columns of one, do not ascend. A row below
+/// the last one is noticed before the rows down to it are written, which may be billions.
 std::optional<RunList> complement_of_ascending(RunView runs, Frame frame, LastRowOfComplement last_row)
 {
     const int last_column = left_of(frame.width);
+    const int last_row_of_runs = row_of(runs.back());
+    if (row_of(runs.front()) > last_row_of_runs) {
+        return std::nullopt;
+    }
     RunWriter out(checked_count<Run>(most_runs(runs, frame)));
     write_full_rows(0, row_of(runs.front()), last_column, out);
     const Run* const end = runs.data() + runs.size();
     for (const Run* run = runs.data(); run != end;) {
         const Run* const row_end = end_of_ascending_row(run, end);
         if (row_end != end) {
-            if (row_of(*row_end) <= row_of(*run)) {
+            if (row_of(*row_end) <= row_of(*run) || row_of(*row_end) > last_row_of_runs) {
                 return std::nullopt;
             }
             write_full_rows(std::int64_t{row_of(*run)} + 1, row_of(*row_end), last_column, out);
@@ -100,7 +105,7 @@ std::optional<RunList> complement_of_ascending(RunView runs, Frame frame, LastRo
         }
         run = row_end;
     }
-    write_full_rows(std::int64_t{row_of(runs.back())} + 1, frame.height, last_column, out);
+    write_full_rows(std::int64_t{last_row_of_runs} + 1, frame.height, last_column, out);
     return out.written();
 }
 

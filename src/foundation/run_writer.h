@@ -78,14 +78,14 @@ private:
     {
         const std::size_t count = runs_.size() + static_cast<std::size_t>(next_ - few_);
         if (count > runs_.capacity()) {
-            runs_.reserve(std::max(count, done_ == 0 ? expected_ : extrapolated(count)));
+            runs_.reserve(done_ == 0 && count <= expected_ ? expected_ : extrapolated(count));
         }
         copy_few();
     }
 
     std::size_t extrapolated(std::size_t count) const
     {
-        const double growth = static_cast<double>(all_) / static_cast<double>(done_);
+        const double growth = done_ == 0 ? 1.0 : static_cast<double>(all_) / static_cast<double>(done_);
         return static_cast<std::size_t>(static_cast<double>(count) * std::clamp(growth * 1.0625, 1.25, 32.0));
     }
 

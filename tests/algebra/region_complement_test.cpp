@@ -184,4 +184,12 @@ TEST(RegionComplement, OfLongRowsAndManyRows)
     }
 }
 
+TEST(RegionComplement, RowsFarBelowThatComeFirstTakeNoLongerThanInOrder)
+{
+    const Runs in_order = complement({{0, 0, 0}, {1, 0, 0}, {3000000, 0, 0}, {3000001, 0, 1}}, 2, 1);
+    EXPECT_EQ(in_order.size(), 2U + 2999998U + 1U) << "pixels beside runs, rows without any, nothing of the last row";
+    EXPECT_EQ(complement({{3000000, 0, 0}, {0, 0, 0}, {3000001, 0, 1}, {1, 0, 0}}, 2, 1), in_order);
+    EXPECT_EQ(complement({{0, 0, 0}, {3000001, 0, 1}, {3000000, 0, 0}, {1, 0, 0}}, 2, 1), in_order);
+}
+
 } // namespace
