@@ -161,7 +161,7 @@ private:
             *next++ = pixel_of(to);
             return to;
         }
-        const RunEnd beside = end - Inward; // if the run is the first one or the last one of all, there is none
+        const RunEnd beside = Inward < 0 ? end + 1 : end - 1; // none if the run is the first one or the last one of all
         if (beside < links_.size() && row_of(beside) == row_of(end) &&
             (column_of(beside) + Inward - column_of(to)) * Inward >= 0) {
             add_row<-Inward>(column - Inward, column_of(beside) + Inward, row_of(to), next);
