@@ -214,4 +214,27 @@ TYPED_TEST(ByteRuns, LeavesTheVectorAsItWasIfThereIsNoMemory)
     EXPECT_EQ(runs[0], (::Run{7, 8, 9}));
 }
 
+/// Has no vector hold more than 100 elements.
+template <class T>
+struct AllocatorOfFew : std::allocator<T> {
+    template <class U>
+    struct rebind {
+        using other = AllocatorOfFew<U>;
+    };
+    std::size_t max_size() const { return 100; }
+};
+
+TEST(RunRoom, IsRefusedWhereNoVectorHasIt)
+{
+    using FewRuns = std::vector<::Run, AllocatorOfFew<::Run>>;
+    FewRuns runs = {{7, 8, 9}};
+    const auto progress = [] { return kivrlc::Progress{1, 1}; };
+    {
+        kivrlc::RunRoom<FewRuns> room(runs, 1);
+        EXPECT_NO_THROW(room.with_room(room.begin(), 99, progress));
+        EXPECT_THROW(room.with_room(room.begin(), 100, progress), std::bad_alloc);
+    }
+    EXPECT_EQ(runs.size(), 1U);
+}
+
 } // namespace
