@@ -8,6 +8,7 @@
 #include "polygon_edge.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <climits>
 #include <cmath>
 #include <numeric>
@@ -35,6 +36,7 @@ std::int64_t first_with(std::int64_t begin, std::int64_t stop, Property has_prop
 /// The int nearest to a number, ties to even; any int for a NaN.
 int nearest_int(double number)
 {
+    static_assert(FLT_EVAL_METHOD == 0 || FLT_EVAL_METHOD == 1, "sums of doubles must be rounded to doubles");
     constexpr double no_fractions = 6755399441055744.0; // 1.5 * 2^52: doubles as large as this are whole numbers
     const double in_range = std::min(std::max(double{INT_MIN}, number), double{INT_MAX}); // INT_MIN for a NaN
     return static_cast<int>((in_range + no_fractions) - no_fractions);

@@ -45,8 +45,9 @@ public:
     /// @throws std::bad_alloc if memory runs out; the fill is of no use then.
     void Add(const KivPixel* corners, std::size_t count);
 
-    /// Adds the polygon of `count` corners whose columns and rows are given in turn. Each is rounded to the nearest
-    /// int, ties to even; corners with a NaN are left out.
+    /// Adds the polygon of `count` corners whose columns and rows are given in turn, 2 * `count` numbers. Each is
+    /// rounded to the nearest int, ties to even, those beyond all ints to the highest or lowest one; corners with a NaN
+    /// are left out. Without any other corner it adds nothing.
     ///
     /// @throws std::bad_alloc if memory runs out; the fill is of no use then.
     void AddRounded(const double* coordinates, std::size_t count);
