@@ -4,14 +4,13 @@
 import json
 import math
 from collections import defaultdict
-from statistics import median
 from typing import NamedTuple
 
 OURS = "kiv"
 
 
 class Timing(NamedTuple):
-    nanoseconds: float  # of the processor, median of the repetitions
+    nanoseconds: float  # of the processor, the least of the repetitions
     runs: float  # that the result is made of; 0 where it is not made of runs
 
 
@@ -32,7 +31,7 @@ def read_timings(path):
     timings = defaultdict(dict)
     for name, times in samples.items():
         function, workload, contestant = name.split("/")
-        timings[function, workload][contestant] = Timing(median(times), runs[name])
+        timings[function, workload][contestant] = Timing(min(times), runs[name])
     return timings
 
 
