@@ -3,7 +3,9 @@
 // that works on every machine, and one for each instruction set that has something better. SSE2 is in every x86-64 and
 // NEON in every arm64, so the choice is made when the library is compiled.
 //
-// Bytes are taken as they are, or by how far they lie beyond a range of values: then those within it are 0.
+// Bytes are taken as they are, or by how far they lie beyond a range of values: then those within it are 0. Vectors do
+// it in two steps: load() gives how far bytes lie above the least value, modulo 256, and beyond() takes what the range
+// spans away. The largest and the least of many bytes are found between the steps, so the second is needed only once.
 #pragma once
 
 #include <bit>
@@ -104,6 +106,7 @@ struct Sse2Words {
         {
             return _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
         }
+        __m128i beyond(__m128i bytes) const { return bytes; }
     };
 
     /// How far they lie beyond the values from `least` to `least` + `span`.
@@ -111,10 +114,8 @@ struct Sse2Words {
         std::uint8_t least;
         std::uint8_t span;
 
-        __m128i operator()(const std::uint8_t* bytes) const
-        {
-            return _mm_subs_epu8(_mm_sub_epi8(Bytes()(bytes), all(least)), all(span));
-        }
+        __m128i operator()(const std::uint8_t* bytes) const { return _mm_sub_epi8(Bytes()(bytes), all(least)); }
+        __m128i beyond(__m128i above) const { return _mm_subs_epu8(above, all(span)); }
 
     private:
         static __m128i all(std::uint8_t value) { return _mm_set1_epi8(static_cast<char>(value)); }
@@ -123,16 +124,16 @@ struct Sse2Words {
     template <class Load = Bytes>
     static std::uint64_t foreground_bits(const std::uint8_t* bytes, Load load = {})
     {
-        return ~(background_of_16(load(bytes)) | background_of_16(load(bytes + 16)) << 16 |
-                 background_of_16(load(bytes + 32)) << 32 | background_of_16(load(bytes + 48)) << 48);
+        const auto background = [bytes, load](int i) { return background_of_16(load.beyond(load(bytes + i))); };
+        return ~(background(0) | background(16) << 16 | background(32) << 32 | background(48) << 48);
     }
 
     template <class Load = Bytes>
     static bool is_background(const std::uint8_t* bytes, Load load = {})
     {
-        const __m128i any =
-            _mm_or_si128(_mm_or_si128(load(bytes), load(bytes + 16)), _mm_or_si128(load(bytes + 32), load(bytes + 48)));
-        return background_of_16(any) == 0xffff;
+        const __m128i greatest =
+            _mm_max_epu8(_mm_max_epu8(load(bytes), load(bytes + 16)), _mm_max_epu8(load(bytes + 32), load(bytes + 48)));
+        return background_of_16(load.beyond(greatest)) == 0xffff;
     }
 
     template <class Load = Bytes>
@@ -140,7 +141,7 @@ struct Sse2Words {
     {
         const __m128i least =
             _mm_min_epu8(_mm_min_epu8(load(bytes), load(bytes + 16)), _mm_min_epu8(load(bytes + 32), load(bytes + 48)));
-        return background_of_16(least) == 0;
+        return background_of_16(load.beyond(least)) == 0;
     }
 
 private:
@@ -157,6 +158,7 @@ struct NeonWords {
     /// The bytes from a place on, as they are.
     struct Bytes {
         uint8x16_t operator()(const std::uint8_t* bytes) const { return vld1q_u8(bytes); }
+        uint8x16_t beyond(uint8x16_t bytes) const { return bytes; }
     };
 
     /// How far they lie beyond the values from `least` to `least` + `span`.
@@ -164,18 +166,17 @@ struct NeonWords {
         std::uint8_t least;
         std::uint8_t span;
 
-        uint8x16_t operator()(const std::uint8_t* bytes) const
-        {
-            return vqsubq_u8(vsubq_u8(vld1q_u8(bytes), vdupq_n_u8(least)), vdupq_n_u8(span));
-        }
+        uint8x16_t operator()(const std::uint8_t* bytes) const { return vsubq_u8(vld1q_u8(bytes), vdupq_n_u8(least)); }
+        uint8x16_t beyond(uint8x16_t above) const { return vqsubq_u8(above, vdupq_n_u8(span)); }
     };
 
     template <class Load = Bytes>
     static std::uint64_t foreground_bits(const std::uint8_t* bytes, Load load = {})
     {
         // Each byte has one bit left, by its place among eight; sums of neighbours bring eight of them into one byte.
-        const uint8x16_t halves_of_32 = vpaddq_u8(placed_bits(load(bytes)), placed_bits(load(bytes + 16)));
-        const uint8x16_t others = vpaddq_u8(placed_bits(load(bytes + 32)), placed_bits(load(bytes + 48)));
+        const auto bits = [bytes, load](int i) { return placed_bits(load.beyond(load(bytes + i))); };
+        const uint8x16_t halves_of_32 = vpaddq_u8(bits(0), bits(16));
+        const uint8x16_t others = vpaddq_u8(bits(32), bits(48));
         const uint8x16_t quarters = vpaddq_u8(halves_of_32, others);
         return vgetq_lane_u64(vreinterpretq_u64_u8(vpaddq_u8(quarters, quarters)), 0);
     }
@@ -183,9 +184,9 @@ struct NeonWords {
     template <class Load = Bytes>
     static bool is_background(const std::uint8_t* bytes, Load load = {})
     {
-        const uint8x16_t any =
-            vorrq_u8(vorrq_u8(load(bytes), load(bytes + 16)), vorrq_u8(load(bytes + 32), load(bytes + 48)));
-        return vmaxvq_u8(any) == 0;
+        const uint8x16_t greatest =
+            vmaxq_u8(vmaxq_u8(load(bytes), load(bytes + 16)), vmaxq_u8(load(bytes + 32), load(bytes + 48)));
+        return vmaxvq_u8(load.beyond(greatest)) == 0;
     }
 
     template <class Load = Bytes>
@@ -193,7 +194,7 @@ struct NeonWords {
     {
         const uint8x16_t least =
             vminq_u8(vminq_u8(load(bytes), load(bytes + 16)), vminq_u8(load(bytes + 32), load(bytes + 48)));
-        return vminvq_u8(least) != 0;
+        return vminvq_u8(load.beyond(least)) != 0;
     }
 
 private:
