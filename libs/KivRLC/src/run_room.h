@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <new>
+#include <type_traits>
+#include <vector>
 
 namespace kivrlc
 {
@@ -85,7 +87,14 @@ private:
 
     void make_room(std::size_t count, std::size_t needed)
     {
-        runs_.resize(std::min(count + std::max(needed, at_once), runs_.capacity()));
+        const std::size_t size = std::min(count + std::max(needed, at_once), runs_.capacity());
+        if constexpr (std::is_same_v<Runs, std::vector<Element>>) { // which clears its room one by one
+            static const Element cleared[at_once] = {};
+            while (runs_.size() < size) {
+                runs_.insert(runs_.end(), cleared, cleared + std::min(at_once, size - runs_.size()));
+            }
+        }
+        runs_.resize(size);
         end_ = runs_.data() + runs_.size();
     }
 
