@@ -121,23 +121,25 @@ kivrlc::NumberedRuns kivrlc::number_components(KivRunView runs, KivRuns::Connect
     NumberedRuns numbers{std::vector<int>(runs.size()), 0};
     ComponentForest forest;
     const std::int64_t reach = reach_of(connectivity);
-    const auto number_of = [&](const Run& run) -> int& {
-        return numbers.of_run[static_cast<std::size_t>(&run - runs.begin())];
+    const auto number_of = [of_run = numbers.of_run.data(), first = runs.begin()](const Run* run) -> int& {
+        return of_run[run - first];
     };
     for_each_row(runs, [&](const Run* above, const Run* above_end, const Run* run, const Run* row_end) {
         for (; run != row_end; ++run) {
             while (above != above_end && ends_before(*above, *run, reach)) {
                 ++above;
             }
-            int number = -1;
-            for (const Run* upper = above; upper != above_end && !ends_before(*run, *upper, reach); ++upper) {
-                if (number < 0) {
-                    number = number_of(*upper);
-                } else {
-                    forest.join(number, number_of(*upper));
-                }
+            const Run* upper = above;
+            const auto touches_upper = [&] { return upper != above_end && !ends_before(*run, *upper, reach); };
+            if (!touches_upper()) {
+                number_of(run) = forest.add();
+                continue;
             }
-            number_of(*run) = number < 0 ? forest.add() : number;
+            const int number = forest.number_of(number_of(upper));
+            number_of(run) = number;
+            for (++upper; touches_upper(); ++upper) {
+                forest.join(number, number_of(upper));
+            }
         }
     });
     numbers.count = forest.settle();

@@ -45,7 +45,7 @@ public:
         return count;
     }
 
-    /// The final number, once settled.
+    /// Another number of the same component, not greater than this one; the final number, once settled.
     int number_of(int provisional) const { return up_[static_cast<std::size_t>(provisional)]; }
 
 private:
