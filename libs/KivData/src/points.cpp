@@ -40,7 +40,7 @@ public:
 
 private:
     static constexpr int at_once = 4;
-    static constexpr std::size_t full = 512;
+    static constexpr std::size_t full = 32;
 
     std::vector<KivPoint>& points_;
     std::size_t count_ = 0;
