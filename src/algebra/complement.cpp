@@ -54,8 +54,7 @@ void write_gaps(const Run* run, const Run* end, int last_column, RunWriter& out)
         for (; run != stop; ++run) {
             *next++ = {row_of(*run), end_of(*run), right_of(begin_of(run[1]))};
         }
-        out.written_up_to(next);
-        next = out.place();
+        next = out.place_behind(next);
     }
     *next = {row_of(*last), right_of(end_of(*last)), last_column};
     out.written_up_to(next + (end_of(*last) != last_column ? 1 : 0));

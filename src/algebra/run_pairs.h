@@ -41,16 +41,13 @@ inline Run* write_union(const Run& a, const Run& b, Run* out)
 /// appended, the left one first. Runs that only touch are not joined.
 inline void unite_row(RunView a, RunView b, RunWriter& out)
 {
-    constexpr std::size_t at_once = RunWriter::at_once / 2;
-    for (const Run& of_a : a) {
-        for (RunView rest = b; !rest.empty(); rest = rest.subspan(std::min(rest.size(), at_once))) {
-            Run* next = out.place();
-            for (const Run& of_b : rest.first(std::min(rest.size(), at_once))) {
-                next = write_union(of_a, of_b, next);
-            }
-            out.written_up_to(next);
+    Run* next = out.place();
+    for (const Run of_a : a) { // a copy, which cannot be one of the runs written
+        for (const Run& of_b : b) {
+            next = out.place_behind(write_union(of_a, of_b, next));
         }
     }
+    out.written_up_to(next);
 }
 
 /// Intersects each run of A with each run of B, in this order. Two runs that meet give what they have in common.

@@ -42,6 +42,13 @@ public:
     /// The runs before `end` are written.
     void written_up_to(Run* end) { next_ = end; }
 
+    /// The runs before `end` are written; where the next one goes.
+    Run* place_behind(Run* end)
+    {
+        written_up_to(end);
+        return place();
+    }
+
     void push_back(const Run& run)
     {
         *place() = run;
