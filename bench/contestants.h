@@ -33,6 +33,7 @@ void enter_roaring_set_operations(Workload& work);
 void enter_roaring_unions(Workload& work);
 void enter_floors(Workload& work);
 void enter_floors_of_contours(Workload& work);
+void enter_floors_of_contour_arrays(Workload& work);
 void enter_floors_of_set_operations(Workload& work);
 void enter_floors_of_unions(Workload& work);
 

@@ -96,6 +96,7 @@ void bench::enter_everybody()
     for (Workload* work : lighter_workloads()) {
         enter_unions(*work);
         enter_kiv_contour_arrays(*work);
+        enter_floors_of_contour_arrays(*work);
         enter_opencv_contour_arrays(*work);
     }
     enter_growth();

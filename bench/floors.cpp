@@ -123,6 +123,13 @@ void bench::enter_floors_of_contours(Workload& work)
           [&a] { return Unshown{std::vector<KivPoint>(a.longest_points().Points())}; });
 }
 
+void bench::enter_floors_of_contour_arrays(Workload& work)
+{
+    enter("KivBinImageToContourArray", work, "floor:extraction",
+          [&mask = work.a.mask] { return Unshown{extracted(mask)}; });
+    enter_cleared_mask("KivContourArrayToBinImage", work);
+}
+
 void bench::enter_floors_of_set_operations(Workload& work)
 {
     enter_merge("And", work);
