@@ -121,8 +121,10 @@ TakenCopy<KivVarArray>::TakenCopy(nb::handle object, const char* what)
         if (nb::cast<int>(array.attr("ndim")) != 1) {
             throw nb::value_error((std::string(what) + " must have one dimension").c_str());
         }
-        if (std::strchr("iub", nb::cast<std::string>(array.attr("dtype").attr("kind"))[0]) != nullptr) {
-            const nb::object wide = array.attr("astype")("int64").attr("reshape")(nb::make_tuple(1, -1));
+        const char kind = nb::cast<std::string>(array.attr("dtype").attr("kind"))[0];
+        if (std::strchr("iub", kind) != nullptr) {
+            const nb::object numbers = array.attr("astype")(kind == 'u' ? "uint64" : "int64");
+            const nb::object wide = numbers.attr("reshape")(nb::make_tuple(1, -1));
             value_ = KivVarArray(ints_of_pixels(Buffer(wide, what), "whole numbers"));
             return;
         }

@@ -8,6 +8,7 @@
 
 #include <nanobind/stl/vector.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <utility>

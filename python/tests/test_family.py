@@ -97,6 +97,7 @@ def test_codes_are_errors(call: object, code: int) -> None:
         (lambda: family.KivPointArrayToRegion([1, 2, 3]), ValueError),
         (lambda: family.KivPointArrayToRegion("ab"), ValueError),
         (lambda: family.KivVarArrayToRegion([2**31], [1]), ValueError),
+        (lambda: family.KivVarArrayToRegion(numpy.array([2**64 - 1], "uint64"), [1]), ValueError),
         (lambda: family.KivVarArrayToRegion([None], [1]), TypeError),
         (lambda: family.maxbit(numpy.zeros((2, 2), int)), ValueError),
     ],
