@@ -47,7 +47,6 @@ inline void unite_row(RunView a, RunView b, RunWriter& out)
             next = out.place_behind(write_union(of_a, of_b, next));
         }
     }
-    out.written_up_to(next);
 }
 
 /// Intersects each run of A with each run of B, in this order. Two runs that meet give what they have in common.
