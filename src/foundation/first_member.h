@@ -7,54 +7,39 @@
 
 #include <opencv2/core.hpp>
 
+#include <concepts>
 #include <cstring>
+#include <type_traits>
 #include <vector>
 
 namespace kiv
 {
 
-/// The object that the first member points to. The overloads below return it as constant if the given object is.
+/// The object that the first member points to; constant if the given object is.
 template <class Member, class Object>
-Member& behind_first_member(Object& object)
+auto& behind_first_member(Object& object)
 {
-    Member* member = nullptr;
-    std::memcpy(&member, static_cast<const void*>(&object), sizeof(Member*));
+    std::conditional_t<std::is_const_v<Object>, const Member, Member>* member = nullptr;
+    std::memcpy(&member, static_cast<const void*>(&object), sizeof(member));
     return *member;
 }
 
-inline cv::Mat& matrix_of(KivImage& image)
+template <class Object, class... Types>
+concept OneOf = (std::same_as<std::remove_const_t<Object>, Types> || ...);
+
+auto& matrix_of(OneOf<KivImage, KivMatrix> auto& object)
 {
-    return behind_first_member<cv::Mat>(image);
-}
-inline const cv::Mat& matrix_of(const KivImage& image)
-{
-    return behind_first_member<cv::Mat>(image);
-}
-inline cv::Mat& matrix_of(KivMatrix& matrix)
-{
-    return behind_first_member<cv::Mat>(matrix);
-}
-inline const cv::Mat& matrix_of(const KivMatrix& matrix)
-{
-    return behind_first_member<cv::Mat>(matrix);
+    return behind_first_member<cv::Mat>(object);
 }
 
-inline IKivROIPara& parameters_of(KivROI& roi)
-{
-    return behind_first_member<IKivROIPara>(roi);
-}
-inline const IKivROIPara& parameters_of(const KivROI& roi)
+auto& parameters_of(OneOf<KivROI> auto& roi)
 {
     return behind_first_member<IKivROIPara>(roi);
 }
 
 using ContourPoints = std::vector<cv::Point_<double>>;
 
-inline ContourPoints& points_of(KivContour& contour)
-{
-    return behind_first_member<ContourPoints>(contour);
-}
-inline const ContourPoints& points_of(const KivContour& contour)
+auto& points_of(OneOf<KivContour> auto& contour)
 {
     return behind_first_member<ContourPoints>(contour);
 }
