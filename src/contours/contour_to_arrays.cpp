@@ -5,8 +5,6 @@
 
 #include <KivDataConvert/KivDataConvert.h>
 
-#include <algorithm>
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -15,8 +13,6 @@
 
 namespace
 {
-
-using Block = std::array<int, 256>;
 
 /// The sign, the exponent and the upper bits of the fraction.
 constexpr std::uint32_t high_word(double number)
@@ -31,28 +27,27 @@ std::uint32_t far_from_zero(double coordinate)
     return (high_word(coordinate) & ~sign) + (sign - high_word(2147483648.0 - 1024.0));
 }
 
-/// Rounds what is not far from zero to the nearest int, ties to even.
+/// Rounds what is not far from zero, as nearly all points are, to the nearest int, ties to even. No comparison keeps
+/// compilers from rounding several at once.
 int round_near(double coordinate)
 {
     // From 2^52 to 2^53, doubles are the whole numbers, and the lowest bits of theirs are those of the ints.
     return static_cast<int>(std::bit_cast<std::int64_t>(coordinate + 1.5 * 4503599627370496.0));
 }
 
-/// Rounds to the nearest int, ties to even. Nearly all points are near, for which no comparison keeps compilers from
-/// rounding several at once.
-template <class Point>
-void round_points(const Point* points, std::size_t count, Block& xs, Block& ys)
+/// Rounds all coordinates to the nearest ints, ties to even.
+void round_points(const kiv::ContourPoints& points, std::vector<int>& columns, std::vector<int>& rows)
 {
     std::uint32_t far = 0;
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < points.size(); ++i) {
         far |= far_from_zero(points[i].x) | far_from_zero(points[i].y);
-        xs[i] = round_near(points[i].x);
-        ys[i] = round_near(points[i].y);
+        columns[i] = round_near(points[i].x);
+        rows[i] = round_near(points[i].y);
     }
     if (far >> 31 != 0) {
-        for (std::size_t i = 0; i < count; ++i) {
-            xs[i] = kiv::round_half_even(points[i].x);
-            ys[i] = kiv::round_half_even(points[i].y);
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            columns[i] = kiv::round_half_even(points[i].x);
+            rows[i] = kiv::round_half_even(points[i].y);
         }
     }
 }
@@ -68,18 +63,9 @@ int KIVMV::KivContourToVarArray(KivContour& contour, KivVarArray* xs, KivVarArra
         return KIVMV_ERR_PARAM_1;
     }
 
-    std::vector<int> columns;
-    std::vector<int> rows;
-    columns.reserve(points.size());
-    rows.reserve(points.size());
-    Block xs_of_block;
-    Block ys_of_block;
-    for (std::size_t begin = 0; begin < points.size(); begin += xs_of_block.size()) {
-        const std::size_t count = std::min(xs_of_block.size(), points.size() - begin);
-        round_points(&points[begin], count, xs_of_block, ys_of_block);
-        columns.insert(columns.end(), xs_of_block.data(), xs_of_block.data() + count);
-        rows.insert(rows.end(), ys_of_block.data(), ys_of_block.data() + count);
-    }
+    std::vector<int> columns(points.size());
+    std::vector<int> rows(points.size());
+    round_points(points, columns, rows);
     kiv::fill_coordinates(*xs, *ys, std::move(columns), std::move(rows));
     return KIVMV_OK;
 }
