@@ -13,14 +13,12 @@ int KIVMV::KivPointArrayToRegion(KivPointArray& points, KivRegion* region)
         return KIVMV_ERR_PARAM_1;
     }
 
-    std::vector<int> columns;
-    std::vector<int> rows;
-    columns.reserve(static_cast<std::size_t>(length));
-    rows.reserve(static_cast<std::size_t>(length));
+    std::vector<int> columns(static_cast<std::size_t>(length));
+    std::vector<int> rows(columns.size());
     for (int i = 0; i < length; ++i) {
         const KivPoint& point = points[i];
-        columns.push_back(kiv::truncate(point.x));
-        rows.push_back(kiv::truncate(point.y));
+        columns[static_cast<std::size_t>(i)] = kiv::truncate(point.x);
+        rows[static_cast<std::size_t>(i)] = kiv::truncate(point.y);
     }
     return kiv::pixels_to_region({columns, rows}, *region);
 }

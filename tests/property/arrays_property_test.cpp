@@ -283,6 +283,37 @@ TEST(PixelLists, BecomeTheRegionThatAPlainLoopMarks)
     }
 }
 
+// Lists in order, of many runs, with pixels listed twice in a row or left out, and sometimes one out of its place.
+TEST(PixelLists, InOrderBecomeTheRegionThatTheyAreOf)
+{
+    for (std::uint32_t seed = 9000; seed < 9300; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        Random random(seed);
+        const int width = random.between(2, 300);
+        const cv::Mat mask = random.mask(width, random.between(2, 60));
+        const cv::Mat kept = cropped(mask);
+        std::vector<Pixel> pixels;
+        for (const auto& pixel : pixels_of(mask)) {
+            if (random.one_in(40)) {
+                pixels.push_back(random.one_in(2) ? Pixel{pixel.x, -random.between(1, 3)} : Pixel{-1, pixel.y});
+            }
+            pixels.insert(pixels.end(), random.one_in(30) ? 2 : 1, pixel);
+        }
+        if (kept.cols < 2 || kept.rows < 2) {
+            continue;
+        }
+        if (random.one_in(4)) {
+            const int last = static_cast<int>(pixels.size()) - 1;
+            std::swap(pixels[static_cast<std::size_t>(random.between(0, last))],
+                      pixels[static_cast<std::size_t>(random.between(0, last))]);
+        }
+        auto [xs, ys] = arrays_of(pixels);
+        KivRegion region;
+        ASSERT_EQ(KIVMV::KivVarArrayToRegion(xs, ys, &region), KIVMV::KIVMV_OK);
+        ASSERT_TRUE(same_region(region, region_of(kept)));
+    }
+}
+
 TEST(ContourAndPoints, KeepAllBitsThereAndBack)
 {
     for (std::uint32_t seed = 10000; seed < 12000; ++seed) {
