@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Two rows of runs combined: they are walked side by side, in the order in which their runs end or begin. Which of two
-// runs goes first can hardly be guessed, so that it decides about numbers, not about a branch.
+// Two rows of runs combined: they are walked side by side, in the order in which their runs end or begin.
 #pragma once
 
 #include "truth_table.h"
@@ -18,6 +17,17 @@ namespace kivrlc
 struct RowRuns {
     const Run* begin;
     const Run* end;
+
+    bool left() const { return begin != end; }
+};
+
+/// The runs of a row that others follow, so that it goes on up to a run of another one: where it ends need not be
+/// known.
+struct FollowedRow {
+    const Run* begin;
+    int row = begin->row;
+
+    bool left() const { return begin->row == row; }
 };
 
 /// How many runs a row may write beyond those that it makes.
@@ -39,11 +49,35 @@ inline std::int64_t chosen(bool first, std::int64_t a, std::int64_t b)
 /// Whether both rows have runs left; as one question, as which of them ends first can hardly be guessed either.
 inline bool both_left(RowRuns a, RowRuns b)
 {
-    return (static_cast<int>(a.begin != a.end) & static_cast<int>(b.begin != b.end)) != 0;
+    return (static_cast<int>(a.left()) & static_cast<int>(b.left())) != 0;
 }
 
 /// Calls `visit(a, b, a_goes_first)` with the first run that either row has left, until one row has none. Then the run
 /// whose edge comes first leaves its row. Inlined, or what the visitor changes would be kept in memory.
+///
+/// In rows of few runs, these often take turns, which can be guessed, and to guess costs less than to wait for numbers.
+template <int Run::*edge, class Visit>
+[[gnu::always_inline]] inline void walk(FollowedRow& a, FollowedRow& b, Visit visit)
+{
+    for (;;) {
+        if (a.begin->*edge <= b.begin->*edge) {
+            visit(*a.begin, *b.begin, true);
+            ++a.begin;
+            if (!a.left()) {
+                return;
+            }
+        } else {
+            visit(*a.begin, *b.begin, false);
+            ++b.begin;
+            if (!b.left()) {
+                return;
+            }
+        }
+    }
+}
+
+/// The same in rows that may have many runs, or none. Which of two runs goes first can hardly be guessed there, so that
+/// it decides about numbers, not about a branch.
 template <int Run::*edge, class Visit>
 [[gnu::always_inline]] inline void walk(RowRuns& a, RowRuns& b, Visit visit)
 {
@@ -71,8 +105,23 @@ template <int Run::*edge, class Visit>
     }
 }
 
+/// Copies the runs that a row has left.
+inline Run* copy_rest(RowRuns& row, Run* out)
+{
+    return std::copy(row.begin, row.end, out);
+}
+
+inline Run* copy_rest(FollowedRow& row, Run* out)
+{
+    for (; row.left(); ++row.begin) {
+        *out++ = *row.begin;
+    }
+    return out;
+}
+
 /// What two rows have in common. Of two runs, the one that ends first can meet nothing further.
-inline Run* intersect(RowRuns a, RowRuns b, Run* out)
+template <class Row>
+[[gnu::always_inline]] inline Run* intersect(Row& a, Row& b, Run* out)
 {
     const int row = a.begin->row;
     walk<&Run::colEnd>(a, b, [&](const Run& of_a, const Run& of_b, bool) {
@@ -84,7 +133,8 @@ inline Run* intersect(RowRuns a, RowRuns b, Run* out)
 }
 
 /// The first row without the second.
-inline Run* subtract(RowRuns a, RowRuns b, Run* out)
+template <class Row>
+[[gnu::always_inline]] inline Run* subtract(Row& a, Row& b, Run* out)
 {
     const int row = a.begin->row;
     std::int64_t left = a.begin->colBegin; // what lies before was cut out
@@ -94,15 +144,17 @@ inline Run* subtract(RowRuns a, RowRuns b, Run* out)
         out = put({row, static_cast<int>(begin), static_cast<int>(end)}, begin <= end, out);
         left = a_ends_first ? left : std::int64_t{of_b.colEnd} + 1;
     });
-    if (a.begin == a.end) {
-        return out;
+    if (a.left()) {
+        *out++ = {row, static_cast<int>(std::max<std::int64_t>(a.begin->colBegin, left)), a.begin->colEnd};
+        ++a.begin;
+        out = copy_rest(a, out);
     }
-    *out = {row, static_cast<int>(std::max<std::int64_t>(a.begin->colBegin, left)), a.begin->colEnd};
-    return std::copy(a.begin + 1, a.end, out + 1);
+    return out;
 }
 
 /// What either row has: all but what lies between the furthest end so far and the next begin, wherever these lie apart.
-inline Run* unite(RowRuns a, RowRuns b, Run* out)
+template <class Row>
+[[gnu::always_inline]] inline Run* unite(Row& a, Row& b, Run* out)
 {
     const int row = a.begin->row;
     const int first = std::min(a.begin->colBegin, b.begin->colBegin);
@@ -121,7 +173,7 @@ inline Run* unite(RowRuns a, RowRuns b, Run* out)
         end_in_b = a_begins_first ? end_in_b : of_b.colEnd;
     });
     int end = std::max(end_in_a, end_in_b);
-    for (RowRuns rest = a.begin != a.end ? a : b; rest.begin != rest.end; ++rest.begin) {
+    for (Row rest = a.left() ? a : b; rest.left(); ++rest.begin) {
         go_on(end, rest.begin->colBegin);
         end = std::max(end, rest.begin->colEnd);
     }
@@ -158,7 +210,8 @@ private:
 };
 
 /// What one row has and the other does not.
-inline Run* differ(RowRuns a, RowRuns b, Run* out)
+template <class Row>
+[[gnu::always_inline]] inline Run* differ(Row& a, Row& b, Run* out)
 {
     std::int64_t left = std::min(a.begin->colBegin, b.begin->colBegin); // what lies before is done
     JoinedPieces made(a.begin->row, static_cast<int>(left), out);
@@ -169,14 +222,15 @@ inline Run* differ(RowRuns a, RowRuns b, Run* out)
         made.add(std::min(begin_a, begin_b), std::min(std::max(begin_a, begin_b) - 1, end));
         left = end + 1;
     });
-    for (RowRuns rest = a.begin != a.end ? a : b; rest.begin != rest.end; ++rest.begin) {
+    for (Row rest = a.left() ? a : b; rest.left(); ++rest.begin) {
         made.add(std::max<std::int64_t>(rest.begin->colBegin, left), rest.begin->colEnd);
     }
     return made.end();
 }
 
-template <TruthTable table>
-Run* combine_row(RowRuns a, RowRuns b, Run* out)
+/// Writes what the truth table says of two rows.
+template <TruthTable table, class Row>
+[[gnu::always_inline]] inline Run* combine_row(Row& a, Row& b, Run* out)
 {
     if constexpr (table == in_any) {
         return unite(a, b, out);
@@ -209,7 +263,9 @@ Run* combine_two(const Run& a, const Run& b, Run* out)
         out = put({a.row, a.colBegin, static_cast<int>(end)}, a.colBegin <= end, out);
         return put({a.row, static_cast<int>(begin), a.colEnd}, begin <= a.colEnd, out);
     } else {
-        return differ({&a, &a + 1}, {&b, &b + 1}, out);
+        RowRuns row_of_a{&a, &a + 1};
+        RowRuns row_of_b{&b, &b + 1};
+        return differ(row_of_a, row_of_b, out);
     }
 }
 

@@ -31,6 +31,25 @@ inline bool is_alone(const Run* run, const Run* end)
     return run + 1 == end || run[1].row > run->row;
 }
 
+/// As many runs as a row may have whose end is not looked for before it is combined.
+constexpr std::ptrdiff_t most_of_short_row = 24;
+
+/// Whether a row has so few runs, and others follow; where rows do not ascend, whether it ends after so few at the
+/// latest.
+inline bool is_short_and_followed(const Run* run, const Run* end)
+{
+    return end - run > most_of_short_row && run[most_of_short_row].row > run->row;
+}
+
+/// The first run of the next row.
+inline const Run* behind(FollowedRow row)
+{
+    while (row.left()) {
+        ++row.begin;
+    }
+    return row.begin;
+}
+
 /// The first run of the next row. `canonical` becomes false if the runs up to there cannot be those of a set.
 template <Trust trust>
 [[gnu::always_inline]] inline const Run* end_of_row(const Run* run, const Run* end, bool& canonical)
@@ -57,6 +76,13 @@ const Run* end_above(const Run* run, const Run* end, std::int64_t row, std::int6
         run = trust == Trust::canonical ? run + 1 : end_of_row<trust>(run, end, canonical);
     } while (run != end && run->row + lower < row);
     return run;
+}
+
+/// Combines rows whose ends are known. Not inlined, as what it keeps in registers would slow the others down.
+template <TruthTable table>
+[[gnu::noinline]] Run* combine_long(RowRuns a, RowRuns b, Run* out)
+{
+    return combine_row<table>(a, b, out);
 }
 
 /// Copies runs, if they are kept, moved down by some rows.
@@ -101,10 +127,16 @@ bool sweep(KivRunView as, KivRunView bs, Runs& runs, std::int64_t lower = 0)
         } else if (is_alone(a, as.end()) && is_alone(b, bs.end())) {
             canonical &= trust == Trust::canonical || (a->colBegin <= a->colEnd && b->colBegin <= b->colEnd);
             out = combine_two<table>(*a++, *b++, room_for(2));
+        } else if (is_short_and_followed(a, as.end()) && is_short_and_followed(b, bs.end())) {
+            FollowedRow of_a{a};
+            FollowedRow of_b{b};
+            out = combine_row<table>(of_a, of_b, room_for(2 * most_of_short_row));
+            a = trust == Trust::canonical ? behind(of_a) : end_of_row<trust>(a, as.end(), canonical);
+            b = trust == Trust::canonical ? behind(of_b) : end_of_row<trust>(b, bs.end(), canonical);
         } else {
             const RowRuns of_a{a, end_of_row<trust>(a, as.end(), canonical)};
             const RowRuns of_b{b, end_of_row<trust>(b, bs.end(), canonical)};
-            out = combine_row<table>(of_a, of_b, room_for((of_a.end - a) + (of_b.end - b)));
+            out = combine_long<table>(of_a, of_b, room_for((of_a.end - a) + (of_b.end - b)));
             a = of_a.end;
             b = of_b.end;
         }

@@ -72,6 +72,32 @@ TEST(RunSetOperations, WorkWhereIntsEnd)
     EXPECT_TRUE(everything.Contains(INT_MIN, 0));
 }
 
+// Rows of few runs that many others follow are combined in another way than the last ones are, with the same result.
+TEST(RunSetOperations, DoNotDependOnWhatFollows)
+{
+    KivRunSet below;
+    for (int row = 1; row <= 100; ++row) {
+        below = below | KivRunSet{{row, 5, 5}};
+    }
+    const std::vector<KivRunSet> rows = {
+        KivRunSet{{0, INT_MIN, INT_MAX}},
+        KivRunSet{{0, INT_MIN, INT_MIN}, {0, INT_MAX, INT_MAX}},
+        KivRunSet{{0, INT_MIN + 1, INT_MAX - 1}},
+        KivRunSet{{0, INT_MAX - 2, INT_MAX}},
+        KivRunSet{{0, INT_MIN, INT_MIN + 2}, {0, 4, 6}},
+        KivRunSet{{0, INT_MIN + 3, 3}, {0, 7, 9}, {0, 11, INT_MAX}},
+        KivRunSet{{0, 0, 0}, {0, 2, 2}, {0, 4, 4}, {0, 6, 6}, {0, 8, 8}, {0, 10, 10}},
+    };
+    for (const KivRunSet& a : rows) {
+        for (const KivRunSet& b : rows) {
+            ASSERT_EQ((a | below) | (b | below), (a | b) | below);
+            ASSERT_EQ((a | below) & (b | below), (a & b) | below);
+            ASSERT_EQ((a | below) - (b | below), a - b);
+            ASSERT_EQ((a | below) ^ (b | below), a ^ b);
+        }
+    }
+}
+
 TEST(RunSetOperations, CombineDenseRowsAtEveryPlace)
 {
     for (const int left : {INT_MIN, -70, -1, 0, 63, INT_MAX - 300}) {
