@@ -78,6 +78,30 @@ const Run* end_above(const Run* run, const Run* end, std::int64_t row, std::int6
     return run;
 }
 
+/// How far two lists have been combined.
+struct Place {
+    const Run* a;
+    const Run* b;
+    Run* out;
+    bool canonical;
+};
+
+/// Combines a row of one run each, and the next ones for as long as these are such rows, too; `rows` at the most, where
+/// both lists have as many runs left. Not inlined, as then it takes less time to combine rows of more runs.
+template <TruthTable table, Trust trust>
+[[gnu::noinline]] Place combine_single_runs(const Run* a, const Run* b, std::ptrdiff_t rows, std::int64_t lower,
+                                            Run* out)
+{
+    bool canonical = true;
+    do {
+        canonical &= trust == Trust::canonical || (a->colBegin <= a->colEnd && b->colBegin <= b->colEnd);
+        out = combine_two<table>(*a++, *b++, out);
+    } while (--rows > 1 && a->row == b->row + lower && a[1].row > a->row && b[1].row > b->row);
+    return {a, b, out, canonical};
+}
+
+constexpr std::ptrdiff_t most_rows_at_once = 64;
+
 /// Combines rows whose ends are known. Not inlined, as what it keeps in registers would slow the others down.
 template <TruthTable table>
 [[gnu::noinline]] Run* combine_long(RowRuns a, RowRuns b, Run* out)
@@ -125,8 +149,12 @@ bool sweep(KivRunView as, KivRunView bs, Runs& runs, std::int64_t lower = 0)
             out = copy_lower<table.only_b>(b, end, lower, table.only_b ? room_for(end - b) : out);
             b = end;
         } else if (is_alone(a, as.end()) && is_alone(b, bs.end())) {
-            canonical &= trust == Trust::canonical || (a->colBegin <= a->colEnd && b->colBegin <= b->colEnd);
-            out = combine_two<table>(*a++, *b++, room_for(2));
+            const std::ptrdiff_t rows = std::min({as.end() - a, bs.end() - b, most_rows_at_once});
+            const Place done = combine_single_runs<table, trust>(a, b, rows, lower, room_for(2 * rows));
+            a = done.a;
+            b = done.b;
+            out = done.out;
+            canonical &= done.canonical;
         } else if (is_short_and_followed(a, as.end()) && is_short_and_followed(b, bs.end())) {
             FollowedRow of_a{a};
             FollowedRow of_b{b};
