@@ -58,24 +58,21 @@ bool lone_last_run_joins(LastRowOfA rule, bool group_is_matched)
            (rule == LastRowOfA::lone_run_joins_unmatched_group && !group_is_matched);
 }
 
-/// Combines rows of one run each, of which shapes have many, for as long as both lists go on with such, and returns
-/// what is left of `rest`, the end of A. The last rows are always left, as there are rules for them.
-template <RowFunction combine_row>
-RunView join_single_runs(RunView rest, std::size_t size_of_a, RowsOfB& rows_of_b, RunWriter& out)
+/// Unites rows of one run each, of which shapes have many, for as long as both lists go on with such, some at the most.
+/// Returns what is left of `rest`, the end of A. The last rows are always left, as there are rules for them.
+RunView unite_single_runs(RunView rest, RowsOfB& rows_of_b, RunWriter& out)
 {
     const RunView b = rows_of_b.rest();
+    const auto are_alone = [rest, b](std::size_t i) {
+        return i + 2 < rest.size() && i + 1 < b.size() && row_of(rest[i]) == row_of(b[i]) &&
+               row_of(rest[i + 1]) != row_of(rest[i]) && row_of(b[i + 1]) != row_of(b[i]);
+    };
+    Run* next = out.place();
     std::size_t count = 0;
-    while (count + 2 < rest.size() && count + 1 < b.size()) {
-        const Run* const of_a = &rest[count];
-        const Run* const of_b = &b[count];
-        const int row = row_of(*of_a);
-        if (row_of(*of_b) != row || row_of(of_a[1]) == row || row_of(of_b[1]) == row) {
-            break;
-        }
-        ++count;
-        out.go_on_to(size_of_a - rest.size() + count, size_of_a);
-        combine_row({of_a, 1}, {of_b, 1}, out);
+    for (; count < RunWriter::at_once / 2 && are_alone(count); ++count) {
+        next = write_union(rest[count], b[count], next);
     }
+    out.written_up_to(next);
     rows_of_b.take_first(count);
     return rest.subspan(count);
 }
@@ -84,7 +81,9 @@ template <RowFunction combine_row>
 void join_rows_of_a(RunView a, RowsOfB& rows_of_b, const JoinRules& rules, RunWriter& out)
 {
     for (RunView rest = a; !rest.empty();) {
-        rest = join_single_runs<combine_row>(rest, a.size(), rows_of_b, out);
+        if constexpr (combine_row == unite_row) {
+            rest = unite_single_runs(rest, rows_of_b, out);
+        }
         RunView group = leading_row(rest);
         const std::optional<RunView> partners = rows_of_b.take(row_of(group.front()));
         if (rules.last_row_of_a == LastRowOfA::never_a_group && group.size() == rest.size()) {
