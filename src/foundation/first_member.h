@@ -20,7 +20,7 @@ template <class Member, class Object>
 auto& behind_first_member(Object& object)
 {
     std::conditional_t<std::is_const_v<Object>, const Member, Member>* member = nullptr;
-    std::memcpy(&member, static_cast<const void*>(&object), sizeof(member));
+    std::memcpy(&member, static_cast<const void*>(&object), sizeof(Member*));
     return *member;
 }
 
