@@ -194,7 +194,7 @@ class Finder:
                                                   cursor.spelling in ("operator++", "operator--", "operator!")):
             if text[:2] in STEPS:
                 return [STEPS[text[:2]] + text[2:]]
-            if text[-2:] in STEPS:
+            if text[-2:] in STEPS and text[0] not in "*&!-~+":  # *next++ is a pointer that is followed, not a step
                 return [text[:-2] + STEPS[text[-2:]]]
             if text[0] == "!" and text[:2] != "!=":  # != may stand for the opposite of ==
                 return [f"static_cast<bool>({text[1:]})"]
