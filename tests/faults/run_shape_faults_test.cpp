@@ -45,6 +45,18 @@ KivRuns::Element three_by_three()
 
 const KivRunSet other{{0, 2, 9}, {2, 2, 4}, {5, 0, 0}, {8, 4, 4}};
 
+/// Two rows of twenty pixels each, which are looked up by column.
+KivRunSet dense()
+{
+    std::vector<Run> runs;
+    for (const int row : {0, 1}) {
+        for (int i = 0; i < 20; ++i) {
+            runs.push_back({row, 2 * i, 2 * i});
+        }
+    }
+    return KivRunSet(runs);
+}
+
 constexpr std::uint8_t mask[] = {0, 1, 0, 1, 1, 0, 1, 1, 0};
 constexpr KivImageView<const std::uint8_t> mask_view = {mask, 3, 3, 3};
 
@@ -105,6 +117,7 @@ const Operation operations[] = {
     {"ConvexHull", [](const KivRunSet& set) { KivRuns::ConvexHull(set); }},
     {"FeretDiametersOf", [](const KivRunSet& set) { KivRuns::FeretDiametersOf(set); }},
     {"NumberComponents", [](const KivRunSet& set) { KivRuns::NumberComponents(set, connectivity); }},
+    {"NumberComponentsOfDenseRows", [](const KivRunSet&) { KivRuns::NumberComponents(dense(), connectivity); }},
     {"Components", [](const KivRunSet& set) { KivRuns::Components(set, connectivity); }},
     {"SummarizeComponents", [](const KivRunSet& set) { KivRuns::SummarizeComponents(set, connectivity); }},
     {"MeasureComponents", [](const KivRunSet& set) { KivRuns::MeasureComponents(set, connectivity); }},

@@ -3,6 +3,7 @@
 // looks each one's number up.
 #include "run_components.h"
 
+#include "column_counts.h"
 #include "run_checks.h"
 #include "run_set_access.h"
 #include "run_sums.h"
@@ -112,6 +113,57 @@ Gaps gaps_within(KivRunView runs, const KivRunBox& box)
     return gaps;
 }
 
+/// The runs of a row and their numbers.
+struct NumberedRow {
+    const Run* begin;
+    const Run* end;
+    int* numbers;
+
+    std::ptrdiff_t size() const { return end - begin; }
+};
+
+/// The least column next to a run of two rows, and the greatest one.
+std::pair<std::int64_t, std::int64_t> columns_of(const NumberedRow& above, const NumberedRow& row)
+{
+    return {std::int64_t{std::min(above.begin->colBegin, row.begin->colBegin)} - 1,
+            std::int64_t{std::max(above.end[-1].colEnd, row.end[-1].colEnd)} + 1};
+}
+
+/// Whether two rows have so many runs in so few columns that to look up which of them touch takes less time than to
+/// walk them side by side.
+bool are_dense(const NumberedRow& above, const NumberedRow& row)
+{
+    const std::ptrdiff_t fewer = std::min(above.size(), row.size());
+    if (fewer < 16 || above.size() > kivrlc::ColumnCounts::most_runs) {
+        return false;
+    }
+    const auto [first, last] = columns_of(above, row);
+    return last - first < 6 * fewer;
+}
+
+/// Numbers a row by looking up which runs of the one above it touches.
+void number_dense(const NumberedRow& above, const NumberedRow& row, std::int64_t reach, kivrlc::ColumnCounts& counts,
+                  kivrlc::ComponentForest& forest)
+{
+    const auto [first, last] = columns_of(above, row);
+    counts.count(above.begin, above.end, first, last);
+    int* of_run = row.numbers;
+    for (const Run* run = row.begin; run != row.end; ++run, ++of_run) {
+        const int* upper = above.numbers + counts.ended_before(run->colBegin - reach);
+        const int* const stop = above.numbers + counts.begun_up_to(run->colEnd + reach);
+        if (upper == stop) {
+            *of_run = forest.add();
+            continue;
+        }
+        const int number = forest.number_of(*upper);
+        *of_run = number;
+        forest.join(number, stop[-1]); // which may be the same one: to ask would be a guess
+        while (++upper < stop - 1) {
+            forest.join(number, *upper);
+        }
+    }
+}
+
 } // namespace
 
 kivrlc::NumberedRuns kivrlc::number_components(KivRunView runs, KivRuns::Connectivity connectivity)
@@ -120,11 +172,18 @@ kivrlc::NumberedRuns kivrlc::number_components(KivRunView runs, KivRuns::Connect
                                "KivRuns: a set of so many runs cannot be numbered");
     NumberedRuns numbers{std::vector<int>(runs.size()), 0};
     ComponentForest forest;
+    ColumnCounts counts;
     const std::int64_t reach = reach_of(connectivity);
     const auto number_of = [of_run = numbers.of_run.data(), first = runs.begin()](const Run* run) -> int& {
         return of_run[run - first];
     };
     for_each_row(runs, [&](const Run* above, const Run* above_end, const Run* run, const Run* row_end) {
+        const NumberedRow upper_row{above, above_end, &number_of(above)};
+        const NumberedRow row{run, row_end, &number_of(run)};
+        if (are_dense(upper_row, row)) {
+            number_dense(upper_row, row, reach, counts, forest);
+            return;
+        }
         for (; run != row_end; ++run) {
             while (above != above_end && ends_before(*above, *run, reach)) {
                 ++above;

@@ -262,4 +262,49 @@ TEST(RunComponents, OfRandomMasksAreOpenCvs)
     }
 }
 
+// Rows of many short runs are numbered in another way than others are, wherever they lie, above longer and shorter
+// ones.
+TEST(RunComponents, OfDenseRowsDoNotDependOnTheirPlace)
+{
+    std::mt19937 random(7);
+    for (int i = 0; i < 40; ++i) {
+        const int height = 6;
+        const int width = 40 + 4 * i;
+        cv::Mat mask = run_sets::random_mask(width, height, 1 + i % 3, random);
+        mask(cv::Rect(0, 0, i % 9, i % height)).setTo(0); // so that rows begin and end at different columns
+        mask(cv::Rect(width - i % 7, i % height, i % 7, height - i % height)).setTo(0);
+        const KivRunSet set = run_sets::set_of(mask);
+        for (const Connectivity connectivity : connectivities) {
+            cv::Mat labels;
+            const int count =
+                cv::connectedComponents(mask, labels, connectivity == Connectivity::Four ? 4 : 8, CV_32S) - 1;
+            const KivRuns::ComponentNumbers numbers = KivRuns::NumberComponents(set, connectivity);
+            ASSERT_EQ(numbers.count, count);
+            for (const int left : {INT_MIN, -width, INT_MAX - width + 1}) {
+                const KivRunSet moved = run_sets::set_of(mask, left, 3);
+                ASSERT_EQ(KivRuns::NumberComponents(moved, connectivity).ofRun, numbers.ofRun) << i << " at " << left;
+            }
+        }
+    }
+}
+
+TEST(RunComponents, OfRowsOfVeryManyRuns)
+{
+    for (const int count : {65534, 65535, 65536, 65537}) {
+        std::vector<::Run> bars;    // of two pixels, one above the other
+        std::vector<::Run> zigzags; // one line, by corners
+        for (const int row : {0, 1}) {
+            for (int i = 0; i < count; ++i) {
+                bars.push_back({row, 2 * i, 2 * i});
+                zigzags.push_back({row, 2 * i + row, 2 * i + row});
+            }
+        }
+        const KivRuns::ComponentNumbers numbers = KivRuns::NumberComponents(KivRunSet(bars), Connectivity::Four);
+        EXPECT_EQ(numbers.count, count);
+        EXPECT_EQ(numbers.ofRun.back(), count - 1);
+        EXPECT_EQ(KivRuns::NumberComponents(KivRunSet(zigzags), Connectivity::Four).count, 2 * count);
+        EXPECT_EQ(KivRuns::NumberComponents(KivRunSet(zigzags), Connectivity::Eight).count, 1);
+    }
+}
+
 } // namespace
