@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -20,14 +21,23 @@ namespace kiv
 namespace
 {
 
-/// Lengthens a run by the pixels from `i` on that go on with it, and returns the first that does not.
-std::size_t lengthen(Run& run, const PixelLists& pixels, std::size_t i)
+struct Pixel {
+    int column;
+    int row;
+};
+
+/// How many of the pixels from `first` on go on with a run.
+template <class PixelAt>
+std::size_t count_behind(Run run, std::size_t first, std::size_t size, PixelAt& pixel_at)
 {
-    while (i < pixels.rows.size() && pixels.rows[i] == run.row && pixels.columns[i] == run.colEnd + 1) {
-        ++run.colEnd;
-        ++i;
+    std::size_t i = first;
+    for (std::int64_t column = std::int64_t{run.colEnd} + 1; i < size; ++i, ++column) {
+        const Pixel pixel = pixel_at(i);
+        if (pixel.row != run.row || pixel.column != column) {
+            break;
+        }
     }
-    return i;
+    return i - first;
 }
 
 /// The runs of pixels that are listed row by row and from left to right; nothing if one comes out of order. Ignores
@@ -35,25 +45,26 @@ std::size_t lengthen(Run& run, const PixelLists& pixels, std::size_t i)
 ///
 /// Where short runs end can hardly be guessed, so that it decides about numbers, not about a branch; long runs are
 /// likely to go on. bench/kiv/arrays.cpp measures it.
-std::optional<RunList> runs_of_ordered_pixels(const PixelLists& pixels)
+template <class PixelAt>
+std::optional<RunList> runs_of_ordered_pixels(std::size_t size, PixelAt pixel_at)
 {
     constexpr int long_run = 8;
     constexpr std::size_t pixels_at_once = 8;
     RunList runs;
     Run few[1024]; // which stay in the nearest cache
     Run* last = few;
-    Run run = {-1, 0, -1};
+    Run run = {-1, 0, 0};
     const auto append_few = [&] { runs.insert(runs.end(), few + (few->row < 0 ? 1 : 0), last); };
     bool ordered = true;
-    const std::size_t size = pixels.columns.size();
     for (std::size_t i = 0; i < size && ordered;) {
         if (run.colEnd - run.colBegin >= long_run) {
-            i = lengthen(run, pixels, i);
+            const std::size_t count = count_behind(run, i, size, pixel_at);
+            run.colEnd += static_cast<int>(count);
+            i += count;
         }
         const std::size_t stop = std::min(i + pixels_at_once, size);
         for (; i < stop; ++i) {
-            const int column = pixels.columns[i];
-            const int row = pixels.rows[i];
+            const auto [column, row] = pixel_at(i);
             if (column < 0 || row < 0) {
                 continue;
             }
@@ -160,7 +171,8 @@ RunList runs_of_image(const cv::Mat& pixels, MaskBytes /*bytes*/)
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
 {
     require_mask_frame(frame); // whether a frame is rejected must not depend on the order of the pixels
-    if (std::optional<RunList> runs = runs_of_ordered_pixels(pixels)) {
+    const auto pixel_at = [&pixels](std::size_t i) { return Pixel{pixels.columns[i], pixels.rows[i]}; };
+    if (std::optional<RunList> runs = runs_of_ordered_pixels(pixels.columns.size(), pixel_at)) {
         return *std::move(runs);
     }
     if (is_large_for(frame, pixels.columns.size())) {
@@ -168,6 +180,23 @@ RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
     }
     cv::Mat mask = painted_mask(frame, pixels);
     return extract_runs(mask);
+}
+
+std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& points)
+{
+    int column = std::numeric_limits<int>::min();
+    int row = column;
+    const auto pixel_at = [&, all = points.Points().data()](std::size_t i) {
+        const Pixel pixel{truncate(all[i].x), truncate(all[i].y)};
+        column = std::max(column, pixel.column);
+        row = std::max(row, pixel.row);
+        return pixel;
+    };
+    std::optional<RunList> runs = runs_of_ordered_pixels(points.Points().size(), pixel_at);
+    if (!runs) {
+        return std::nullopt;
+    }
+    return PixelRuns{*std::move(runs), column, row};
 }
 
 void paint(RunView runs, cv::Mat& mask, int foreground, int background)

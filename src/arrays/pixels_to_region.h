@@ -2,7 +2,7 @@
 // The conversion of listed pixels to a region, shared by pixel arrays and point arrays.
 #pragma once
 
-#include "foundation/pixels.h"
+#include "foundation/data_types.h"
 
 #include <KivData/KivData.h>
 
@@ -11,8 +11,10 @@ namespace kiv
 
 /// Replaces `region` by the listed pixels, of which there must be at least one, in the frame from (0, 0) to their
 /// largest column and row. Ignores pixels with a negative coordinate. Rejects lists whose largest column or row is
-/// below
-/// 1. Returns the result code.
+/// below one. Returns the result code.
 int pixels_to_region(const PixelLists& pixels, KivRegion& region);
+
+/// The same for pixels whose runs are known.
+int pixels_to_region(PixelRuns pixels, KivRegion& region);
 
 } // namespace kiv

@@ -4,6 +4,8 @@
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <cstddef>
+#include <optional>
+#include <utility>
 #include <vector>
 
 int KIVMV::KivPointArrayToRegion(KivPointArray& points, KivRegion* region)
@@ -13,6 +15,9 @@ int KIVMV::KivPointArrayToRegion(KivPointArray& points, KivRegion* region)
         return KIVMV_ERR_PARAM_1;
     }
 
+    if (std::optional<kiv::PixelRuns> ordered = kiv::runs_of_ordered_points(points)) {
+        return kiv::pixels_to_region(*std::move(ordered), *region);
+    }
     std::vector<int> columns(static_cast<std::size_t>(length));
     std::vector<int> rows(columns.size());
     for (int i = 0; i < length; ++i) {

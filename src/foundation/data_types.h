@@ -61,6 +61,16 @@ RunList runs_of_image(const cv::Mat& pixels, MaskBytes bytes);
 /// The runs of the listed pixels, which must not lie beyond the frame. Pixels with a negative coordinate are ignored.
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame);
 
+struct PixelRuns {
+    RunList runs;
+    int largest_column; // of all pixels, also of those that are ignored
+    int largest_row;
+};
+
+/// The runs of the pixels of points, whose coordinates are truncated, if the data types have an operation of their own
+/// for it and the pixels come row by row and from left to right. Pixels with a negative coordinate are ignored.
+std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& points);
+
 // Pixels from runs.
 
 /// Gives the pixels of a mask that a run covers one value and all others another one.

@@ -126,6 +126,11 @@ RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
     return extract_runs(mask);
 }
 
+std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& /*points*/)
+{
+    return std::nullopt;
+}
+
 void paint(RunView runs, cv::Mat& mask, int foreground, int background)
 {
     mask.setTo(background);

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <numeric>
+#include <vector>
 
 namespace
 {
@@ -51,6 +53,18 @@ TEST(PixelArraysToRegion, PixelsApartAreRunsOfTheirOwn)
 TEST(PixelArraysToRegion, NeighboursInARowAreOneRun)
 {
     expect_region({5, 4, 3, 5}, {1, 1, 1, 2}, KivRegion(6, 3, {{1, 3, 5}, {2, 5, 5}}));
+}
+
+TEST(PixelArraysToRegion, ARunEndsWithItsRow)
+{
+    for (int length = 1; length <= 40; ++length) {
+        std::vector<int> xs(static_cast<std::size_t>(length) + 2);
+        std::iota(xs.begin(), xs.end(), 0);
+        std::vector<int> ys(xs.size(), 1);
+        ys[ys.size() - 2] = ys.back() = 2;
+        expect_region(KivVarArray(xs), KivVarArray(ys),
+                      KivRegion(length + 2, 3, {{1, 0, length - 1}, {2, length, length + 1}}));
+    }
 }
 
 TEST(PixelArraysToRegion, RunsAreOrderedByRowThenByColumn)

@@ -114,6 +114,20 @@ cv::Mat cropped(const cv::Mat& mask)
     return mask(cv::Rect(0, 0, width, height));
 }
 
+// Points that are truncated to the pixels; negative coordinates are truncated upward.
+KivPointArray points_of(const std::vector<Pixel>& pixels, Random& random)
+{
+    const auto within = [&random](int coordinate) {
+        return coordinate + std::copysign(coordinate == 0 ? 0.0 : random.fraction(), coordinate);
+    };
+    KivPointArray points;
+    for (const auto& pixel : pixels) {
+        const double x = within(pixel.x);
+        points.Append(KivPoint{x, within(pixel.y)});
+    }
+    return points;
+}
+
 KivRegion region_of(const cv::Mat& mask)
 {
     return KivRegion(mask.cols, mask.rows, support::plain_runs(mask));
@@ -269,12 +283,7 @@ TEST(PixelLists, BecomeTheRegionThatAPlainLoopMarks)
             expected = region_of(mask);
         }
         auto [xs, ys] = arrays_of(pixels);
-        KivPointArray points;
-        for (const auto& pixel : pixels) {
-            // Negative coordinates are truncated upward.
-            points.Append(KivPoint{pixel.x + std::copysign(pixel.x == 0 ? 0.0 : random.fraction(), pixel.x),
-                                   pixel.y + std::copysign(pixel.y == 0 ? 0.0 : random.fraction(), pixel.y)});
-        }
+        KivPointArray points = points_of(pixels, random);
         const int code = taken ? KIVMV::KIVMV_OK : KIVMV::KIVMV_ERR_PARAM_1;
         ASSERT_EQ(KIVMV::KivVarArrayToRegion(xs, ys, &from_arrays), code);
         ASSERT_TRUE(same_region(from_arrays, expected));
@@ -308,9 +317,13 @@ TEST(PixelLists, InOrderBecomeTheRegionThatTheyAreOf)
                       pixels[static_cast<std::size_t>(random.between(0, last))]);
         }
         auto [xs, ys] = arrays_of(pixels);
-        KivRegion region;
-        ASSERT_EQ(KIVMV::KivVarArrayToRegion(xs, ys, &region), KIVMV::KIVMV_OK);
-        ASSERT_TRUE(same_region(region, region_of(kept)));
+        KivPointArray points = points_of(pixels, random);
+        KivRegion from_arrays;
+        KivRegion from_points;
+        ASSERT_EQ(KIVMV::KivVarArrayToRegion(xs, ys, &from_arrays), KIVMV::KIVMV_OK);
+        ASSERT_EQ(KIVMV::KivPointArrayToRegion(points, &from_points), KIVMV::KIVMV_OK);
+        ASSERT_TRUE(same_region(from_arrays, region_of(kept)));
+        ASSERT_TRUE(same_region(from_points, region_of(kept)));
     }
 }
 
