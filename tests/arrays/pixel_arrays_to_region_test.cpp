@@ -67,6 +67,26 @@ TEST(PixelArraysToRegion, ARunEndsWithItsRow)
     }
 }
 
+TEST(PixelArraysToRegion, ManyRunsComeInOrder)
+{
+    std::vector<int> xs;
+    std::vector<int> ys;
+    std::vector<::Run> runs;
+    for (int i = 0; i < 3000; ++i) {
+        const ::Run run = {i / 100, 5 * (i % 100), 5 * (i % 100) + i % 3};
+        for (int x = run.colBegin; x <= run.colEnd; ++x) {
+            xs.push_back(x);
+            ys.push_back(run.row);
+        }
+        runs.push_back(run);
+    }
+    KivVarArray columns(xs);
+    KivVarArray rows(ys);
+    KivRegion region;
+    EXPECT_EQ(KivVarArrayToRegion(columns, rows, &region), KIVMV::KIVMV_OK);
+    EXPECT_TRUE(same_region(region, KivRegion(498, 30, runs)));
+}
+
 TEST(PixelArraysToRegion, RunsAreOrderedByRowThenByColumn)
 {
     expect_region({4, 0, 2, 4, 1}, {2, 2, 0, 0, 1},

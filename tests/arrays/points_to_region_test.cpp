@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace
 {
 
@@ -46,6 +48,22 @@ void expect_raised(const KivPointArray& points)
     EXPECT_TRUE(support::raises([&] { return KivPointArrayToRegion(input, &region); }));
     EXPECT_TRUE(same_region(region, earlier));
     EXPECT_EQ(support::bits_of(input), support::bits_of(points));
+}
+
+TEST(PointsToRegion, ManyRunsComeInOrder)
+{
+    KivPointArray points;
+    std::vector<::Run> runs;
+    for (int i = 0; i < 3000; ++i) {
+        const ::Run run = {i / 100, 25 * (i % 100), 25 * (i % 100) + i % 23};
+        for (int x = run.colBegin; x <= run.colEnd; ++x) {
+            points.Append(KivPoint{x + 0.75, run.row + 0.5});
+        }
+        runs.push_back(run);
+    }
+    KivRegion region;
+    EXPECT_EQ(KivPointArrayToRegion(points, &region), KIVMV::KIVMV_OK);
+    EXPECT_TRUE(same_region(region, KivRegion(2498, 30, runs)));
 }
 
 TEST(PointsToRegion, RepeatedPointsCountOnce)
