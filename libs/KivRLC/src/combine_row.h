@@ -263,9 +263,15 @@ Run* combine_two(const Run& a, const Run& b, Run* out)
         out = put({a.row, a.colBegin, static_cast<int>(end)}, a.colBegin <= end, out);
         return put({a.row, static_cast<int>(begin), a.colEnd}, begin <= a.colEnd, out);
     } else {
-        RowRuns row_of_a{&a, &a + 1};
-        RowRuns row_of_b{&b, &b + 1};
-        return differ(row_of_a, row_of_b, out);
+        const int begin = std::max(a.colBegin, b.colBegin);
+        const int end = std::min(a.colEnd, b.colEnd);
+        if (begin > end) {
+            return combine_two<in_any>(a, b, out);
+        }
+        const int first = std::min(a.colBegin, b.colBegin);
+        const int last = std::max(a.colEnd, b.colEnd);
+        out = put({a.row, first, static_cast<int>(std::int64_t{begin} - 1)}, first < begin, out);
+        return put({a.row, static_cast<int>(std::int64_t{end} + 1), last}, end < last, out);
     }
 }
 
