@@ -82,7 +82,7 @@ TEST(RunComponents, MeasuredOneByOneAreMeasuredAsSets)
 {
     std::mt19937 random(7);
     for (int i = 0; i < 50; ++i) {
-        const KivRunSet set = run_sets::set_of(run_sets::random_mask(30, 20, 1 + i % 5, random), -9, -9);
+        const KivRunSet set = run_sets::set_of(run_sets::random_mask(30 + 2 * i, 20, 1 + i % 5, random), -9, -9);
         for (const Connectivity connectivity : connectivities) {
             const std::vector<KivRunSet> sets = KivRuns::Components(set, connectivity);
             const auto all = KivRuns::MeasureComponents(set, connectivity);
