@@ -67,6 +67,15 @@ TEST(PixelArraysToRegion, ARunEndsWithItsRow)
     }
 }
 
+TEST(PixelArraysToRegion, ALongRunComesFromEitherEnd)
+{
+    std::vector<int> xs(40);
+    std::iota(xs.begin(), xs.end(), 0);
+    const KivVarArray ys(std::vector<int>(xs.size(), 1));
+    expect_region(KivVarArray(xs), ys, KivRegion(40, 2, {{1, 0, 39}}));
+    expect_region(KivVarArray(std::vector<int>(xs.rbegin(), xs.rend())), ys, KivRegion(40, 2, {{1, 0, 39}}));
+}
+
 TEST(PixelArraysToRegion, ManyRunsComeInOrder)
 {
     std::vector<int> xs;
