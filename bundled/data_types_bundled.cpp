@@ -170,7 +170,6 @@ RunList runs_of_image(const cv::Mat& pixels, MaskBytes /*bytes*/)
 
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
 {
-    require_mask_frame(frame); // whether a frame is rejected must not depend on the order of the pixels
     const auto pixel_at = [&pixels](std::size_t i) { return Pixel{pixels.columns[i], pixels.rows[i]}; };
     if (std::optional<RunList> runs = runs_of_ordered_pixels(pixels.columns.size(), pixel_at)) {
         return *std::move(runs);

@@ -13,6 +13,7 @@ namespace kiv
 namespace
 {
 
+/// Replaces `region` by what `make_runs` makes in the frame up to the largest column and row.
 template <class MakeRuns>
 int make_region(int largest_column, int largest_row, MakeRuns make_runs, KivRegion& region)
 {
@@ -21,6 +22,7 @@ int make_region(int largest_column, int largest_row, MakeRuns make_runs, KivRegi
     }
 
     const Frame frame = frame_up_to(largest_column, largest_row);
+    require_mask_frame(frame); // whether a frame is rejected must not depend on the order of the pixels
     create_region(region, frame, make_runs(frame));
     return KIVMV::KIVMV_OK;
 }
@@ -37,11 +39,8 @@ int pixels_to_region(const PixelLists& pixels, KivRegion& region)
 
 int pixels_to_region(PixelRuns pixels, KivRegion& region)
 {
-    const auto runs_in = [&pixels](Frame frame) {
-        require_mask_frame(frame); // whether a frame is rejected must not depend on the order of the pixels
-        return std::move(pixels.runs);
-    };
-    return make_region(pixels.largest_column, pixels.largest_row, runs_in, region);
+    const auto taken_over = [&pixels](Frame) { return std::move(pixels.runs); };
+    return make_region(pixels.largest_column, pixels.largest_row, taken_over, region);
 }
 
 } // namespace kiv

@@ -58,7 +58,8 @@ enum class MaskBytes { as_stored, normalised };
 /// its mask gets a copy, in which normalised bytes are 0 or 255.
 RunList runs_of_image(const cv::Mat& pixels, MaskBytes bytes);
 
-/// The runs of the listed pixels, which must not lie beyond the frame. Pixels with a negative coordinate are ignored.
+/// The runs of the listed pixels, in a frame that a mask can have and beyond which none lies. Pixels with a negative
+/// coordinate are ignored.
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame);
 
 struct PixelRuns {
