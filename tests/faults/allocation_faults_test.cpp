@@ -86,7 +86,7 @@ TEST(Contours, OfASmallShapeTakeFourAllocationsBesideTheResult)
     KivRegion filled;
     EXPECT_LE(allocations_of([&] { return KIVMV::KivContourArrayToRegion(borders, 64, 64, &filled); }), runs + 4);
     EXPECT_EQ(filled, ring);
-    KivImage image;
+    KivImage image(cv::Mat(1, 1, CV_8UC1)); // OpenCV makes some objects with its first matrix and keeps them
     EXPECT_LE(allocations_of([&] { return KIVMV::KivContourArrayToBinImage(&image, borders, 64, 64); }), matrix + 4);
     KivContourArray traced;
     EXPECT_LE(allocations_of([&] { return KIVMV::KivBinImageToContourArray(image, &traced); }), contours + 4);
