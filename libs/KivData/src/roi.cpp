@@ -55,7 +55,10 @@ void IKivROIPara::GenMask(KivVarArray& rows, KivVarArray& colBegins, KivVarArray
 
 void IKivROIPara::GenMask(std::vector<Run> runs, int width, int height)
 {
-    *this = IKivROIPara(KivShape::Mask{std::move(runs)}, width, height);
+    kivdata::check_frame(width, height);
+    shape_.emplace<KivShape::Mask>(KivShape::Mask{std::move(runs)});
+    width_ = width;
+    height_ = height;
 }
 
 cv::Mat IKivROIPara::ToMAT(KivVarArray& rows, KivVarArray& colBegins, KivVarArray& colEnds, int width, int height)

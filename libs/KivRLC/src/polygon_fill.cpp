@@ -71,7 +71,6 @@ public:
     {
         end_rows_before(row);
         take_turns_up_to(row);
-        row_ = row;
         inside_ = row_starts_inside_;
         begin_ = 0;
         stop_ = 0;
@@ -102,18 +101,16 @@ private:
         }
     }
 
-    /// Ends the row that was started last, and all between that and the given one.
+    /// Ends the row that was started last, and all between that and the given one. These are all inside or all outside:
+    /// without a stretch, turns of later ones come in pairs.
     void end_rows_before(std::int64_t row)
     {
         write(begin_, inside_ ? columns_ : stop_);
-        for (++row_; row_ < row;) {
-            take_turns_up_to(row_);
-            const std::int64_t stop = next_turn_ != turns_.end() ? std::min<std::int64_t>(*next_turn_, row) : row;
-            for (; row_starts_inside_ && row_ < stop; ++row_) {
-                write(0, columns_);
-            }
-            row_ = stop;
+        take_turns_up_to(++row_);
+        for (; row_starts_inside_ && row_ < row; ++row_) {
+            write(0, columns_);
         }
+        row_ = row;
     }
 
     /// Writes the columns begin to stop - 1 of the row as a run, if there are any.
@@ -324,9 +321,6 @@ std::vector<KivPolygonFill::Stretch> KivPolygonFill::Ordered() const
 
 std::vector<Run> KivPolygonFill::Runs() const
 {
-    if (columns_ == 0) {
-        return {};
-    }
     std::vector<std::uint32_t> turns;
     turns.reserve(2 * beside_.size());
     for (const Rows& rows : beside_) {

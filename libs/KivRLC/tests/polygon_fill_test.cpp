@@ -90,6 +90,7 @@ TEST(PolygonFill, LeavesOutCornersThatAreNoNumbers)
     const double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(filled_rounded({}, {0, 9, 0, 9}), Runs());
     EXPECT_EQ(filled_rounded({nan, 1.0, 1.0, nan}, {0, 9, 0, 9}), Runs());
+    EXPECT_EQ(filled_rounded({nan, 1.0}, {0, 9, INT_MIN, INT_MIN + 9}), Runs());
     const std::vector<double> square = {nan, 7, 1, 1, nan, 5, 3, 1, 5, nan, 3, 3, 1, 3, nan, nan};
     EXPECT_EQ(filled_rounded(square, {0, 9, 0, 9}), (Runs{{1, 1, 3}, {2, 1, 3}, {3, 1, 3}}));
 }

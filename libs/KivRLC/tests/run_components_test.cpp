@@ -288,6 +288,19 @@ TEST(RunComponents, OfDenseRowsDoNotDependOnTheirPlace)
     }
 }
 
+TEST(RunComponents, OfDenseRowsThatReachFurtherThanThoseAbove)
+{
+    std::vector<::Run> runs;
+    for (int i = 0; i < 20; ++i) {
+        runs.push_back({0, 2 * i, 2 * i});
+        const int below = i < 10 ? 4 * i : 40 + 2 * i; // under every other one, then where none is above
+        runs.push_back({1, below, below});
+    }
+    const KivRuns::ComponentNumbers numbers = KivRuns::NumberComponents(KivRunSet(runs), Connectivity::Four);
+    EXPECT_EQ(numbers.count, 30);
+    EXPECT_EQ(numbers.ofRun.back(), 29);
+}
+
 TEST(RunComponents, OfRowsOfVeryManyRuns)
 {
     for (const int count : {65534, 65535, 65536, 65537}) {
