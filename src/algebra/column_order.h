@@ -2,8 +2,8 @@
 // The order of columns within a row. Where columns ascend, runs that cannot meet need not be compared.
 #pragma once
 
-#include "foundation/run_sort.h"
 #include "foundation/runs.h"
+#include "seam/data_types.h"
 
 #include <algorithm>
 #include <limits>

@@ -25,86 +25,80 @@ int right_of(int column)
     return column == std::numeric_limits<int>::max() ? column : column + 1;
 }
 
-std::uint64_t count_rows(std::int64_t first, std::int64_t stop)
-{
-    return static_cast<std::uint64_t>(std::max<std::int64_t>(stop - first, 0));
-}
-
 /// Writes full rows from `first` to just before `stop`.
 void write_full_rows(std::int64_t first, std::int64_t stop, int last_column, RunWriter& out)
 {
     for (; first < stop; ++first) {
-        Run* const next = out.place();
-        *next = {static_cast<int>(first), 0, last_column};
-        out.written_up_to(next + 1);
+        out.push_back({static_cast<int>(first), 0, last_column});
     }
 }
 
-/// Writes the gaps of one row: left of its runs, between neighbours, right of them. A gap between neighbours includes
-/// the last pixel of the left run and reaches one past the first pixel of the right one, and there is one for every
-/// pair.
-void write_gaps(const Run* run, const Run* end, int last_column, RunWriter& out)
+/// Writes the gaps of a row: left of its runs, between neighbours, right of them. A gap between neighbours includes the
+/// last pixel of the left run and reaches one past the first pixel of the right one, and there is one for every pair.
+/// Returns the end of the row, up to which its columns ascend. Inlined, so that the rare second call does not slow the
+/// first one down.
+[[gnu::always_inline]] inline const Run* write_gaps(const Run* run, const Run* end, int last_column, RunWriter& out)
 {
-    const Run* const last = end - 1;
+    const int row = row_of(*run);
+    const auto goes_on = [row](const Run* at) { return row_of(*at) == row && begin_of(at[-1]) <= begin_of(*at); };
     Run* next = out.place();
-    *next = {row_of(*run), 0, left_of(begin_of(*run))};
+    *next = {row, 0, left_of(begin_of(*run))};
     next += begin_of(*run) != 0 ? 1 : 0;
-    while (run != last) {
-        const Run* const stop = run + std::min<std::ptrdiff_t>(last - run, RunWriter::at_once - 2);
-        for (; run != stop; ++run) {
-            *next++ = {row_of(*run), end_of(*run), right_of(begin_of(run[1]))};
+    for (++run; run != end && goes_on(run);) {
+        const Run* const stop = run + std::min<std::ptrdiff_t>(end - run, RunWriter::at_once - 2);
+        for (; run != stop && goes_on(run); ++run) {
+            *next++ = {row, end_of(run[-1]), right_of(begin_of(*run))};
         }
         next = out.place_behind(next);
     }
-    *next = {row_of(*last), right_of(end_of(*last)), last_column};
-    out.written_up_to(next + (end_of(*last) != last_column ? 1 : 0));
+    *next = {row, right_of(end_of(run[-1])), last_column};
+    out.written_up_to(next + (end_of(run[-1]) != last_column ? 1 : 0));
+    return run;
 }
 
-/// As many runs as the complement has at the most: one for each row above and below the runs; one for each row from the
-/// first to the last that has runs, and one more for each run on it.
+/// Takes back the gaps of a row, which were written last.
+void take_gaps_back(const Run* run, const Run* end, int last_column, RunWriter& out)
+{
+    const int at_ends = (begin_of(*run) != 0 ? 1 : 0) + (end_of(end[-1]) != last_column ? 1 : 0);
+    for (std::ptrdiff_t gaps = end - run - 1 + at_ends; gaps > 0; --gaps) {
+        out.taken_back();
+    }
+}
+
+/// As many runs as the complement has at the most: one for each row, and one more for each run.
 std::uint64_t most_runs(RunView runs, Frame frame)
 {
-    const std::int64_t first = row_of(runs.front());
-    const std::int64_t stop = std::int64_t{row_of(runs.back())} + 1;
-    return runs.size() + count_rows(0, first) + count_rows(first, stop) + count_rows(stop, frame.height);
-}
-
-/// The end of a row, up to which its columns ascend.
-const Run* end_of_ascending_row(const Run* run, const Run* end)
-{
-    const Run* const first = run;
-    do {
-        ++run;
-    } while (run != end && row_of(*run) == row_of(*first) && begin_of(run[-1]) <= begin_of(*run));
-    return run;
+    const std::int64_t first = std::min(row_of(runs.front()), 0);
+    const std::int64_t stop = std::max(std::int64_t{row_of(runs.back())} + 1, std::int64_t{frame.height});
+    return runs.size() + static_cast<std::uint64_t>(stop - first);
 }
 
 /// The complement of a list that is not empty; nothing if its rows, or the columns of one, do not ascend. A row below
 /// the last one is noticed before the rows down to it are written, which may be billions.
-std::optional<RunList> complement_of_ascending(RunView runs, Frame frame, LastRowOfComplement last_row)
+std::optional<RunList> complement_of_ascending(RunView runs, Frame frame, LastRowOfComplement rule)
 {
     const int last_column = left_of(frame.width);
-    const int last_row_of_runs = row_of(runs.back());
-    if (row_of(runs.front()) > last_row_of_runs) {
+    const std::int64_t last = row_of(runs.back());
+    if (row_of(runs.front()) > last) {
         return std::nullopt;
     }
     RunWriter out(checked_count<Run>(most_runs(runs, frame)));
     write_full_rows(0, row_of(runs.front()), last_column, out);
     const Run* const end = runs.data() + runs.size();
-    for (const Run* run = runs.data(); run != end;) {
-        const Run* const row_end = end_of_ascending_row(run, end);
-        if (row_end != end) {
-            if (row_of(*row_end) <= row_of(*run) || row_of(*row_end) > last_row_of_runs) {
-                return std::nullopt;
-            }
-            write_full_rows(std::int64_t{row_of(*run)} + 1, row_of(*row_end), last_column, out);
+    const Run* const stop = rule == LastRowOfComplement::like_any ? end : end - last_row(runs).size();
+    for (const Run* run = runs.data(); run != stop;) {
+        const Run* const row_end = write_gaps(run, end, last_column, out);
+        if (row_end != end && (row_of(*row_end) <= row_of(*run) || row_of(*row_end) > last)) {
+            return std::nullopt;
         }
-        if (row_end != end || last_row == LastRowOfComplement::like_any) {
+        if (row_end != end && row_of(*row_end) - std::int64_t{row_of(*run)} > 1) {
+            take_gaps_back(run, row_end, last_column, out);
+            write_full_rows(std::int64_t{row_of(*run)} + 1, row_of(*row_end), last_column, out);
             write_gaps(run, row_end, last_column, out);
         }
         run = row_end;
     }
-    write_full_rows(std::int64_t{last_row_of_runs} + 1, frame.height, last_column, out);
+    write_full_rows(last + 1, frame.height, last_column, out);
     return out.written();
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "algebra/region_operation.h"
 
-#include "foundation/data_types.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 

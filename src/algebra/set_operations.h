@@ -5,7 +5,7 @@
 
 #include "algebra/row_join.h"
 #include "algebra/run_pairs.h"
-#include "foundation/data_types.h"
+#include "seam/data_types.h"
 
 #include <optional>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "arrays/pixels_to_region.h"
-#include "foundation/data_types.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 

@@ -2,7 +2,7 @@
 // The conversion of listed pixels to a region, shared by pixel arrays and point arrays.
 #pragma once
 
-#include "foundation/data_types.h"
+#include "seam/data_types.h"
 
 #include <KivData/KivData.h>
 

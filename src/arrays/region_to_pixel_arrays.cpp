@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/coordinate_lists.h"
-#include "foundation/data_types.h"
 #include "foundation/masks.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace
@@ -40,38 +39,6 @@ kiv::RunList ordered_parts(kiv::RunView runs, kiv::Frame frame)
     return parts;
 }
 
-std::uint64_t count_pixels(kiv::RunView runs)
-{
-    return std::accumulate(runs.begin(), runs.end(), std::uint64_t{0}, [](std::uint64_t count, const Run& run) {
-        return count + kiv::length_of(kiv::begin_of(run), kiv::end_of(run));
-    });
-}
-
-/// A number for each pixel: what `first` says of its run, growing by `step` along it.
-///
-/// They are written by fours, the last four of a run into the place of the next ones, as how long short runs are can
-/// hardly be guessed. bench/kiv/arrays.cpp measures it.
-template <class First>
-std::vector<int> listed(kiv::RunView runs, First first, unsigned step)
-{
-    constexpr std::size_t at_once = 4;
-    const std::size_t room = kiv::checked_count<int>(count_pixels(runs) + at_once);
-    std::vector<int> numbers(room);
-    int* next = numbers.data();
-    for (const Run& run : runs) {
-        const auto length = static_cast<std::size_t>(kiv::length_of(kiv::begin_of(run), kiv::end_of(run)));
-        auto number = static_cast<unsigned>(first(run)); // what is written beyond a run may be no int
-        for (std::size_t i = 0; i < length; i += at_once, number += step * static_cast<unsigned>(at_once)) {
-            for (std::size_t j = 0; j < at_once; ++j) {
-                next[i + j] = static_cast<int>(number + step * static_cast<unsigned>(j));
-            }
-        }
-        next += length;
-    }
-    numbers.resize(room - at_once);
-    return numbers;
-}
-
 } // namespace
 
 int KIVMV::KivRegionToVarArray(KivRegion& region, KivVarArray* xs, KivVarArray* ys)
@@ -84,11 +51,7 @@ int KIVMV::KivRegionToVarArray(KivRegion& region, KivVarArray* xs, KivVarArray* 
     }
 
     kiv::require_mask_frame(parts.frame);
-    const kiv::RunList runs = ordered_parts(parts.runs, parts.frame);
-    std::vector<int> columns = listed(
-        runs, [](const Run& run) { return kiv::begin_of(run); }, 1);
-    std::vector<int> rows = listed(
-        runs, [](const Run& run) { return kiv::row_of(run); }, 0);
-    kiv::fill_coordinates(*xs, *ys, std::move(columns), std::move(rows));
+    kiv::PixelCoordinates pixels = kiv::pixels_of(ordered_parts(parts.runs, parts.frame));
+    kiv::fill_coordinates(*xs, *ys, std::move(pixels.columns), std::move(pixels.rows));
     return KIVMV_OK;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/data_types.h"
 #include "foundation/first_member.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "contours/contour_filling.h"
-#include "foundation/data_types.h"
 #include "foundation/masks.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 

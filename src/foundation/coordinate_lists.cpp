@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/coordinate_lists.h"
 
-#include "foundation/data_types.h"
+#include "seam/data_types.h"
 
 #include <cstddef>
 #include <utility>

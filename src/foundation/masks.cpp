@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/masks.h"
 
-#include "foundation/data_types.h"
+#include "seam/data_types.h"
 
 #include <KivRLC/KivRLC.h>
 

@@ -1,41 +1,17 @@
 // SPDX-License-Identifier: MIT
-// A least-significant-digit radix sort in base 256. A byte that all rows share needs no pass, so ordinary rows take
-// two.
 #include "foundation/run_sort.h"
 
-#include "foundation/data_types.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
-#include <numeric>
 
 namespace kiv
 {
 namespace
 {
-
-/// The row with its sign bit flipped: unsigned keys in the order of the signed rows.
-std::uint32_t key_of(const Run& run)
-{
-    return static_cast<std::uint32_t>(row_of(run)) ^ 0x80000000U;
-}
-
-/// One stable pass over the byte of the keys at `shift`, from `runs` into `sorted`, which is as long.
-void sort_by_key_byte(const RunList& runs, int shift, RunList& sorted)
-{
-    const auto byte_of = [shift](const Run& run) { return (key_of(run) >> shift) & 0xFFU; };
-    std::array<std::size_t, 257> starts{};
-    for (const Run& run : runs) {
-        ++starts[byte_of(run) + 1];
-    }
-    std::partial_sum(starts.begin(), starts.end(), starts.begin());
-    for (const Run& run : runs) {
-        sorted[starts[byte_of(run)]++] = run;
-    }
-}
 
 RunList list_of(std::span<const int> rows, std::span<const int> begins, std::span<const int> ends)
 {
@@ -60,21 +36,6 @@ bool rows_ascend(RunView runs)
 {
     return std::is_sorted(runs.begin(), runs.end(),
                           [](const Run& left, const Run& right) { return row_of(left) < row_of(right); });
-}
-
-void sort_by_row(RunList& runs)
-{
-    std::uint32_t differing_bits = 0;
-    for (const Run& run : runs) {
-        differing_bits |= key_of(run) ^ key_of(runs.front());
-    }
-    RunList sorted(runs.size());
-    for (int shift = 0; shift < 32; shift += 8) {
-        if (((differing_bits >> shift) & 0xFFU) != 0) {
-            sort_by_key_byte(runs, shift, sorted);
-            runs.swap(sorted);
-        }
-    }
 }
 
 ViewOrCopy<Run> by_row(RunView runs)

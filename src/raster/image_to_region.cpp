@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The two conversions of an image to a region. They reject different images, in different orders, because one accepts
 // everything that can be read as bytes and the other requires a binary image.
-#include "foundation/data_types.h"
 #include "foundation/first_member.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/data_types.h"
 #include "foundation/first_member.h"
 #include "foundation/masks.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/data_types.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 

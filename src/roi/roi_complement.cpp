@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "algebra/complement.h"
-#include "foundation/data_types.h"
 #include "roi/roi_types.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 

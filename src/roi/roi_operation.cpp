@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "roi/roi_operation.h"
 
-#include "foundation/data_types.h"
 #include "roi/roi_types.h"
+#include "seam/data_types.h"
 
 namespace kiv
 {

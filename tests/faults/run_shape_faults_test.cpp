@@ -10,6 +10,7 @@
 #include <KivRLC/KivRunCoco.h>
 #include <KivRLC/KivRunComponents.h>
 #include <KivRLC/KivRunImages.h>
+#include <KivRLC/KivRunLists.h>
 #include <KivRLC/KivRunMeasures.h>
 #include <KivRLC/KivRunMorphology.h>
 #include <KivRLC/KivRunOutlines.h>
@@ -171,6 +172,43 @@ TEST_P(RunShapeFaults, LoseNothingWhenMemoryRunsOut)
         EXPECT_EQ(set, before);
     }
     EXPECT_GT(fault_at, 2); // at least one did
+}
+
+/// Makes each allocation of `change` fail once, until none does. `is_as_it_was()` must hold after each failure.
+template <class Change, class Check>
+void expect_all_or_nothing(Change change, Check is_as_it_was)
+{
+    int failures = 0;
+    for (bool failed = true; failed;) {
+        failed = false;
+        faults::fail_allocation(failures + 1);
+        try {
+            change();
+        } catch (const std::bad_alloc&) {
+            failed = true;
+        }
+        faults::fail_allocation(0);
+        if (failed) {
+            ++failures;
+            EXPECT_TRUE(is_as_it_was()) << failures;
+        }
+    }
+    EXPECT_GT(failures, 0);
+}
+
+TEST(Lists, AreAsTheyWereWhenMemoryRunsOut)
+{
+    const std::vector<int> some = {1, 2};
+    std::vector<int> columns = some;
+    std::vector<int> rows = some;
+    expect_all_or_nothing([&] { KivRuns::AppendPixels(other.Runs(), columns, rows); },
+                          [&] { return columns == some && rows == some; });
+    EXPECT_EQ(columns.size(), 15U);
+
+    const std::vector<::Run> shuffled = {{3, 1, 1}, {1, 1, 1}, {2, 1, 1}};
+    std::vector<::Run> runs = shuffled;
+    expect_all_or_nothing([&] { KivRuns::SortByRow(runs); }, [&] { return runs == shuffled; });
+    EXPECT_EQ(runs.front().row, 1);
 }
 
 TEST(Borders, TakeHardlyMoreMemoryThanTheirPoints)

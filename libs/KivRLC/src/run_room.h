@@ -19,8 +19,8 @@ struct Progress {
     std::size_t all;
 };
 
-/// Room at the end of a vector of runs, or of points, written to through a pointer, which costs less than to append one
-/// by one. In the end the vector has what it had before and what was kept, and no room.
+/// Room at the end of a vector of runs, points or numbers, written to through a pointer, which costs less than to
+/// append one by one. In the end the vector has what it had before and what was kept, and no room.
 ///
 /// Where the vector has to grow, it grows to what the work will come to if it goes on as it began, since moving a list
 /// takes the memory of both.
@@ -33,7 +33,9 @@ public:
     /// Has room for so many runs at first.
     RunRoom(Runs& runs, std::size_t expected) : runs_(runs), size_(runs.size())
     {
-        runs_.reserve(size_ + expected);
+        if (runs_.capacity() - size_ < expected) {
+            runs_.reserve(std::max(size_ + expected, 2 * size_)); // many may append a little each
+        }
         make_room(size_, 0);
     }
     RunRoom(const RunRoom&) = delete;

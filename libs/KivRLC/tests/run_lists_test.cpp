@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <random>
 #include <utility>
@@ -137,6 +138,62 @@ KivRunSet uneven(int rows, int few, int many)
         }
     }
     return KivRunSet(runs);
+}
+
+TEST(RunLists, AreSortedByRowAndElseAsTheyWere)
+{
+    Runs runs = {{5, 9, 8},  {-1, 7, 7},      {5, 1, 2},   {INT_MIN, 3, 3},
+                 {-1, 0, 0}, {INT_MAX, 4, 4}, {256, 5, 5}, {5, 9, 8}};
+    KivRuns::SortByRow(runs);
+    EXPECT_EQ(
+        runs,
+        (Runs{{INT_MIN, 3, 3}, {-1, 7, 7}, {-1, 0, 0}, {5, 9, 8}, {5, 1, 2}, {5, 9, 8}, {256, 5, 5}, {INT_MAX, 4, 4}}));
+    std::mt19937 random(5);
+    for (const int most : {0, 3, 300, 70000, 1 << 24, INT_MAX}) {
+        std::uniform_int_distribution<int> row(-most, most);
+        runs.clear();
+        for (int i = 0; i < 1000; ++i) {
+            runs.push_back({row(random), i, -i});
+        }
+        Runs sorted = runs;
+        std::stable_sort(sorted.begin(), sorted.end(), [](const ::Run& a, const ::Run& b) { return a.row < b.row; });
+        KivRuns::SortByRow(runs);
+        EXPECT_EQ(runs, sorted);
+    }
+    Runs none;
+    KivRuns::SortByRow(none);
+    EXPECT_TRUE(none.empty());
+}
+
+TEST(RunLists, GiveTheirPixelsInOrder)
+{
+    std::vector<int> columns = {7};
+    std::vector<int> rows = {8, 9};
+    KivRuns::AppendPixels(Runs{{2, 4, 5}, {-1, 0, 0}, {2, 4, 4}, {3, 5, 4}, {INT_MIN, INT_MAX - 5, INT_MAX}}, columns,
+                          rows);
+    EXPECT_EQ(columns, (std::vector<int>{7, 4, 5, 0, 4, INT_MAX - 5, INT_MAX - 4, INT_MAX - 3, INT_MAX - 2, INT_MAX - 1,
+                                         INT_MAX}));
+    EXPECT_EQ(rows, (std::vector<int>{8, 9, 2, 2, -1, 2, INT_MIN, INT_MIN, INT_MIN, INT_MIN, INT_MIN, INT_MIN}));
+}
+
+TEST(RunLists, GiveThePixelsOfRunsOfEveryLength)
+{
+    Runs runs;
+    std::vector<int> columns;
+    std::vector<int> rows;
+    for (int length = 0; length < 2500; length += 1 + length / 40) {
+        runs.push_back({length, -9, length - 10});
+        for (int i = 0; i < length; ++i) {
+            columns.push_back(i - 9);
+            rows.push_back(length);
+        }
+    }
+    std::vector<int> found_columns;
+    std::vector<int> found_rows;
+    KivRuns::AppendPixels(runs, found_columns, found_rows);
+    EXPECT_EQ(found_columns, columns);
+    EXPECT_EQ(found_rows, rows);
+    EXPECT_LE(found_columns.capacity(), columns.size() + 4);
 }
 
 TEST(RunLists, GrowAsResultsDo)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 /// @file
-/// Set operations on lists of runs that are kept elsewhere, without making them sets. This header needs no OpenCV.
+/// Operations on lists of runs that are kept elsewhere, without making them sets. This header needs no OpenCV.
 #pragma once
 
 #include <KivRLC/KivRLCExport.h>
@@ -25,6 +25,19 @@ KIVRLC_API bool IsCanonical(KivRunView runs) noexcept;
 KIVRLC_API bool AppendIntersection(KivRunView a, KivRunView b, std::vector<Run>& out); ///< What both have.
 KIVRLC_API bool AppendDifference(KivRunView a, KivRunView b, std::vector<Run>& out);   ///< What only `a` has.
 /// @}
+
+/// Sorts by row; runs of one row keep their order. Linear, in the memory of a copy.
+///
+/// @throws std::bad_alloc if memory runs out; the list is then as it was.
+KIVRLC_API void SortByRow(std::vector<Run>& runs);
+
+/// Appends the column of each pixel to one list and its row to the other: the pixels of each run from left to right, in
+/// the order of the runs. A run whose begin lies past its end has none. The lists must be two.
+///
+/// Cost: as much as to write 8 bytes for each pixel, and a few instructions for each run.
+///
+/// @throws std::bad_alloc if memory runs out; the lists are then as they were.
+KIVRLC_API void AppendPixels(KivRunView runs, std::vector<int>& columns, std::vector<int>& rows);
 
 /// Gives back the memory of a list that takes much more than its runs.
 ///

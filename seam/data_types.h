@@ -42,7 +42,10 @@ bool has_columns(KivROI& roi, const FramedRuns& mask);
 /// Replaces an ROI by a mask of the given frame and runs.
 void become_mask(KivROI& roi, Frame frame, RunList runs);
 
-// Sets of runs.
+// Lists of runs.
+
+/// Sorts by row, as signed numbers; runs of one row keep their order.
+void sort_by_row(RunList& runs);
 
 enum class PlainOperation { intersection, difference };
 
@@ -73,6 +76,13 @@ struct PixelRuns {
 std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& points);
 
 // Pixels from runs.
+
+/// The column and the row of each pixel of the runs, in their order.
+struct PixelCoordinates {
+    std::vector<int> columns;
+    std::vector<int> rows;
+};
+PixelCoordinates pixels_of(RunView runs);
 
 /// Gives the pixels of a mask that a run covers one value and all others another one.
 void paint(RunView runs, cv::Mat& mask, int foreground, int background);

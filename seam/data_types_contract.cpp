@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The seam to the data types on any implementation of them: it uses only what their contract lists.
-#include "foundation/data_types.h"
+#include "seam/data_types.h"
 
 #include "foundation/first_member.h"
 #include "foundation/masks.h"
@@ -109,6 +109,12 @@ void become_mask(KivROI& roi, Frame frame, RunList runs)
     parameters_of(roi).GenMask(arrays.rows, arrays.col_begins, arrays.col_ends, frame.width, frame.height);
 }
 
+void sort_by_row(RunList& runs)
+{
+    std::stable_sort(runs.begin(), runs.end(),
+                     [](const Run& left, const Run& right) { return row_of(left) < row_of(right); });
+}
+
 std::optional<RunList> combined_sets(PlainOperation /*operation*/, RunView /*a*/, RunView /*b*/)
 {
     return std::nullopt;
@@ -129,6 +135,18 @@ RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
 std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& /*points*/)
 {
     return std::nullopt;
+}
+
+PixelCoordinates pixels_of(RunView runs)
+{
+    PixelCoordinates pixels;
+    for (const auto& [row, begin, end] : runs) {
+        for (std::int64_t column = begin; column <= end; ++column) {
+            pixels.columns.push_back(static_cast<int>(column));
+            pixels.rows.push_back(row);
+        }
+    }
+    return pixels;
 }
 
 void paint(RunView runs, cv::Mat& mask, int foreground, int background)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The seam to the data types on the bundled ones, whose runs, ints and points are flat lists: nothing is converted to
 // variants and back, and no mask is made where runs are at hand.
-#include "foundation/data_types.h"
+#include "seam/data_types.h"
 
 #include "foundation/first_member.h"
 #include "foundation/masks.h"
@@ -150,6 +150,11 @@ void become_mask(KivROI& roi, Frame frame, RunList runs)
     roi.Parameters().GenMask(std::move(runs), frame.width, frame.height);
 }
 
+void sort_by_row(RunList& runs)
+{
+    KivRuns::SortByRow(runs);
+}
+
 std::optional<RunList> combined_sets(PlainOperation operation, RunView a, RunView b)
 {
     const auto append =
@@ -196,6 +201,13 @@ std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& points)
         return std::nullopt;
     }
     return PixelRuns{*std::move(runs), column, row};
+}
+
+PixelCoordinates pixels_of(RunView runs)
+{
+    PixelCoordinates pixels;
+    KivRuns::AppendPixels({runs.data(), runs.size()}, pixels.columns, pixels.rows);
+    return pixels;
 }
 
 void paint(RunView runs, cv::Mat& mask, int foreground, int background)

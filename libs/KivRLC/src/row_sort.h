@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// A stable sort of runs by row: a radix sort in base 256, from the lowest byte of the rows to the highest. A byte that
+// all rows share needs no pass, so ordinary rows take two.
+#pragma once
+
+#include <KivRLC/KivRun.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <numeric>
+
+namespace kivrlc
+{
+
+/// The row with its sign bit flipped: unsigned keys in the order of the signed rows.
+inline std::uint32_t row_key(const Run& run)
+{
+    return static_cast<std::uint32_t>(run.row) ^ 0x80000000U;
+}
+
+/// One stable pass over the byte of the keys at `shift`, from `runs` into `sorted`, which is as long.
+template <class Runs>
+void sort_by_key_byte(const Runs& runs, int shift, Runs& sorted)
+{
+    const auto byte_of = [shift](const Run& run) { return (row_key(run) >> shift) & 0xFFU; };
+    std::array<std::size_t, 257> starts{};
+    for (const Run& run : runs) {
+        ++starts[byte_of(run) + 1];
+    }
+    std::partial_sum(starts.begin(), starts.end(), starts.begin());
+    for (const Run& run : runs) {
+        sorted[starts[byte_of(run)]++] = run;
+    }
+}
+
+/// Sorts a vector of runs by row; runs of one row keep their order. Linear.
+template <class Runs>
+void sort_by_row(Runs& runs)
+{
+    std::uint32_t differing_bits = 0;
+    for (const Run& run : runs) {
+        differing_bits |= row_key(run) ^ row_key(runs.front());
+    }
+    Runs sorted(runs.size());
+    for (int shift = 0; shift < 32; shift += 8) {
+        if (((differing_bits >> shift) & 0xFFU) != 0) {
+            sort_by_key_byte(runs, shift, sorted);
+            runs.swap(sorted);
+        }
+    }
+}
+
+} // namespace kivrlc
