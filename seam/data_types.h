@@ -47,6 +47,9 @@ void become_mask(KivROI& roi, Frame frame, RunList runs);
 /// Sorts by row, as signed numbers; runs of one row keep their order.
 void sort_by_row(RunList& runs);
 
+/// The same, and each row by first column.
+void sort_by_row_and_column(RunList& runs);
+
 enum class PlainOperation { intersection, difference };
 
 /// The plain intersection or difference of two lists, if the data types have operations of their own for it and both
@@ -77,12 +80,13 @@ std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& points);
 
 // Pixels from runs.
 
-/// The column and the row of each pixel of the runs, in their order.
 struct PixelCoordinates {
     std::vector<int> columns;
     std::vector<int> rows;
 };
-PixelCoordinates pixels_of(RunView runs);
+
+/// The pixels that runs cover in a frame: row by row, from left to right, each once.
+PixelCoordinates pixels_of(RunView runs, Frame frame);
 
 /// Gives the pixels of a mask that a run covers one value and all others another one.
 void paint(RunView runs, cv::Mat& mask, int foreground, int background);

@@ -155,6 +155,11 @@ void sort_by_row(RunList& runs)
     KivRuns::SortByRow(runs);
 }
 
+void sort_by_row_and_column(RunList& runs)
+{
+    KivRuns::SortByRowAndColumn(runs);
+}
+
 std::optional<RunList> combined_sets(PlainOperation operation, RunView a, RunView b)
 {
     const auto append =
@@ -203,10 +208,17 @@ std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& points)
     return PixelRuns{*std::move(runs), column, row};
 }
 
-PixelCoordinates pixels_of(RunView runs)
+PixelCoordinates pixels_of(RunView runs, Frame frame)
 {
+    RunList parts;
+    parts.reserve(runs.size());
+    for_each_visible(runs, frame, [&parts](int row, int first, int last) { parts.push_back({row, first, last}); });
     PixelCoordinates pixels;
-    KivRuns::AppendPixels({runs.data(), runs.size()}, pixels.columns, pixels.rows);
+    if (KivRuns::IsCanonical(parts)) {
+        KivRuns::AppendPixels(parts, pixels.columns, pixels.rows);
+    } else {
+        KivRuns::AppendPixels(KivRunSet(parts).Runs(), pixels.columns, pixels.rows);
+    }
     return pixels;
 }
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 namespace kiv
 {
@@ -115,6 +116,13 @@ void sort_by_row(RunList& runs)
                      [](const Run& left, const Run& right) { return row_of(left) < row_of(right); });
 }
 
+void sort_by_row_and_column(RunList& runs)
+{
+    std::stable_sort(runs.begin(), runs.end(), [](const Run& left, const Run& right) {
+        return std::pair(row_of(left), begin_of(left)) < std::pair(row_of(right), begin_of(right));
+    });
+}
+
 std::optional<RunList> combined_sets(PlainOperation /*operation*/, RunView /*a*/, RunView /*b*/)
 {
     return std::nullopt;
@@ -137,14 +145,21 @@ std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& /*points*/)
     return std::nullopt;
 }
 
-PixelCoordinates pixels_of(RunView runs)
+PixelCoordinates pixels_of(RunView runs, Frame frame)
 {
+    RunList parts;
+    for_each_visible(runs, frame, [&parts](int row, int first, int last) { parts.push_back({row, first, last}); });
+    sort_by_row_and_column(parts);
     PixelCoordinates pixels;
-    for (const auto& [row, begin, end] : runs) {
-        for (std::int64_t column = begin; column <= end; ++column) {
-            pixels.columns.push_back(static_cast<int>(column));
+    int last_row = -1;
+    int next_column = 0;
+    for (const auto& [row, begin, end] : parts) {
+        next_column = row == last_row ? std::max(next_column, begin) : begin;
+        for (; next_column <= end; ++next_column) {
+            pixels.columns.push_back(next_column);
             pixels.rows.push_back(row);
         }
+        last_row = row;
     }
     return pixels;
 }

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "foundation/runs.h"
-#include "seam/data_types.h"
 
 #include <algorithm>
 #include <limits>
@@ -21,20 +20,6 @@ inline ViewOrCopy<Run> by_first_column(RunView row)
     }
     RunList sorted(row.begin(), row.end());
     std::stable_sort(sorted.begin(), sorted.end(), begins_before);
-    return sorted;
-}
-
-/// The runs ordered by row, and each row as by_first_column() orders it.
-inline RunList sorted_by_row_and_first_column(RunView runs)
-{
-    const auto begins_before = [](const Run& left, const Run& right) { return begin_of(left) < begin_of(right); };
-    RunList sorted(runs.begin(), runs.end());
-    sort_by_row(sorted);
-    for (auto row = sorted.begin(); row != sorted.end();) {
-        const auto end = row + static_cast<std::ptrdiff_t>(leading_row({row, sorted.end()}).size());
-        std::stable_sort(row, end, begins_before);
-        row = end;
-    }
     return sorted;
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "algebra/complement.h"
 
-#include "algebra/column_order.h"
 #include "foundation/run_writer.h"
+#include "seam/data_types.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -112,7 +112,9 @@ RunList complement(RunView runs, Frame frame, LastRowOfComplement last_row)
     if (std::optional<RunList> made = complement_of_ascending(runs, frame, last_row)) {
         return *std::move(made);
     }
-    return complement_of_ascending(sorted_by_row_and_first_column(runs), frame, last_row).value();
+    RunList sorted(runs.begin(), runs.end());
+    sort_by_row_and_column(sorted);
+    return complement_of_ascending(sorted, frame, last_row).value();
 }
 
 } // namespace kiv

@@ -209,6 +209,9 @@ TEST(Lists, AreAsTheyWereWhenMemoryRunsOut)
     std::vector<::Run> runs = shuffled;
     expect_all_or_nothing([&] { KivRuns::SortByRow(runs); }, [&] { return runs == shuffled; });
     EXPECT_EQ(runs.front().row, 1);
+    runs = shuffled;
+    expect_all_or_nothing([&] { KivRuns::SortByRowAndColumn(runs); }, [&] { return runs == shuffled; });
+    EXPECT_EQ(runs.front().row, 1);
 }
 
 TEST(Borders, TakeHardlyMoreMemoryThanTheirPoints)

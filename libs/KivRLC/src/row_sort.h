@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
-// A stable sort of runs by row: a radix sort in base 256, from the lowest byte of the rows to the highest. A byte that
-// all rows share needs no pass, so ordinary rows take two.
+// Stable sorts of runs. Rows are sorted by radix in base 256, from their lowest byte to the highest. A byte that all of
+// them share needs no pass, so ordinary rows take two.
 #pragma once
+
+#include "run_neighbours.h"
 
 #include <KivRLC/KivRun.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -48,6 +51,19 @@ void sort_by_row(Runs& runs)
             sort_by_key_byte(runs, shift, sorted);
             runs.swap(sorted);
         }
+    }
+}
+
+/// The same, and each row by first column.
+template <class Runs>
+void sort_by_row_and_column(Runs& runs)
+{
+    sort_by_row(runs);
+    const Run* const end = runs.data() + runs.size();
+    for (Run* row = runs.data(); row != end;) {
+        Run* const next_row = row + (end_of_row(row, end) - row);
+        std::stable_sort(row, next_row, [](const Run& a, const Run& b) { return a.colBegin < b.colBegin; });
+        row = next_row;
     }
 }
 

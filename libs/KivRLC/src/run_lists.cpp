@@ -49,6 +49,11 @@ void KivRuns::SortByRow(std::vector<Run>& runs)
     kivrlc::sort_by_row(runs);
 }
 
+void KivRuns::SortByRowAndColumn(std::vector<Run>& runs)
+{
+    kivrlc::sort_by_row_and_column(runs);
+}
+
 // Pixels are written by fours, the last four of a run into the place of the next ones, as how long short runs are can
 // hardly be guessed. bench/kiv/arrays.cpp measures it.
 void KivRuns::AppendPixels(KivRunView runs, std::vector<int>& columns, std::vector<int>& rows)

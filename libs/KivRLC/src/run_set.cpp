@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "row_sort.h"
-#include "run_neighbours.h"
 #include "run_set_access.h"
 
 #include <algorithm>
@@ -20,20 +19,6 @@ kivrlc::RunBuffer without_inverted(KivRunView runs)
         std::copy_if(runs.begin(), runs.end(), kept.begin(), [](const Run& run) { return run.colBegin <= run.colEnd; });
     kept.resize(static_cast<std::size_t>(end - kept.begin()));
     return kept;
-}
-
-/// Brings runs in ascending order.
-void sort(kivrlc::RunBuffer& runs)
-{
-    if (std::is_sorted(runs.begin(), runs.end(), begins_before)) {
-        return;
-    }
-    kivrlc::sort_by_row(runs);
-    for (Run* row = runs.data(); row != runs.data() + runs.size();) {
-        Run* const end = row + (kivrlc::end_of_row(row, runs.data() + runs.size()) - row);
-        std::sort(row, end, begins_before);
-        row = end;
-    }
 }
 
 /// Makes runs in ascending order maximal.
@@ -73,7 +58,9 @@ std::string why_not_behind(const Run& last, const Run& run)
 KivRunSet::KivRunSet(KivRunView runs)
 {
     kivrlc::RunBuffer kept = without_inverted(runs);
-    sort(kept);
+    if (!std::is_sorted(kept.begin(), kept.end(), begins_before)) {
+        kivrlc::sort_by_row_and_column(kept);
+    }
     join(kept);
     *this = kivrlc::set_of_canonical(std::move(kept));
 }

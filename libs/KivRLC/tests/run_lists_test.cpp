@@ -153,15 +153,21 @@ TEST(RunLists, AreSortedByRowAndElseAsTheyWere)
         std::uniform_int_distribution<int> row(-most, most);
         runs.clear();
         for (int i = 0; i < 1000; ++i) {
-            runs.push_back({row(random), i, -i});
+            runs.push_back({row(random), i % 10, -i});
         }
         Runs sorted = runs;
         std::stable_sort(sorted.begin(), sorted.end(), [](const ::Run& a, const ::Run& b) { return a.row < b.row; });
         KivRuns::SortByRow(runs);
         EXPECT_EQ(runs, sorted);
+        std::stable_sort(sorted.begin(), sorted.end(), [](const ::Run& a, const ::Run& b) {
+            return std::pair(a.row, a.colBegin) < std::pair(b.row, b.colBegin);
+        });
+        KivRuns::SortByRowAndColumn(runs);
+        EXPECT_EQ(runs, sorted);
     }
     Runs none;
     KivRuns::SortByRow(none);
+    KivRuns::SortByRowAndColumn(none);
     EXPECT_TRUE(none.empty());
 }
 

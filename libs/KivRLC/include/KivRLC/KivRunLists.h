@@ -31,6 +31,10 @@ KIVRLC_API bool AppendDifference(KivRunView a, KivRunView b, std::vector<Run>& o
 /// @throws std::bad_alloc if memory runs out; the list is then as it was.
 KIVRLC_API void SortByRow(std::vector<Run>& runs);
 
+/// Sorts by row, and each row by first column; runs with the same first column keep their order. Linear, and a sort of
+/// each row. Takes and throws what SortByRow() does.
+KIVRLC_API void SortByRowAndColumn(std::vector<Run>& runs);
+
 /// Appends the column of each pixel to one list and its row to the other: the pixels of each run from left to right, in
 /// the order of the runs. A run whose begin lies past its end has none. The lists must be two.
 ///
