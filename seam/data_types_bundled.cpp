@@ -26,27 +26,74 @@ struct Pixel {
     int row;
 };
 
-/// How many of the pixels from `first` on go on with a run.
-template <class PixelAt>
-std::size_t count_behind(Run run, std::size_t first, std::size_t size, PixelAt& pixel_at)
+/// The pixels of two lists.
+class ListedPixels
 {
-    std::size_t i = first;
-    for (std::int64_t column = std::int64_t{run.colEnd} + 1; i < size; ++i, ++column) {
-        const Pixel pixel = pixel_at(i);
-        if (pixel.row != run.row || pixel.column != column) {
-            break;
+public:
+    explicit ListedPixels(const PixelLists& lists) : lists_(lists) {}
+
+    std::size_t size() const { return lists_.columns.size(); }
+    Pixel at(std::size_t i) const { return {lists_.columns[i], lists_.rows[i]}; }
+
+    /// How many of the pixels from `first` on go on with a run.
+    std::size_t count_behind(const Run& run, std::size_t first) const
+    {
+        std::size_t i = first;
+        for (std::int64_t column = std::int64_t{run.colEnd} + 1; i < size(); ++i, ++column) {
+            if (lists_.rows[i] != run.row || lists_.columns[i] != column) {
+                break;
+            }
         }
+        return i - first;
     }
-    return i - first;
-}
+
+private:
+    PixelLists lists_;
+};
+
+/// The pixels of points.
+class PointPixels
+{
+public:
+    explicit PointPixels(const std::vector<KivPoint>& points) : points_(points) {}
+
+    std::size_t size() const { return points_.size(); }
+    Pixel at(std::size_t i)
+    {
+        const Pixel pixel{truncate(points_[i].x), truncate(points_[i].y)};
+        largest_column_ = std::max(largest_column_, pixel.column);
+        largest_row_ = std::max(largest_row_, pixel.row);
+        return pixel;
+    }
+
+    /// How many of the points from `first` on are the whole numbers with which a run goes on.
+    std::size_t count_behind(const Run& run, std::size_t first)
+    {
+        std::size_t i = first;
+        for (double column = run.colEnd + 1.0; i < size() && points_[i].x == column && points_[i].y == run.row; ++i) {
+            column += 1.0;
+        }
+        largest_column_ = std::max(largest_column_, run.colEnd + static_cast<int>(i - first));
+        return i - first;
+    }
+
+    // Of those that were asked for.
+    int largest_column() const { return largest_column_; }
+    int largest_row() const { return largest_row_; }
+
+private:
+    const std::vector<KivPoint>& points_;
+    int largest_column_ = std::numeric_limits<int>::min();
+    int largest_row_ = std::numeric_limits<int>::min();
+};
 
 /// The runs of pixels that are listed row by row and from left to right; nothing if one comes out of order. Ignores
 /// pixels with a negative coordinate.
 ///
 /// Where short runs end can hardly be guessed, so that it decides about numbers, not about a branch; long runs are
 /// likely to go on. bench/kiv/arrays.cpp measures it.
-template <class PixelAt>
-std::optional<RunList> runs_of_ordered_pixels(std::size_t size, PixelAt pixel_at)
+template <class Pixels>
+std::optional<RunList> runs_of_ordered_pixels(Pixels& pixels)
 {
     constexpr int long_run = 8;
     constexpr std::size_t pixels_at_once = 8;
@@ -56,15 +103,15 @@ std::optional<RunList> runs_of_ordered_pixels(std::size_t size, PixelAt pixel_at
     Run run = {-1, 0, 0};
     const auto append_few = [&] { runs.insert(runs.end(), few + (few->row < 0 ? 1 : 0), last); };
     bool ordered = true;
-    for (std::size_t i = 0; i < size && ordered;) {
+    for (std::size_t i = 0; i < pixels.size() && ordered;) {
         if (run.colEnd - run.colBegin >= long_run) {
-            const std::size_t count = count_behind(run, i, size, pixel_at);
+            const std::size_t count = pixels.count_behind(run, i);
             run.colEnd += static_cast<int>(count);
             i += count;
         }
-        const std::size_t stop = std::min(i + pixels_at_once, size);
+        const std::size_t stop = std::min(i + pixels_at_once, pixels.size());
         for (; i < stop; ++i) {
-            const auto [column, row] = pixel_at(i);
+            const auto [column, row] = pixels.at(i);
             if (column < 0 || row < 0) {
                 continue;
             }
@@ -180,8 +227,8 @@ RunList runs_of_image(const cv::Mat& pixels, MaskBytes /*bytes*/)
 
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
 {
-    const auto pixel_at = [&pixels](std::size_t i) { return Pixel{pixels.columns[i], pixels.rows[i]}; };
-    if (std::optional<RunList> runs = runs_of_ordered_pixels(pixels.columns.size(), pixel_at)) {
+    ListedPixels listed(pixels);
+    if (std::optional<RunList> runs = runs_of_ordered_pixels(listed)) {
         return *std::move(runs);
     }
     if (is_large_for(frame, pixels.columns.size())) {
@@ -193,19 +240,12 @@ RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
 
 std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& points)
 {
-    int column = std::numeric_limits<int>::min();
-    int row = column;
-    const auto pixel_at = [&, all = points.Points().data()](std::size_t i) {
-        const Pixel pixel{truncate(all[i].x), truncate(all[i].y)};
-        column = std::max(column, pixel.column);
-        row = std::max(row, pixel.row);
-        return pixel;
-    };
-    std::optional<RunList> runs = runs_of_ordered_pixels(points.Points().size(), pixel_at);
+    PointPixels pixels(points.Points());
+    std::optional<RunList> runs = runs_of_ordered_pixels(pixels);
     if (!runs) {
         return std::nullopt;
     }
-    return PixelRuns{*std::move(runs), column, row};
+    return PixelRuns{*std::move(runs), pixels.largest_column(), pixels.largest_row()};
 }
 
 PixelCoordinates pixels_of(RunView runs, Frame frame)
