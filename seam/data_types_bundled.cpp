@@ -69,8 +69,10 @@ public:
     /// How many of the points from `first` on are the whole numbers with which a run goes on.
     std::size_t count_behind(const Run& run, std::size_t first)
     {
+        const auto columns_left = static_cast<std::size_t>(std::numeric_limits<int>::max() - run.colEnd);
+        const std::size_t stop = first + std::min(size() - first, columns_left);
         std::size_t i = first;
-        for (double column = run.colEnd + 1.0; i < size() && points_[i].x == column && points_[i].y == run.row; ++i) {
+        for (double column = run.colEnd + 1.0; i < stop && points_[i].x == column && points_[i].y == run.row; ++i) {
             column += 1.0;
         }
         largest_column_ = std::max(largest_column_, run.colEnd + static_cast<int>(i - first));

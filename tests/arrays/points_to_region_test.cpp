@@ -66,6 +66,44 @@ TEST(PointsToRegion, ManyRunsComeInOrder)
     EXPECT_TRUE(same_region(region, KivRegion(2498, 30, runs)));
 }
 
+// Long runs of whole numbers go on in a way of their own.
+TEST(PointsToRegion, LongRunsEndWhereTheirPixelsDo)
+{
+    for (int length = 1; length < 60; ++length) {
+        KivPointArray points;
+        const auto append = [&points](double x, double y) { points.Append(KivPoint{x, y}); };
+        for (const int row : {1, 2, 3, 5}) {
+            for (int x = 4; x < 4 + length; ++x) {
+                append(x, row);
+            }
+            append(3 + length, row);        // again
+            append(4 + length + 0.5, row);  // no whole number
+            append(5 + length, row + 0.25); // neither
+            append(7 + length, row);        // beyond a gap
+        }
+        append(-1, 5); // left out
+        std::vector<::Run> runs;
+        for (const int row : {1, 2, 3, 5}) {
+            runs.push_back({row, 4, 5 + length});
+            runs.push_back({row, 7 + length, 7 + length});
+        }
+        expect_region(points, KivRegion(8 + length, 6, runs));
+    }
+}
+
+TEST(PointsToRegion, LongRunsEndWithTheirRows)
+{
+    KivPointArray points;
+    std::vector<::Run> runs;
+    for (int row = 1; row < 9; ++row) { // each begins where the one above ends
+        runs.push_back({row, 20 * row, 20 * row + 19});
+        for (int x = 20 * row; x < 20 * row + 20; ++x) {
+            points.Append(KivPoint{static_cast<double>(x), static_cast<double>(row)});
+        }
+    }
+    expect_region(points, KivRegion(180, 9, runs));
+}
+
 TEST(PointsToRegion, RepeatedPointsCountOnce)
 {
     expect_region({{1, 1}, {1, 1}, {2.7, 1.2}}, KivRegion(3, 2, {{1, 1, 2}}));
@@ -187,6 +225,15 @@ TEST(PointsToRegion, AFrameOfMoreColumnsOrRowsThanAnIntCountsRaises)
         expect_raised({{1, 1}, {highest, highest}});
         expect_raised({{-1, highest}, {highest, -1}});
     }
+}
+
+TEST(PointsToRegion, ALongRunToTheLargestIntRaises)
+{
+    KivPointArray points;
+    for (double x = two_to_31 - 20; x < two_to_31 + 20; ++x) {
+        points.Append(KivPoint{x, 1});
+    }
+    expect_raised(points);
 }
 
 TEST(PointsToRegion, AFrameThatIsTooLargeToHoldRaises)
