@@ -175,8 +175,8 @@ TEST(RunLists, GiveTheirPixelsInOrder)
 {
     std::vector<int> columns = {7};
     std::vector<int> rows = {8, 9};
-    KivRuns::AppendPixels(Runs{{2, 4, 5}, {-1, 0, 0}, {2, 4, 4}, {3, 5, 4}, {INT_MIN, INT_MAX - 5, INT_MAX}}, columns,
-                          rows);
+    KivRuns::AppendPixels(Runs{{2, 4, 5}, {-1, 0, 0}, {2, 4, 4}, {3, 5, 4}, {3, 9, 2}, {INT_MIN, INT_MAX - 5, INT_MAX}},
+                          columns, rows);
     EXPECT_EQ(columns, (std::vector<int>{7, 4, 5, 0, 4, INT_MAX - 5, INT_MAX - 4, INT_MAX - 3, INT_MAX - 2, INT_MAX - 1,
                                          INT_MAX}));
     EXPECT_EQ(rows, (std::vector<int>{8, 9, 2, 2, -1, 2, INT_MIN, INT_MIN, INT_MIN, INT_MIN, INT_MIN, INT_MIN}));
