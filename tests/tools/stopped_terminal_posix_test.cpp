@@ -26,7 +26,13 @@ public:
         grantpt(master_);
         unlockpt(master_);
         const int filler = open(ptsname(master_), O_WRONLY | O_NOCTTY | O_NONBLOCK);
-        while (write(filler, "full", 4) > 0) {
+        for (int refusals = 0; refusals < 20;) { // it makes some more room a little after it was full first
+            if (write(filler, "full", 4) > 0) {
+                refusals = 0;
+            } else {
+                ++refusals;
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            }
         }
         close(filler);
     }
