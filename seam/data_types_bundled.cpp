@@ -38,11 +38,12 @@ public:
     /// How many of the pixels from `first` on go on with a run.
     std::size_t count_behind(const Run& run, std::size_t first) const
     {
+        const auto [columns, rows] = lists_;
+        std::int64_t next = std::int64_t{run.colEnd} + 1;
         std::size_t i = first;
-        for (std::int64_t column = std::int64_t{run.colEnd} + 1; i < size(); ++i, ++column) {
-            if (lists_.rows[i] != run.row || lists_.columns[i] != column) {
-                break;
-            }
+        while (i < rows.size() && rows[i] == run.row && columns[i] == next) {
+            ++i;
+            ++next;
         }
         return i - first;
     }
@@ -97,21 +98,20 @@ private:
 template <class Pixels>
 std::optional<RunList> runs_of_ordered_pixels(Pixels& pixels)
 {
-    constexpr int long_run = 8;
-    constexpr std::size_t pixels_at_once = 8;
+    constexpr int some = 8; // pixels that are joined at once, and pixels of a long run
     RunList runs;
     Run few[1024]; // which stay in the nearest cache
     Run* last = few;
     Run run = {-1, 0, 0};
-    const auto append_few = [&] { runs.insert(runs.end(), few + (few->row < 0 ? 1 : 0), last); };
+    const auto append_few = [&] { runs.insert(runs.end(), few + (few->row < 0 ? 1 : 0), std::exchange(last, few)); };
     bool ordered = true;
     for (std::size_t i = 0; i < pixels.size() && ordered;) {
-        if (run.colEnd - run.colBegin >= long_run) {
+        if (run.colEnd - run.colBegin >= some) {
             const std::size_t count = pixels.count_behind(run, i);
             run.colEnd += static_cast<int>(count);
             i += count;
         }
-        const std::size_t stop = std::min(i + pixels_at_once, pixels.size());
+        const std::size_t stop = std::min(i + some, pixels.size());
         for (; i < stop; ++i) {
             const auto [column, row] = pixels.at(i);
             if (column < 0 || row < 0) {
@@ -123,9 +123,8 @@ std::optional<RunList> runs_of_ordered_pixels(Pixels& pixels)
             last += is_next;
             run = {row, run.colBegin ^ ((run.colBegin ^ column) & -is_next), column};
         }
-        if (last > std::end(few) - pixels_at_once) {
+        if (last > std::end(few) - some) {
             append_few();
-            last = few;
         }
     }
     if (!ordered) {

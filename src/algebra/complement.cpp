@@ -70,21 +70,26 @@ std::uint64_t most_runs(RunView runs, Frame frame)
 {
     const std::int64_t first = std::min(row_of(runs.front()), 0);
     const std::int64_t stop = std::max(std::int64_t{row_of(runs.back())} + 1, std::int64_t{frame.height});
-    return runs.size() + static_cast<std::uint64_t>(std::max<std::int64_t>(stop - first, 0));
+    return runs.size() + static_cast<std::uint64_t>(stop - first);
 }
 
-/// The complement of a list that is not empty; nothing if its rows, or the columns of one, do not ascend.
+/// The complement of a list that is not empty; nothing if its rows, or the columns of one, do not ascend. A row below
+/// the last one is noticed before the rows down to it are written: there may be billions, and memory for these is to be
+/// asked for at once, which fails at once.
 std::optional<RunList> complement_of_ascending(RunView runs, Frame frame, LastRowOfComplement rule)
 {
     const int last_column = left_of(frame.width);
     const std::int64_t last = row_of(runs.back());
+    if (row_of(runs.front()) > last) {
+        return std::nullopt;
+    }
     RunWriter out(checked_count<Run>(most_runs(runs, frame)));
     write_full_rows(0, row_of(runs.front()), last_column, out);
     const Run* const end = runs.data() + runs.size();
     const Run* const stop = rule == LastRowOfComplement::like_any ? end : end - last_row(runs).size();
     for (const Run* run = runs.data(); run != stop;) {
         const Run* const row_end = write_gaps(run, end, last_column, out);
-        if (row_end != end && row_of(*row_end) <= row_of(*run)) {
+        if (row_end != end && (row_of(*row_end) <= row_of(*run) || row_of(*row_end) > last)) {
             return std::nullopt;
         }
         if (row_end != end && row_of(*row_end) - std::int64_t{row_of(*run)} > 1) {

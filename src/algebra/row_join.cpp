@@ -4,6 +4,7 @@
 #include "algebra/run_pairs.h"
 #include "foundation/run_sort.h"
 
+#include <algorithm>
 #include <cassert>
 #include <optional>
 
@@ -64,12 +65,14 @@ RunView unite_single_runs(RunView rest, RowsOfB& rows_of_b, RunWriter& out)
 {
     const RunView b = rows_of_b.rest();
     const auto are_alone = [rest, b](std::size_t i) {
-        return i + 2 < rest.size() && i + 1 < b.size() && row_of(rest[i]) == row_of(b[i]) &&
-               row_of(rest[i + 1]) != row_of(rest[i]) && row_of(b[i + 1]) != row_of(b[i]);
+        return row_of(rest[i]) == row_of(b[i]) && row_of(rest[i + 1]) != row_of(rest[i]) &&
+               row_of(b[i + 1]) != row_of(b[i]);
     };
+    const std::size_t most = std::min(
+        {RunWriter::at_once / 2, std::max<std::size_t>(rest.size(), 2) - 2, std::max<std::size_t>(b.size(), 1) - 1});
     Run* next = out.place();
     std::size_t count = 0;
-    for (; count < RunWriter::at_once / 2 && are_alone(count); ++count) {
+    for (; count < most && are_alone(count); ++count) {
         next = write_union(rest[count], b[count], next);
     }
     out.written_up_to(next);
