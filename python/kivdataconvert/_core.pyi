@@ -60,6 +60,14 @@ class RunSet:
         Rows ascend, and within a row columns do; at least one pixel that does not belong separates two runs of a row.
         """
 
+    def pixels(self) -> tuple[numpy.typing.NDArray[numpy.int32], numpy.typing.NDArray[numpy.int32]]:
+        """
+        The rows and the columns of all pixels, as numpy.nonzero() gives them of a mask.
+
+        ``image[a.pixels()]`` are the values of an image at the pixels, row by row and from left to right. Pixels must lie in the
+        image then: negative rows and columns count from its ends.
+        """
+
     def runs_of_row(self, row: int) -> RunSet:
         """The pixels of one row, as a set. Found by binary search."""
 

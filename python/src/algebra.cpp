@@ -3,10 +3,13 @@
 #include "arrays.h"
 #include "modules.h"
 
+#include <KivRLC/KivRunLists.h>
+
 #include <nanobind/operators.h>
 #include <nanobind/stl/vector.h>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace
@@ -28,6 +31,17 @@ KivRunSet union_of(nb::handle sets)
     const std::vector<KivRunSet> operands = sets_of(sets);
     const nb::gil_scoped_release release;
     return KivRunSet::Union(operands);
+}
+
+nb::tuple pixels_of(const KivRunSet& set)
+{
+    std::vector<int> columns;
+    std::vector<int> rows;
+    {
+        const nb::gil_scoped_release release;
+        KivRuns::AppendPixels(set.Runs(), columns, rows);
+    }
+    return nb::make_tuple(array_of(std::move(rows)), array_of(std::move(columns)));
 }
 
 bool contains(const KivRunSet& set, nb::handle pixel)
@@ -62,6 +76,13 @@ Raises TypeError if the numbers are not whole, ValueError if they are not three 
         R"(The runs as a read-only array of shape (n_runs, 3), without a copy: row, first column, last column.
 
 Rows ascend, and within a row columns do; at least one pixel that does not belong separates two runs of a row.)");
+    set.def(
+        "pixels", pixels_of,
+        nb::sig("def pixels(self) -> tuple[numpy.typing.NDArray[numpy.int32], numpy.typing.NDArray[numpy.int32]]"),
+        R"(The rows and the columns of all pixels, as numpy.nonzero() gives them of a mask.
+
+``image[a.pixels()]`` are the values of an image at the pixels, row by row and from left to right. Pixels must lie in the
+image then: negative rows and columns count from its ends.)");
     set.def(
         "runs_of_row", [](const KivRunSet& a, int row) { return KivRunSet(a.RunsOfRow(row)); }, "row"_a,
         "The pixels of one row, as a set. Found by binary search.");

@@ -58,6 +58,18 @@ def test_properties(mask: numpy.ndarray) -> None:
         assert (theirs[f"bbox-{index}"] - ours[name] == index // 2).all()
 
 
+@MASKS
+def test_pixels(mask: numpy.ndarray) -> None:
+    pixels = RunSet.from_mask(mask)
+    rows, columns = pixels.pixels()
+    found = cv2.findNonZero(mask.astype("uint8")).reshape(-1, 2)
+    assert (found == numpy.stack([columns, rows], axis=1)).all()
+    image = numpy.arange(1, mask.size + 1).reshape(mask.shape)
+    for part, theirs in zip(pixels.components(), measure.regionprops(measure.label(mask), image)):
+        assert (theirs.coords == numpy.stack(part.pixels(), axis=1)).all()
+        assert (theirs.image_intensity[theirs.image_intensity > 0] == image[part.pixels()]).all()
+
+
 def test_small_holes() -> None:
     open_corner = numpy.ones((4, 4), bool)
     open_corner[0, 0] = open_corner[2, 2] = False

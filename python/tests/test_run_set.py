@@ -48,6 +48,24 @@ def test_refuses_what_are_no_runs(runs: object, error: type[Exception], words: s
         RunSet(runs)
 
 
+@given(masks)
+def test_pixels_are_those_of_the_mask(mask: numpy.ndarray) -> None:
+    rows, columns = RunSet.from_mask(mask).pixels()
+    expected = numpy.nonzero(mask)
+    assert rows.dtype == columns.dtype == numpy.int32
+    numpy.testing.assert_array_equal(rows, expected[0])
+    numpy.testing.assert_array_equal(columns, expected[1])
+
+
+def test_pixels_index_images() -> None:
+    image = numpy.arange(20).reshape(2, 10)
+    assert image[BAR.pixels()].tolist() == [2, 3, 4, 5, 12, 13, 14, 15]
+    assert image[RunSet().pixels()].tolist() == []
+    rows, columns = RunSet([(-(2**31), 2**31 - 2, 2**31 - 1)]).pixels()
+    assert rows.tolist() == [-(2**31)] * 2 and columns.tolist() == [2**31 - 2, 2**31 - 1]
+    rows[0] = 7  # they are the caller's
+
+
 def test_runs_are_a_read_only_view() -> None:
     runs = BAR.runs
     assert runs.dtype == numpy.int32 and runs.tolist() == [[0, 2, 5], [1, 2, 5]]
