@@ -76,10 +76,9 @@ Raises TypeError if the numbers are not whole, ValueError if they are not three 
         R"(The runs as a read-only array of shape (n_runs, 3), without a copy: row, first column, last column.
 
 Rows ascend, and within a row columns do; at least one pixel that does not belong separates two runs of a row.)");
-    set.def(
-        "pixels", pixels_of,
-        nb::sig("def pixels(self) -> tuple[numpy.typing.NDArray[numpy.int32], numpy.typing.NDArray[numpy.int32]]"),
-        R"(The rows and the columns of all pixels, as numpy.nonzero() gives them of a mask.
+    set.def("pixels", pixels_of,
+            nb::sig("def pixels(self) -> tuple[numpy.typing.NDArray[numpy.int32], numpy.typing.NDArray[numpy.int32]]"),
+            R"(The rows and the columns of all pixels, as numpy.nonzero() gives them of a mask.
 
 ``image[a.pixels()]`` are the values of an image at the pixels, row by row and from left to right. Pixels must lie in the
 image then: negative rows and columns count from its ends.)");

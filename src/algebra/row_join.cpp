@@ -68,8 +68,9 @@ RunView unite_single_runs(RunView rest, RowsOfB& rows_of_b, RunWriter& out)
         return row_of(rest[i]) == row_of(b[i]) && row_of(rest[i + 1]) != row_of(rest[i]) &&
                row_of(b[i + 1]) != row_of(b[i]);
     };
-    const std::size_t most = std::min(
-        {RunWriter::at_once / 2, std::max<std::size_t>(rest.size(), 2) - 2, std::max<std::size_t>(b.size(), 1) - 1});
+    std::size_t most = RunWriter::at_once / 2;
+    most = std::min(most, std::max<std::size_t>(rest.size(), 2) - 2);
+    most = std::min(most, std::max<std::size_t>(b.size(), 1) - 1);
     Run* next = out.place();
     std::size_t count = 0;
     for (; count < most && are_alone(count); ++count) {
