@@ -22,17 +22,19 @@ void write_substitute(Substitute choice, const KivROI& a, const KivROI& b, KivRO
 
 int combine_rois(KivROI& a, KivROI& b, KivROI& out, const RoiOperation& operation)
 {
-    if (is_open_curve(a) || (is_empty(a) && is_empty(b))) {
+    const RoiKind kind_of_a = kind_of(a);
+    const RoiKind kind_of_b = kind_of(b);
+    if (kind_of_a == RoiKind::open_curve || (kind_of_a == RoiKind::empty && kind_of_b == RoiKind::empty)) {
         return KIVMV::KIVMV_ERR_PARAM_1;
     }
-    if (is_open_curve(b)) {
+    if (kind_of_b == RoiKind::open_curve) {
         return KIVMV::KIVMV_ERR_PARAM_2;
     }
-    if (is_empty(a)) {
+    if (kind_of_a == RoiKind::empty) {
         write_substitute(operation.without_a, a, b, out);
         return operation.code_for_empty_type;
     }
-    if (is_empty(b)) {
+    if (kind_of_b == RoiKind::empty) {
         write_substitute(operation.without_b, a, b, out);
         return operation.code_for_empty_type;
     }

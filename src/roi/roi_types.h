@@ -7,19 +7,17 @@
 namespace kiv
 {
 
-inline bool is_empty(const KivROI& roi)
+enum class RoiKind { empty, open_curve, with_mask };
+
+inline RoiKind kind_of(const KivROI& roi)
 {
-    return roi.ROIType() == 3;
-}
-inline bool is_open_curve(const KivROI& roi)
-{
-    return roi.ROIType() == 10;
+    const int type = roi.ROIType();
+    return type == 3 ? RoiKind::empty : type == 10 ? RoiKind::open_curve : RoiKind::with_mask;
 }
 
-/// Every type except these two has a mask.
 inline bool has_mask(const KivROI& roi)
 {
-    return !is_empty(roi) && !is_open_curve(roi);
+    return kind_of(roi) == RoiKind::with_mask;
 }
 
 } // namespace kiv
