@@ -205,7 +205,10 @@ TEST(Lists, AreAsTheyWereWhenMemoryRunsOut)
                           [&] { return columns == some && rows == some; });
     EXPECT_EQ(columns.size(), 15U);
 
-    const std::vector<::Run> shuffled = {{3, 1, 1}, {1, 1, 1}, {2, 1, 1}};
+    std::vector<::Run> shuffled;
+    for (int i = 0; i < 200; ++i) {
+        shuffled.push_back({1 + i * 77 % 200, 1, 1});
+    }
     std::vector<::Run> runs = shuffled;
     expect_all_or_nothing([&] { KivRuns::SortByRow(runs); }, [&] { return runs == shuffled; });
     EXPECT_EQ(runs.front().row, 1);

@@ -171,6 +171,36 @@ TEST(RunLists, AreSortedByRowAndElseAsTheyWere)
     EXPECT_TRUE(none.empty());
 }
 
+TEST(RunLists, OfEveryLengthAreSorted)
+{
+    for (int length = 0; length < 200; ++length) {
+        Runs runs;
+        for (int i = 0; i < length; ++i) {
+            runs.push_back({i * 7919 % 13, i * 104729 % 7, i});
+        }
+        Runs sorted = runs;
+        std::stable_sort(sorted.begin(), sorted.end(), [](const ::Run& a, const ::Run& b) {
+            return std::pair(a.row, a.colBegin) < std::pair(b.row, b.colBegin);
+        });
+        KivRuns::SortByRowAndColumn(runs);
+        EXPECT_EQ(runs, sorted);
+    }
+}
+
+TEST(RunLists, MoveSeldomWhenALittleIsAppendedOften)
+{
+    const Runs one = {{0, 0, 5}};
+    Runs runs;
+    int moves = 0;
+    for (int i = 0; i < 10000; ++i) {
+        const auto* const before = runs.data();
+        EXPECT_TRUE(KivRuns::AppendIntersection(one, one, runs));
+        moves += runs.data() != before ? 1 : 0;
+    }
+    EXPECT_EQ(runs.size(), 10000U);
+    EXPECT_LT(moves, 20);
+}
+
 TEST(RunLists, GiveTheirPixelsInOrder)
 {
     std::vector<int> columns = {7};
