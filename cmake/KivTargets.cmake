@@ -68,7 +68,8 @@ function(kiv_add_library name)
     set_target_properties(${name} PROPERTIES EXPORT_NAME ${arg_ALIAS} VERSION ${arg_VERSION} SOVERSION ${major})
     target_compile_features(${name} INTERFACE cxx_std_17)
     target_include_directories(${name} PUBLIC
-        $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+        $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+        PRIVATE ${PROJECT_SOURCE_DIR})
     kiv_warnings(${name})
     if(NOT BUILD_SHARED_LIBS)
         target_compile_definitions(${name} PUBLIC KIV_STATIC)
@@ -90,7 +91,7 @@ endfunction()
 # its label.
 function(kiv_add_test name)
     add_executable(${name} ${ARGN})
-    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE KivDataConvert GTest::gtest_main)
     kiv_warnings(${name})
     kiv_precompile_as(${name} kiv_test_headers)

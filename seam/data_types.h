@@ -74,8 +74,11 @@ struct PixelRuns {
     int largest_row;
 };
 
-/// The runs of the pixels of points, whose coordinates are truncated, if the data types have an operation of their own
-/// for it and the pixels come row by row and from left to right. Pixels with a negative coordinate are ignored.
+/// The runs of listed pixels, if the data types have an operation of their own for it and the pixels come row by row
+/// and from left to right. Pixels with a negative coordinate are ignored.
+std::optional<PixelRuns> runs_of_ordered_pixels(const PixelLists& pixels);
+
+/// The same of the pixels of points, whose coordinates are truncated.
 std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& points);
 
 // Pixels from runs.

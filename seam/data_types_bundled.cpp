@@ -3,6 +3,8 @@
 // variants and back, and no mask is made where runs are at hand.
 #include "seam/data_types.h"
 
+#include "common/checked_count.h"
+#include "common/fetch_ahead.h"
 #include "foundation/first_member.h"
 #include "foundation/masks.h"
 
@@ -35,13 +37,19 @@ public:
     std::size_t size() const { return lists_.columns.size(); }
     Pixel at(std::size_t i) const { return {lists_.columns[i], lists_.rows[i]}; }
 
-    /// How many of the pixels from `first` on go on with a run.
-    std::size_t count_behind(const Run& run, std::size_t first) const
+    void fetch_ahead(std::size_t first, std::size_t count) const
+    {
+        kivcommon::fetch_ahead(lists_.columns.data() + first, count * sizeof(int));
+        kivcommon::fetch_ahead(lists_.rows.data() + first, count * sizeof(int));
+    }
+
+    /// How many of the pixels from `first` to `stop` - 1 go on with a run.
+    std::size_t count_behind(const Run& run, std::size_t first, std::size_t stop) const
     {
         const auto [columns, rows] = lists_;
         std::int64_t next = std::int64_t{run.colEnd} + 1;
         std::size_t i = first;
-        while (i < rows.size() && rows[i] == run.row && columns[i] == next) {
+        while (i < stop && rows[i] == run.row && columns[i] == next) {
             ++i;
             ++next;
         }
@@ -59,35 +67,27 @@ public:
     explicit PointPixels(const std::vector<KivPoint>& points) : points_(points) {}
 
     std::size_t size() const { return points_.size(); }
-    Pixel at(std::size_t i)
+    Pixel at(std::size_t i) const { return {truncate(points_[i].x), truncate(points_[i].y)}; }
+
+    void fetch_ahead(std::size_t first, std::size_t count) const
     {
-        const Pixel pixel{truncate(points_[i].x), truncate(points_[i].y)};
-        largest_column_ = std::max(largest_column_, pixel.column);
-        largest_row_ = std::max(largest_row_, pixel.row);
-        return pixel;
+        kivcommon::fetch_ahead(points_.data() + first, count * sizeof(KivPoint));
     }
 
-    /// How many of the points from `first` on are the whole numbers with which a run goes on.
-    std::size_t count_behind(const Run& run, std::size_t first)
+    /// How many of the points from `first` to `stop` - 1 are the whole numbers with which a run goes on.
+    std::size_t count_behind(const Run& run, std::size_t first, std::size_t stop) const
     {
         const auto columns_left = static_cast<std::size_t>(std::numeric_limits<int>::max() - run.colEnd);
-        const std::size_t stop = first + std::min(size() - first, columns_left);
+        stop = std::min(stop, first + columns_left);
         std::size_t i = first;
         for (double column = run.colEnd + 1.0; i < stop && points_[i].x == column && points_[i].y == run.row; ++i) {
             column += 1.0;
         }
-        largest_column_ = std::max(largest_column_, run.colEnd + static_cast<int>(i - first));
         return i - first;
     }
 
-    // Of those that were asked for.
-    int largest_column() const { return largest_column_; }
-    int largest_row() const { return largest_row_; }
-
 private:
     const std::vector<KivPoint>& points_;
-    int largest_column_ = std::numeric_limits<int>::min();
-    int largest_row_ = std::numeric_limits<int>::min();
 };
 
 /// The runs of pixels that are listed row by row and from left to right; nothing if one comes out of order. Ignores
@@ -96,10 +96,17 @@ private:
 /// Where short runs end can hardly be guessed, so that it decides about numbers, not about a branch; long runs are
 /// likely to go on. bench/kiv/arrays.cpp measures it.
 template <class Pixels>
-std::optional<RunList> runs_of_ordered_pixels(Pixels& pixels)
+std::optional<PixelRuns> runs_of_ordered(const Pixels& pixels)
 {
     constexpr int some = 8; // pixels that are joined at once, and pixels of a long run
-    RunList runs;
+    constexpr std::size_t many = 256;
+    constexpr int lowest = std::numeric_limits<int>::min();
+    PixelRuns made{{}, lowest, lowest};
+    const auto reaches_to = [&made](int column, int row) {
+        made.largest_column = std::max(made.largest_column, column);
+        made.largest_row = std::max(made.largest_row, row);
+    };
+    RunList& runs = made.runs;
     Run few[1024]; // which stay in the nearest cache
     Run* last = few;
     Run run = {-1, 0, 0};
@@ -107,14 +114,17 @@ std::optional<RunList> runs_of_ordered_pixels(Pixels& pixels)
     bool ordered = true;
     for (std::size_t i = 0; i < pixels.size() && ordered;) {
         if (run.colEnd - run.colBegin >= some) {
-            const std::size_t count = pixels.count_behind(run, i);
+            pixels.fetch_ahead(i, many);
+            const std::size_t count = pixels.count_behind(run, i, std::min(i + many, pixels.size()));
             run.colEnd += static_cast<int>(count);
             i += count;
         }
+        pixels.fetch_ahead(i, some);
         const std::size_t stop = std::min(i + some, pixels.size());
         for (; i < stop; ++i) {
             const auto [column, row] = pixels.at(i);
             if (column < 0 || row < 0) {
+                reaches_to(column, row);
                 continue;
             }
             const int is_next = static_cast<int>(row != run.row) | static_cast<int>(column - run.colEnd > 1);
@@ -132,7 +142,10 @@ std::optional<RunList> runs_of_ordered_pixels(Pixels& pixels)
     }
     *last++ = run;
     append_few();
-    return runs;
+    for (const Run& listed : runs) {
+        reaches_to(listed.colEnd, listed.row);
+    }
+    return made;
 }
 
 /// The same in any order. Each pixel is a run, or lengthens the one before it.
@@ -161,6 +174,21 @@ bool is_large_for(Frame frame, std::size_t pixels)
 {
     constexpr std::uint64_t bytes_a_pixel = 64;
     return static_cast<std::uint64_t>(frame.width) * static_cast<std::uint64_t>(frame.height) / bytes_a_pixel > pixels;
+}
+
+/// What runs cover of a frame: the runs themselves where all of them lie in it.
+ViewOrCopy<Run> visible_parts(RunView runs, Frame frame)
+{
+    const auto lies_in_frame = [frame](const Run& run) {
+        return run.row >= 0 && run.row < frame.height && run.colBegin >= 0 && run.colEnd < frame.width;
+    };
+    if (std::all_of(runs.begin(), runs.end(), lies_in_frame)) {
+        return runs;
+    }
+    RunList parts;
+    parts.reserve(runs.size());
+    for_each_visible(runs, frame, [&parts](int row, int first, int last) { parts.push_back({row, first, last}); });
+    return parts;
 }
 
 } // namespace
@@ -228,10 +256,6 @@ RunList runs_of_image(const cv::Mat& pixels, MaskBytes /*bytes*/)
 
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
 {
-    ListedPixels listed(pixels);
-    if (std::optional<RunList> runs = runs_of_ordered_pixels(listed)) {
-        return *std::move(runs);
-    }
     if (is_large_for(frame, pixels.columns.size())) {
         return runs_of_sorted_pixels(pixels);
     }
@@ -239,27 +263,22 @@ RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
     return extract_runs(mask);
 }
 
+std::optional<PixelRuns> runs_of_ordered_pixels(const PixelLists& pixels)
+{
+    return runs_of_ordered(ListedPixels(pixels));
+}
+
 std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& points)
 {
-    PointPixels pixels(points.Points());
-    std::optional<RunList> runs = runs_of_ordered_pixels(pixels);
-    if (!runs) {
-        return std::nullopt;
-    }
-    return PixelRuns{*std::move(runs), pixels.largest_column(), pixels.largest_row()};
+    return runs_of_ordered(PointPixels(points.Points()));
 }
 
 PixelCoordinates pixels_of(RunView runs, Frame frame)
 {
-    RunList parts;
-    parts.reserve(runs.size());
-    for_each_visible(runs, frame, [&parts](int row, int first, int last) { parts.push_back({row, first, last}); });
+    const ViewOrCopy<Run> visible = visible_parts(runs, frame);
+    const KivRunView parts(visible.view().data(), visible.view().size());
     PixelCoordinates pixels;
-    if (KivRuns::IsCanonical(parts)) {
-        KivRuns::AppendPixels(parts, pixels.columns, pixels.rows);
-    } else {
-        KivRuns::AppendPixels(KivRunSet(parts).Runs(), pixels.columns, pixels.rows);
-    }
+    KivRuns::AppendPixels(KivRuns::IsCanonical(parts) ? parts : KivRunSet(parts).Runs(), pixels.columns, pixels.rows);
     return pixels;
 }
 
@@ -340,7 +359,8 @@ void append_pixels(KivPointArray& points, RunView runs)
     for (const Run& run : runs) {
         count += run.colBegin <= run.colEnd ? length_of(run.colBegin, run.colEnd) : 0;
     }
-    points.Reserve(checked_count<KivPoint>(count)); // of more points than there is memory for, that is what is reported
+    points.Reserve(
+        kivcommon::checked_count<KivPoint>(count)); // of more points than there is memory for, that is what is reported
     points.AppendPixels(KivRunView(runs.data(), runs.size()));
 }
 

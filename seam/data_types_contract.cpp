@@ -140,6 +140,11 @@ RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
     return extract_runs(mask);
 }
 
+std::optional<PixelRuns> runs_of_ordered_pixels(const PixelLists& /*pixels*/)
+{
+    return std::nullopt;
+}
+
 std::optional<PixelRuns> runs_of_ordered_points(KivPointArray& /*points*/)
 {
     return std::nullopt;

@@ -13,7 +13,7 @@ from pathlib import Path
 from . import sites
 from .rewriting import Rewriting, make_mutants, with_mutant
 
-FOLDERS = (r"src/", r"seam/", r"libs/[^/]+/(src|include)/", r"include/")
+FOLDERS = (r"src/", r"seam/", r"common/", r"libs/[^/]+/(src|include)/", r"include/")
 # Left out because they take long: threads, huge images, documents, and what compiles the library's sources once more, for calls
 # that fail and by the contract alone. What compiles headers as C++17 is left out, as mutants need C++20.
 LEFT_OUT = re.compile(r"tests/(threads|huge|repository|headers|faults/call|.*_contract_tests)")

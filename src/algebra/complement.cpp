@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "algebra/complement.h"
 
+#include "common/checked_count.h"
 #include "foundation/run_writer.h"
 #include "seam/data_types.h"
 
@@ -83,7 +84,7 @@ std::optional<RunList> complement_of_ascending(RunView runs, Frame frame, LastRo
     if (row_of(runs.front()) > last) {
         return std::nullopt;
     }
-    RunWriter out(checked_count<Run>(most_runs(runs, frame)));
+    RunWriter out(kivcommon::checked_count<Run>(most_runs(runs, frame)));
     write_full_rows(0, row_of(runs.front()), last_column, out);
     const Run* const end = runs.data() + runs.size();
     const Run* const stop = rule == LastRowOfComplement::like_any ? end : end - last_row(runs).size();

@@ -6,6 +6,7 @@
 #include <KivDataConvert/KivDataConvert.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace kiv
@@ -31,6 +32,9 @@ int make_region(int largest_column, int largest_row, MakeRuns make_runs, KivRegi
 
 int pixels_to_region(const PixelLists& pixels, KivRegion& region)
 {
+    if (std::optional<PixelRuns> ordered = runs_of_ordered_pixels(pixels)) {
+        return pixels_to_region(*std::move(ordered), region);
+    }
     const int column = *std::max_element(pixels.columns.begin(), pixels.columns.end());
     const int row = *std::max_element(pixels.rows.begin(), pixels.rows.end());
     return make_region(

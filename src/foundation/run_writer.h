@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "common/fetch_ahead.h"
 #include "foundation/runs.h"
 
 #include <algorithm>
@@ -87,6 +88,7 @@ private:
         if (count > runs_.capacity()) {
             runs_.reserve(done_ == 0 && count <= expected_ ? expected_ : extrapolated(count));
         }
+        kivcommon::fetch_room_ahead(runs_, at_once);
         copy_few();
     }
 

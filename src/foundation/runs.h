@@ -12,8 +12,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
-#include <new>
 #include <span>
 #include <vector>
 
@@ -45,16 +43,6 @@ inline int end_of(const Run& run)
 inline std::uint64_t length_of(int first, int last)
 {
     return static_cast<std::uint64_t>(std::int64_t{last} - first) + 1;
-}
-
-/// The number of elements as a size. Throws std::bad_alloc if no memory can hold so many, as on machines of 32 bits.
-template <class Element>
-std::size_t checked_count(std::uint64_t count)
-{
-    if (count > std::numeric_limits<std::ptrdiff_t>::max() / sizeof(Element)) {
-        throw std::bad_alloc();
-    }
-    return static_cast<std::size_t>(count);
 }
 
 /// The runs on the first row of a list that is not empty.

@@ -2,6 +2,7 @@
 #include <KivData/KivContour.h>
 
 #include "argument_checks.h"
+#include "common/fetch_ahead.h"
 
 #include <KivRLC/KivPolygonFill.h>
 
@@ -15,8 +16,14 @@ KivContour contour_of(const KivPixel* begin, const KivPixel* end)
 {
     KivContour::Points points;
     points.reserve(static_cast<std::size_t>(end - begin)); // making all points at once would clear them first
-    for (const KivPixel* pixel = begin; pixel != end; ++pixel) {
-        points.emplace_back(pixel->x, pixel->y);
+    constexpr std::ptrdiff_t at_once = 64;
+    while (begin != end) {
+        kivcommon::fetch_ahead(begin, at_once * sizeof(KivPixel));
+        kivcommon::fetch_room_ahead(points, at_once);
+        const KivPixel* const stop = begin + std::min(at_once, end - begin);
+        for (; begin != stop; ++begin) {
+            points.emplace_back(begin->x, begin->y);
+        }
     }
     return KivContour(std::move(points));
 }

@@ -2,6 +2,8 @@
 #include <KivData/KivPoint.h>
 
 #include "argument_checks.h"
+#include "common/fetch_ahead.h"
+#include "common/pixel_batches.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -10,41 +12,33 @@
 namespace
 {
 
-/// Collects points where they stay in the cache, and appends many at once: to make an array longer takes a pass over
-/// the new points of its own. Short runs are written by fours, as how long they are can hardly be guessed.
-class PointCollector
+class PointBatch
 {
 public:
-    explicit PointCollector(std::vector<KivPoint>& points) : points_(points) {}
+    static constexpr std::size_t full = 64;
 
-    void add(const Run& run)
+    explicit PointBatch(std::vector<KivPoint>& points) : points_(points) {}
+
+    void write(std::size_t begin, std::int64_t column, int row)
     {
-        const auto y = static_cast<double>(run.row);
-        for (std::int64_t x = run.colBegin; x <= run.colEnd; x += at_once) {
-            const auto first = static_cast<double>(x);
-            for (std::size_t i = 0; i < at_once; ++i) {
-                collected_[count_ + i] = {first + static_cast<double>(i), y};
-            }
-            count_ += static_cast<std::size_t>(std::min<std::int64_t>(run.colEnd - x + 1, at_once));
-            if (count_ >= full) {
-                flush();
-            }
+        const auto x = static_cast<double>(column);
+        const auto y = static_cast<double>(row);
+        for (int i = 0; i < kivcommon::pixels_at_once; ++i) {
+            some_[begin + static_cast<std::size_t>(i)] = {x + i, y};
         }
     }
 
-    void flush()
+    void append(std::size_t count)
     {
-        points_.insert(points_.end(), collected_, collected_ + count_);
-        count_ = 0;
+        kivcommon::fetch_room_ahead(points_, full);
+        points_.insert(points_.end(), some_, some_ + count);
     }
 
 private:
-    static constexpr int at_once = 4;
-    static constexpr std::size_t full = 32;
-
     std::vector<KivPoint>& points_;
-    std::size_t count_ = 0;
-    KivPoint collected_[full + 2 * std::size_t{at_once}];
+    union { // whose members are not cleared
+        KivPoint some_[kivcommon::room_for_batch(full)];
+    };
 };
 
 } // namespace
@@ -77,11 +71,8 @@ void KivPointArray::AppendPixels(KivRunView runs)
     if (points_.capacity() - points_.size() < added) {
         points_.reserve(std::max(points_.size() + added, points_.empty() ? 0 : 2 * points_.size()));
     }
-    PointCollector collector(points_);
-    for (const Run& run : runs) {
-        collector.add(run);
-    }
-    collector.flush();
+    PointBatch batch(points_);
+    kivcommon::list_pixels(runs, batch);
 }
 
 void KivPointArray::throw_out_of_range(int index) const

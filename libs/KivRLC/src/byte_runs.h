@@ -4,6 +4,7 @@
 #pragma once
 
 #include "byte_words.h"
+#include "common/fetch_ahead.h"
 #include "run_room.h"
 
 #include <KivRLC/KivRun.h>
@@ -52,6 +53,9 @@ template <class Words>
 struct ByteRow {
     const std::uint8_t* bytes;
 
+    /// Asks for what comes some way behind the word whose first pixel is column x.
+    void fetch_ahead(int x) const { kivcommon::fetch_ahead(bytes + x, word_pixels); }
+
     /// Whether the word whose first pixel is column x is nothing but foreground, or nothing but background.
     bool is_all(bool foreground, int x) const
     {
@@ -82,6 +86,7 @@ Run* append_row(const Pixels& pixels, int row, int columns, Run* next, MakeRoom 
     RowEnd at{next, false};
     int x = 0;
     for (; columns - x >= word_pixels; x += word_pixels) {
+        pixels.fetch_ahead(x);
         if (!pixels.is_all(at.inside, x)) {
             at = with_word(pixels.word(x), row, x, at);
             at.next = make_room(at.next);

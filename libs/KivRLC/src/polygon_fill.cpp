@@ -5,6 +5,7 @@
 // even-odd rule comes down to counting the flipping stretches to the left of them.
 #include <KivRLC/KivPolygonFill.h>
 
+#include "common/fetch_ahead.h"
 #include "polygon_edge.h"
 
 #include <algorithm>
@@ -221,6 +222,7 @@ void KivPolygonFill::AddRounded(const double* coordinates, std::size_t count)
     KivPixel piece[at_once];
     for (std::size_t begin = 0; begin < count; begin += at_once) {
         const std::size_t stop = std::min(begin + at_once, count);
+        kivcommon::fetch_ahead(coordinates + 2 * begin, 2 * at_once * sizeof(double));
         std::size_t rounded = 0;
         for (std::size_t i = begin; i < stop; ++i) {
             piece[rounded] = nearest_pixel(coordinates + 2 * i);

@@ -25,6 +25,8 @@ struct RangeRow {
     Pixel least;
     Pixel greatest;
 
+    void fetch_ahead(int x) const { kivcommon::fetch_ahead(bytes_from(x), word_pixels * sizeof(Pixel)); }
+
     bool is_all(bool foreground, int x) const
     {
         if constexpr (is_of_bytes) {
@@ -50,7 +52,7 @@ struct RangeRow {
             return ~Words::foreground_bits(bytes + x, beyond());
         } else {
             Pixel pixels[word_pixels];
-            std::memcpy(pixels, bytes + x * static_cast<std::ptrdiff_t>(sizeof(Pixel)), sizeof(pixels));
+            std::memcpy(pixels, bytes_from(x), sizeof(pixels));
             std::uint8_t flags[word_pixels];
             for (int i = 0; i < word_pixels; ++i) {
                 flags[i] = static_cast<std::uint8_t>(inside(pixels[i]));
@@ -62,12 +64,13 @@ struct RangeRow {
     std::uint64_t word(int x, int count) const
     {
         unsigned char padded[word_pixels * sizeof(Pixel)] = {};
-        std::memcpy(padded, bytes + x * static_cast<std::ptrdiff_t>(sizeof(Pixel)),
-                    static_cast<std::size_t>(count) * sizeof(Pixel));
+        std::memcpy(padded, bytes_from(x), static_cast<std::size_t>(count) * sizeof(Pixel));
         return RangeRow{padded, least, greatest}.word(0) & ((std::uint64_t{1} << count) - 1);
     }
 
 private:
+    const unsigned char* bytes_from(int x) const { return bytes + x * static_cast<std::ptrdiff_t>(sizeof(Pixel)); }
+
     using Words = kivrlc::NativeWords;
     static constexpr bool is_of_bytes = sizeof(Pixel) == 1;
 

@@ -7,7 +7,7 @@
 // search the first end of an outer border is a left end, the first one of a hole's border a right end.
 #include <KivRLC/KivRunBorders.h>
 
-#include "checked_count.h"
+#include "common/checked_count.h"
 #include "run_room.h"
 
 #include <KivRLC/KivRunSet.h>
@@ -185,7 +185,7 @@ private:
 
     KivPixel* with_room(KivPixel* next, std::int64_t needed)
     {
-        return room_.with_room(next, kivrlc::checked_count<KivPixel>(needed), [&] {
+        return room_.with_room(next, kivcommon::checked_count<KivPixel>(needed), [&] {
             return kivrlc::Progress{passed_, links_.size()};
         });
     }

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "checked_count.h"
+#include "common/checked_count.h"
+#include "common/fetch_ahead.h"
+#include "common/pixel_batches.h"
 #include "row_sort.h"
 #include "row_sweep.h"
 #include "run_room.h"
@@ -25,6 +27,48 @@ std::int64_t length_of(const Run& run)
 {
     return std::max<std::int64_t>(std::int64_t{run.colEnd} - run.colBegin + 1, 0);
 }
+
+void reserve_more(std::vector<int>& list, std::size_t more)
+{
+    if (list.capacity() - list.size() < more) {
+        list.reserve(std::max(list.size() + more, 2 * list.size())); // many may append a little each
+    }
+}
+
+/// Pixels that are appended to two lists at once.
+class PixelBatch
+{
+public:
+    static constexpr std::size_t full = 128;
+
+    PixelBatch(std::vector<int>& columns, std::vector<int>& rows) : columns_(columns), rows_(rows) {}
+
+    void write(std::size_t begin, std::int64_t column, int row)
+    {
+        for (unsigned i = 0; i < kivcommon::pixels_at_once; ++i) {
+            some_columns_[begin + i] = static_cast<int>(static_cast<unsigned>(column) + i);
+            some_rows_[begin + i] = row;
+        }
+    }
+
+    void append(std::size_t count)
+    {
+        append(some_columns_, count, columns_);
+        append(some_rows_, count, rows_);
+    }
+
+private:
+    static void append(const int* some, std::size_t count, std::vector<int>& all)
+    {
+        kivcommon::fetch_room_ahead(all, full);
+        all.insert(all.end(), some, some + count);
+    }
+
+    std::vector<int>& columns_;
+    std::vector<int>& rows_;
+    int some_columns_[kivcommon::room_for_batch(full)];
+    int some_rows_[kivcommon::room_for_batch(full)];
+};
 
 } // namespace
 
@@ -54,37 +98,17 @@ void KivRuns::SortByRowAndColumn(std::vector<Run>& runs)
     kivrlc::sort_by_row_and_column(runs);
 }
 
-// Pixels are written by fours, the last four of a run into the place of the next ones, as how long short runs are can
-// hardly be guessed. bench/kiv/arrays.cpp measures it.
 void KivRuns::AppendPixels(KivRunView runs, std::vector<int>& columns, std::vector<int>& rows)
 {
-    constexpr std::size_t at_once = 4;
     std::int64_t pixels = 0;
     for (const Run& run : runs) {
         pixels += length_of(run);
     }
-    const std::size_t room = kivrlc::checked_count<int>(pixels) + at_once;
-    kivrlc::RunRoom<std::vector<int>> room_for_columns(columns, room);
-    kivrlc::RunRoom<std::vector<int>> room_for_rows(rows, room);
-    int* column = room_for_columns.begin();
-    int* row = room_for_rows.begin();
-    const auto nothing_is_known = [] { return kivrlc::Progress{1, 1}; };
-    for (const Run& run : runs) {
-        const auto length = static_cast<std::size_t>(length_of(run));
-        column = room_for_columns.with_room(column, length + at_once, nothing_is_known);
-        row = room_for_rows.with_room(row, length + at_once, nothing_is_known);
-        auto next = static_cast<unsigned>(run.colBegin); // what is written beyond a run may be no int
-        for (std::size_t i = 0; i < length; i += at_once, next += static_cast<unsigned>(at_once)) {
-            for (std::size_t j = 0; j < at_once; ++j) {
-                column[i + j] = static_cast<int>(next + static_cast<unsigned>(j));
-                row[i + j] = run.row;
-            }
-        }
-        column += length;
-        row += length;
-    }
-    room_for_columns.keep(column);
-    room_for_rows.keep(row);
+    const std::size_t more = kivcommon::checked_count<int>(pixels);
+    reserve_more(columns, more);
+    reserve_more(rows, more);
+    PixelBatch batch(columns, rows);
+    kivcommon::list_pixels(runs, batch);
 }
 
 void KivRuns::GiveBackSpareRoom(std::vector<Run>& runs)

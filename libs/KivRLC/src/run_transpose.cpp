@@ -2,8 +2,7 @@
 // Pixels are put in the order of their columns by counting sorts over 16 bits each, the lower ones first: two of them
 // where the set is wider than that, one otherwise, with no more counters than there are columns.
 #include "run_transpose.h"
-
-#include "checked_count.h"
+#include "common/checked_count.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -20,7 +19,7 @@ constexpr std::uint32_t sorted_values = 1U << sorted_bits;
 
 RunBuffer transposed_pixels(const KivRunSet& set)
 {
-    RunBuffer pixels(kivrlc::checked_count<Run>(set.Area()));
+    RunBuffer pixels(kivcommon::checked_count<Run>(set.Area()));
     auto out = pixels.begin();
     for (const Run& run : set.Runs()) {
         for (std::int64_t x = run.colBegin; x <= run.colEnd; ++x) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "checked_count.h"
+#include "common/checked_count.h"
 #include "row_sweep.h"
 #include "run_set_access.h"
 
@@ -97,7 +97,7 @@ KivRunSet KivRunSet::Complement(const KivRunBox& box) const
     const Run* const end = kivrlc::behind_row(runs, box.rowEnd);
     const std::int64_t rows = std::int64_t{box.rowEnd} - box.rowBegin + 1;
     // A row has at most one gap more than it has runs, and one run may be written, but not counted.
-    kivrlc::RunBuffer gaps(kivrlc::checked_count<Run>(rows + (end - first) + 1));
+    kivrlc::RunBuffer gaps(kivcommon::checked_count<Run>(rows + (end - first) + 1));
     RestOfBox rest(box, gaps.data());
     for (const Run* run = first; run < end; ++run) {
         rest.leave_out(*run);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Counts of what no memory can hold, which is less on machines of 32 bits than coordinates can ask for.
-#include "../src/checked_count.h"
+#include "common/checked_count.h"
 
 #include <KivRLC/KivRunBorders.h>
 #include <KivRLC/KivRunSet.h>
@@ -17,7 +17,7 @@
 namespace
 {
 
-using kivrlc::checked_count;
+using kivcommon::checked_count;
 
 constexpr std::int64_t most_bytes = std::numeric_limits<std::ptrdiff_t>::max();
 
@@ -33,6 +33,7 @@ TEST(CheckedCount, RefusesWhatNoMemoryHolds)
 {
     EXPECT_THROW(checked_count<::Run>(most_bytes / 12 + 1), std::bad_alloc);
     EXPECT_THROW(checked_count<::Run>(INT64_MAX), std::bad_alloc);
+    EXPECT_THROW(checked_count<::Run>(UINT64_MAX), std::bad_alloc);
 }
 
 TEST(CheckedCount, GuardsResultsThatHave2To32Elements)

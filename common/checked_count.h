@@ -5,19 +5,20 @@
 #include <cstdint>
 #include <limits>
 #include <new>
+#include <utility>
 
-namespace kivrlc
+namespace kivcommon
 {
 
 /// The number of elements as a size. Throws std::bad_alloc if no memory can hold so many, as on machines of 32 bits.
-template <class Element>
-std::size_t checked_count(std::int64_t count)
+template <class Element, class Integer>
+std::size_t checked_count(Integer count)
 {
     constexpr std::int64_t most = std::numeric_limits<std::ptrdiff_t>::max() / sizeof(Element);
-    if (count > most) {
+    if (std::cmp_greater(count, most)) {
         throw std::bad_alloc();
     }
     return static_cast<std::size_t>(count);
 }
 
-} // namespace kivrlc
+} // namespace kivcommon
