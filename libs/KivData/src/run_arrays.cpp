@@ -8,24 +8,30 @@
 namespace
 {
 
-/// Sets `member` of every run to the int at the run's index in `values`.
-void read_member(const KivVarArray& values, int Run::*member, std::vector<Run>& runs)
+/// The elements of an array as ints, which the array keeps or which are copied.
+class Ints
 {
-    const std::vector<int>* packed = values.PackedInts();
-    for (std::size_t i = 0; i < runs.size(); ++i) {
-        runs[i].*member = packed != nullptr ? (*packed)[i] : values[static_cast<int>(i)].I();
+public:
+    explicit Ints(const KivVarArray& array)
+    {
+        const std::vector<int>* packed = array.PackedInts();
+        if (packed == nullptr) {
+            for (int i = 0; i < array.Length(); ++i) {
+                copy_.push_back(array[i].I());
+            }
+            packed = &copy_;
+        }
+        ints_ = packed->data();
     }
-}
+    Ints(const Ints&) = delete;
+    Ints& operator=(const Ints&) = delete;
 
-KivVarArray array_of_member(const std::vector<Run>& runs, int Run::*member)
-{
-    std::vector<int> values;
-    values.reserve(runs.size());
-    for (const Run& run : runs) {
-        values.push_back(run.*member);
-    }
-    return KivVarArray(std::move(values));
-}
+    int operator[](std::size_t i) const { return ints_[i]; }
+
+private:
+    std::vector<int> copy_;
+    const int* ints_;
+};
 
 } // namespace
 
@@ -37,20 +43,30 @@ std::vector<Run> kivdata::runs_of_arrays(const KivVarArray& rows, const KivVarAr
                                     std::to_string(rows.Length()) + ", " + std::to_string(col_begins.Length()) +
                                     " and " + std::to_string(col_ends.Length()) + " values; they must be equally long");
     }
-    std::vector<Run> runs(static_cast<std::size_t>(rows.Length()));
-    read_member(rows, &Run::row, runs);
-    read_member(col_begins, &Run::colBegin, runs);
-    read_member(col_ends, &Run::colEnd, runs);
+    const Ints row(rows);
+    const Ints begin(col_begins);
+    const Ints end(col_ends);
+    const auto count = static_cast<std::size_t>(rows.Length());
+    std::vector<Run> runs;
+    runs.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        runs.push_back({row[i], begin[i], end[i]});
+    }
     return runs;
 }
 
 void kivdata::runs_to_arrays(const std::vector<Run>& runs, KivVarArray& rows, KivVarArray& col_begins,
                              KivVarArray& col_ends)
 {
-    KivVarArray new_rows = array_of_member(runs, &Run::row);
-    KivVarArray new_begins = array_of_member(runs, &Run::colBegin);
-    KivVarArray new_ends = array_of_member(runs, &Run::colEnd);
-    rows = std::move(new_rows);
-    col_begins = std::move(new_begins);
-    col_ends = std::move(new_ends);
+    std::vector<int> row(runs.size());
+    std::vector<int> begin(runs.size());
+    std::vector<int> end(runs.size());
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        row[i] = runs[i].row;
+        begin[i] = runs[i].colBegin;
+        end[i] = runs[i].colEnd;
+    }
+    rows = KivVarArray(std::move(row));
+    col_begins = KivVarArray(std::move(begin));
+    col_ends = KivVarArray(std::move(end));
 }

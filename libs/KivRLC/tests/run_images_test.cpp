@@ -168,6 +168,37 @@ TEST(RunImages, SplitLabelsOfEveryWidth)
     }
 }
 
+/// Two rows with one label from `begin` to `end`, between others that differ from it in their highest byte alone.
+template <class Label>
+void expect_long_label(int begin, int end, int width)
+{
+    constexpr auto label = static_cast<Label>(3);
+    constexpr auto other = static_cast<Label>(label ^ Label{1} << (8 * sizeof(Label) - 2));
+    cv::Mat labels(2, width, cv::DataType<Label>::type, cv::Scalar(other));
+    labels.colRange(begin, end + 1).setTo(label);
+    const std::vector<KivRuns::LabelledSet> sets = KivRuns::FromLabels(labels);
+    const bool others = end - begin + 1 < width;
+    ASSERT_EQ(sets.size(), others ? 2U : 1U) << begin << ' ' << end << ' ' << width;
+    EXPECT_EQ(sets[0].label, label);
+    EXPECT_EQ(runs_of(sets[0].set), (Runs{{0, begin, end}, {1, begin, end}})) << begin << ' ' << end << ' ' << width;
+    if (others) {
+        EXPECT_EQ(sets[1].set, KivRunSet::FromBox({0, 1, 0, width - 1}) - sets[0].set);
+    }
+}
+
+TEST(RunImages, LongLabelsEndWhereTheirPixelsDo)
+{
+    for (int length = 1; length <= 70; ++length) {
+        for (const int begin : {0, 1, 5}) {
+            for (const int right : {0, 1, 40}) {
+                expect_long_label<std::uint8_t>(begin, begin + length - 1, begin + length + right);
+                expect_long_label<std::uint16_t>(begin, begin + length - 1, begin + length + right);
+                expect_long_label<std::int32_t>(begin, begin + length - 1, begin + length + right);
+            }
+        }
+    }
+}
+
 TEST(RunImages, PaintWhatLiesInTheImage)
 {
     const KivRunSet set{{-1, 0, 9}, {0, -5, 1}, {0, 3, 3}, {1, 2, 9}, {1, 12, INT_MAX}, {3, 0, 0}};
