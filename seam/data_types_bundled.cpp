@@ -7,6 +7,7 @@
 #include "common/fetch_ahead.h"
 #include "foundation/first_member.h"
 #include "foundation/masks.h"
+#include "foundation/run_writer.h"
 
 #include <KivRLC/KivRunLists.h>
 #include <KivRLC/KivRunMat.h>
@@ -90,29 +91,33 @@ private:
     const std::vector<KivPoint>& points_;
 };
 
-/// The runs of pixels that are listed row by row and from left to right; nothing if one comes out of order. Ignores
-/// pixels with a negative coordinate.
+bool lies_outside(const Pixel& pixel)
+{
+    return pixel.column < 0 || pixel.row < 0;
+}
+
+void reach_to(const Pixel& pixel, PixelRuns& made)
+{
+    made.largest_column = std::max(made.largest_column, pixel.column);
+    made.largest_row = std::max(made.largest_row, pixel.row);
+}
+
+/// Appends the runs of the pixels from `i` on, where there is one, and reaches to those that are left out; false if a
+/// pixel comes out of order.
 ///
 /// Where short runs end can hardly be guessed, so that it decides about numbers, not about a branch; long runs are
 /// likely to go on. bench/kiv/arrays.cpp measures it.
 template <class Pixels>
-std::optional<PixelRuns> runs_of_ordered(const Pixels& pixels)
+bool join_ordered(const Pixels& pixels, std::size_t i, PixelRuns& made)
 {
     constexpr int some = 8; // pixels that are joined at once, and pixels of a long run
     constexpr std::size_t many = 256;
-    constexpr int lowest = std::numeric_limits<int>::min();
-    PixelRuns made{{}, lowest, lowest};
-    const auto reaches_to = [&made](int column, int row) {
-        made.largest_column = std::max(made.largest_column, column);
-        made.largest_row = std::max(made.largest_row, row);
-    };
-    RunList& runs = made.runs;
-    Run few[1024]; // which stay in the nearest cache
-    Run* last = few;
-    Run run = {-1, 0, 0};
-    const auto append_few = [&] { runs.insert(runs.end(), few + (few->row < 0 ? 1 : 0), std::exchange(last, few)); };
+    const Pixel first = pixels.at(i);
+    Run run = {first.row, first.column, first.column};
+    RunWriter out(1);
+    Run* last = out.place();
     bool ordered = true;
-    for (std::size_t i = 0; i < pixels.size() && ordered;) {
+    while (i < pixels.size() && ordered) {
         if (run.colEnd - run.colBegin >= some) {
             pixels.fetch_ahead(i, many);
             const std::size_t count = pixels.count_behind(run, i, std::min(i + many, pixels.size()));
@@ -120,30 +125,43 @@ std::optional<PixelRuns> runs_of_ordered(const Pixels& pixels)
             i += count;
         }
         pixels.fetch_ahead(i, some);
-        const std::size_t stop = std::min(i + some, pixels.size());
-        for (; i < stop; ++i) {
-            const auto [column, row] = pixels.at(i);
-            if (column < 0 || row < 0) {
-                reaches_to(column, row);
+        for (const std::size_t stop = std::min(i + some, pixels.size()); i < stop; ++i) {
+            const Pixel pixel = pixels.at(i);
+            if (lies_outside(pixel)) {
+                reach_to(pixel, made);
                 continue;
             }
+            const auto [column, row] = pixel;
             const int is_next = static_cast<int>(row != run.row) | static_cast<int>(column - run.colEnd > 1);
             ordered &= (row > run.row) | ((row == run.row) & (column >= run.colEnd));
             *last = run;
             last += is_next;
             run = {row, run.colBegin ^ ((run.colBegin ^ column) & -is_next), column};
         }
-        if (last > std::end(few) - some) {
-            append_few();
-        }
+        out.go_on_to(i, pixels.size());
+        last = out.place_behind(last);
     }
-    if (!ordered) {
+    out.push_back(run);
+    made.runs = out.written();
+    return ordered;
+}
+
+/// The runs of pixels that are listed row by row and from left to right; nothing if one comes out of order. Ignores
+/// pixels with a negative coordinate.
+template <class Pixels>
+std::optional<PixelRuns> runs_of_ordered(const Pixels& pixels)
+{
+    constexpr int lowest = std::numeric_limits<int>::min();
+    PixelRuns made{{}, lowest, lowest};
+    std::size_t first = 0;
+    for (; first < pixels.size() && lies_outside(pixels.at(first)); ++first) {
+        reach_to(pixels.at(first), made);
+    }
+    if (first < pixels.size() && !join_ordered(pixels, first, made)) {
         return std::nullopt;
     }
-    *last++ = run;
-    append_few();
-    for (const Run& listed : runs) {
-        reaches_to(listed.colEnd, listed.row);
+    for (const Run& run : made.runs) {
+        reach_to({run.colEnd, run.row}, made);
     }
     return made;
 }
