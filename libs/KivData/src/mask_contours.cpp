@@ -4,6 +4,8 @@
 #include "argument_checks.h"
 #include "mask_runs.h"
 
+#include <KivRLC/KivRunMat.h>
+
 #include <cstdint>
 #include <stdexcept>
 
@@ -24,7 +26,8 @@ KivContourArray kivdata::trace_contours(const cv::Mat& mask)
         return KivContourArray();
     }
     kivdata::check_traced_frame(mask.cols, mask.rows); // before the runs are found
-    return KivContourArray::BordersOf(runs_of_mask(mask.depth() == CV_8U ? mask : mask != 0), mask.cols, mask.rows);
+    const KivRunSet foreground = KivRuns::FromMask(mask.depth() == CV_8U ? mask : mask != 0);
+    return KivContourArray::BordersOf(foreground.Runs(), mask.cols, mask.rows);
 }
 
 KivContourArray kivdata::trace_contours(KivRunView runs, int width, int height)
