@@ -11,6 +11,7 @@
 
 #include <malloc.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <exception>
 #include <string>
@@ -42,6 +43,17 @@ void time_calls(benchmark::State& state, const bench::Entry& entry)
     }
 }
 
+/// The first call makes the operands; shared caches take some calls more to keep what is used again.
+void warm_up(const bench::Entry& entry)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto stop = Clock::now() + std::chrono::milliseconds(10);
+    do {
+        entry.prepare();
+        entry.call();
+    } while (Clock::now() < stop);
+}
+
 void time_entry(benchmark::State& state, const bench::Entry& entry)
 {
     double runs = 0.0;
@@ -51,8 +63,7 @@ void time_entry(benchmark::State& state, const bench::Entry& entry)
         state.SkipWithError(error.what());
         return;
     }
-    entry.prepare();
-    entry.call(); // the first call makes the operands
+    warm_up(entry);
     time_calls(state, entry);
     if (runs > 0.0) {
         state.counters["runs"] = runs;

@@ -78,30 +78,6 @@ struct ByteRow {
 /// places more.
 inline constexpr std::size_t word_runs = word_pixels / 2 + 2;
 
-/// Appends the runs of one row from `next` on, where there is room for a word, and returns where the runs after them
-/// go, where there is room again. `make_room(next)` makes it. Inlined always: short rows cost a third less so.
-template <class Pixels, class MakeRoom>
-[[gnu::always_inline]] inline Run* append_row(const Pixels& pixels, int row, int columns, Run* next, MakeRoom make_room)
-{
-    RowEnd at{next, false};
-    int x = 0;
-    for (; columns - x >= word_pixels; x += word_pixels) {
-        pixels.fetch_ahead(x);
-        if (!pixels.is_all(at.inside, x)) {
-            at = with_word(pixels.word(x), row, x, at);
-            at.next = make_room(at.next);
-        }
-    }
-    if (x < columns) {
-        at = with_word(pixels.word(x, columns - x), row, x, at);
-    }
-    if (at.inside) {
-        at.next->colEnd = columns - 1;
-        ++at.next;
-    }
-    return make_room(at.next);
-}
-
 /// Appends the maximal runs of the foreground of `rows` rows of `columns` pixels, which row_at(0) and so on are. Rows
 /// come from top to bottom, the runs of one from left to right. Runs is a vector of runs; if it finds no memory, it is
 /// left as it was.
@@ -109,16 +85,32 @@ template <class RowAt, class Runs>
 void append_rows(const RowAt& row_at, int columns, int rows, Runs& runs)
 {
     RunRoom<Runs> room(runs, 2 * word_runs);
-    Run* next = room.begin();
+    RowEnd at{room.begin(), false};
     for (int row = 0; row < rows; ++row) {
-        const auto make_room = [&](Run* behind) {
-            return room.with_room(behind, word_runs, [&] {
+        const auto make_room = [&] {
+            at.next = room.with_room(at.next, word_runs, [&] {
                 return Progress{static_cast<std::size_t>(row) + 1, static_cast<std::size_t>(rows)};
             });
         };
-        next = append_row(row_at(row), row, columns, next, make_room);
+        const auto pixels = row_at(row);
+        int x = 0;
+        for (; columns - x >= word_pixels; x += word_pixels) {
+            pixels.fetch_ahead(x);
+            if (!pixels.is_all(at.inside, x)) {
+                at = with_word(pixels.word(x), row, x, at);
+                make_room();
+            }
+        }
+        if (x < columns) {
+            at = with_word(pixels.word(x, columns - x), row, x, at);
+        }
+        if (at.inside) {
+            at.next->colEnd = columns - 1;
+            at = {at.next + 1, false};
+        }
+        make_room();
     }
-    room.keep(next);
+    room.keep(at.next);
 }
 
 /// The same of bytes, the first of which is at `bytes` and each other row `stride` bytes behind the one above.

@@ -78,7 +78,7 @@ public:
     void finish() { clear_up_to(image_.height); }
 
 private:
-    static constexpr int bytes_at_once = 1 << 16;
+    static constexpr int bytes_at_once = 1 << 14;
     static constexpr std::size_t wide = 16;
 
     void clear_up_to(int stop)
