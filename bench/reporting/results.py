@@ -3,6 +3,7 @@
 
 import json
 import math
+import statistics
 from collections import defaultdict
 from typing import NamedTuple
 
@@ -10,7 +11,7 @@ OURS = "kiv"
 
 
 class Timing(NamedTuple):
-    nanoseconds: float  # of the processor, the least of the repetitions
+    nanoseconds: float  # of the processor, the median of the repetitions
     runs: float  # that the result is made of; 0 where it is not made of runs
 
 
@@ -31,7 +32,7 @@ def read_timings(path):
     timings = defaultdict(dict)
     for name, times in samples.items():
         function, workload, contestant = name.split("/")
-        timings[function, workload][contestant] = Timing(min(times), runs[name])
+        timings[function, workload][contestant] = Timing(statistics.median(times), runs[name])
     return timings
 
 

@@ -78,6 +78,21 @@ struct ByteRow {
 /// places more.
 inline constexpr std::size_t word_runs = word_pixels / 2 + 2;
 
+/// The first column from x on, word by word, with a word that is not all foreground, or all background; where no word
+/// is left, the first column behind all words.
+template <class Pixels>
+int first_mixed_word(const Pixels& pixels, bool foreground, int x, int columns)
+{
+    while (columns - x >= word_pixels) {
+        pixels.fetch_ahead(x);
+        if (!pixels.is_all(foreground, x)) {
+            break;
+        }
+        x += word_pixels;
+    }
+    return x;
+}
+
 /// Appends the maximal runs of the foreground of `rows` rows of `columns` pixels, which row_at(0) and so on are. Rows
 /// come from top to bottom, the runs of one from left to right. Runs is a vector of runs; if it finds no memory, it is
 /// left as it was.
@@ -94,12 +109,10 @@ void append_rows(const RowAt& row_at, int columns, int rows, Runs& runs)
         };
         const auto pixels = row_at(row);
         int x = 0;
-        for (; columns - x >= word_pixels; x += word_pixels) {
-            pixels.fetch_ahead(x);
-            if (!pixels.is_all(at.inside, x)) {
-                at = with_word(pixels.word(x), row, x, at);
-                make_room();
-            }
+        while ((x = first_mixed_word(pixels, at.inside, x, columns)) <= columns - word_pixels) {
+            at = with_word(pixels.word(x), row, x, at);
+            make_room();
+            x += word_pixels;
         }
         if (x < columns) {
             at = with_word(pixels.word(x, columns - x), row, x, at);
