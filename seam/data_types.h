@@ -35,6 +35,9 @@ void create_region(KivRegion& region, Frame frame, RunList runs);
 /// The frame and the runs of an ROI's mask. The runs may be a view of the ROI.
 FramedRuns mask_of(const KivROI& roi);
 
+/// What an ROI's parameters paint of its mask: 255 on 0 in its frame.
+cv::Mat painted_mask_of(KivROI& roi);
+
 /// Whether the mask of the ROI, given as `mask`, has a column once it is painted. Raises the exception that painting
 /// raises if no matrix can have its frame.
 bool has_columns(KivROI& roi, const FramedRuns& mask);

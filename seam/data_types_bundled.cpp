@@ -232,6 +232,12 @@ FramedRuns mask_of(const KivROI& roi)
     return {frame, parameters.MaskRuns()};
 }
 
+cv::Mat painted_mask_of(KivROI& roi)
+{
+    const FramedRuns mask = mask_of(roi);
+    return painted_mask(mask.frame, mask.runs);
+}
+
 bool has_columns(KivROI& /*roi*/, const FramedRuns& mask)
 {
     require_mask_frame(mask.frame);

@@ -66,6 +66,13 @@ bool is_number_kind(int type)
     return type == 0 || type == 1;
 }
 
+Frame get_mask(const IKivROIPara& parameters, RunArrays& arrays)
+{
+    Frame frame;
+    parameters.GetMask(&arrays.rows, &arrays.col_begins, &arrays.col_ends, &frame.width, &frame.height);
+    return frame;
+}
+
 } // namespace
 
 FramedRuns parts_of(KivRegion& region)
@@ -85,11 +92,17 @@ void create_region(KivRegion& region, Frame frame, RunList runs)
 
 FramedRuns mask_of(const KivROI& roi)
 {
-    const IKivROIPara& parameters = parameters_of(roi);
     RunArrays arrays;
-    Frame frame;
-    parameters.GetMask(&arrays.rows, &arrays.col_begins, &arrays.col_ends, &frame.width, &frame.height);
+    const Frame frame = get_mask(parameters_of(roi), arrays);
     return {frame, arrays.list()};
+}
+
+cv::Mat painted_mask_of(KivROI& roi)
+{
+    IKivROIPara& parameters = parameters_of(roi);
+    RunArrays arrays;
+    const Frame frame = get_mask(parameters, arrays);
+    return parameters.ToMAT(arrays.rows, arrays.col_begins, arrays.col_ends, frame.width, frame.height);
 }
 
 bool has_columns(KivROI& roi, const FramedRuns& mask)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/first_member.h"
 #include "roi/roi_types.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
@@ -10,13 +11,6 @@ int KIVMV::KivROIToBinImage(KivImage* image, KivROI& roi)
         return KIVMV_ERR_PARAM_1;
     }
 
-    IKivROIPara& parameters = kiv::parameters_of(roi);
-    KivVarArray rows;
-    KivVarArray col_begins;
-    KivVarArray col_ends;
-    int width = 0;
-    int height = 0;
-    parameters.GetMask(&rows, &col_begins, &col_ends, &width, &height);
-    kiv::matrix_of(*image) = parameters.ToMAT(rows, col_begins, col_ends, width, height);
+    kiv::matrix_of(*image) = kiv::painted_mask_of(roi);
     return KIVMV_OK;
 }
