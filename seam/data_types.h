@@ -45,6 +45,9 @@ bool has_columns(KivROI& roi, const FramedRuns& mask);
 /// Replaces an ROI by a mask of the given frame and runs.
 void become_mask(KivROI& roi, Frame frame, RunList runs);
 
+/// Replaces an ROI by the mask that its parameters find in an image of one channel of bytes.
+void become_mask_of(KivROI& roi, cv::Mat& image);
+
 // Lists of runs.
 
 /// Sorts by row, as signed numbers; runs of one row keep their order.

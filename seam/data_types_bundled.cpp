@@ -250,6 +250,11 @@ void become_mask(KivROI& roi, Frame frame, RunList runs)
     roi.Parameters().GenMask(std::move(runs), frame.width, frame.height);
 }
 
+void become_mask_of(KivROI& roi, cv::Mat& image)
+{
+    become_mask(roi, {image.cols, image.rows}, runs_of_image(image, MaskBytes::as_stored));
+}
+
 void sort_by_row(RunList& runs)
 {
     KivRuns::SortByRow(runs);

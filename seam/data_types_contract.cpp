@@ -123,6 +123,15 @@ void become_mask(KivROI& roi, Frame frame, RunList runs)
     parameters_of(roi).GenMask(arrays.rows, arrays.col_begins, arrays.col_ends, frame.width, frame.height);
 }
 
+void become_mask_of(KivROI& roi, cv::Mat& image)
+{
+    IKivROIPara& parameters = parameters_of(roi);
+    RunArrays arrays;
+    Frame frame;
+    parameters.MatToMask(image, &arrays.rows, &arrays.col_begins, &arrays.col_ends, &frame.width, &frame.height);
+    parameters.GenMask(arrays.rows, arrays.col_begins, arrays.col_ends, frame.width, frame.height);
+}
+
 void sort_by_row(RunList& runs)
 {
     std::stable_sort(runs.begin(), runs.end(),

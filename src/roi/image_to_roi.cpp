@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/first_member.h"
+#include "seam/data_types.h"
 
 #include <KivDataConvert/KivDataConvert.h>
 
@@ -15,13 +16,6 @@ int KIVMV::KivBinImageToROI(KivImage& image, KivROI* out)
         return KIVMV_ERR_BIT_DEPTH;
     }
 
-    IKivROIPara& parameters = kiv::parameters_of(*out);
-    KivVarArray rows;
-    KivVarArray col_begins;
-    KivVarArray col_ends;
-    int width = 0;
-    int height = 0;
-    parameters.MatToMask(kiv::matrix_of(image), &rows, &col_begins, &col_ends, &width, &height);
-    parameters.GenMask(rows, col_begins, col_ends, width, height);
+    kiv::become_mask_of(*out, kiv::matrix_of(image));
     return KIVMV_OK;
 }
