@@ -11,11 +11,8 @@ namespace kivcommon
 /// How many pixels of a run are written at once, as how long short runs are can hardly be guessed.
 inline constexpr int pixels_at_once = 4;
 
-/// Room for a batch of so many pixels, and those that may be written beyond.
-inline constexpr std::size_t room_for_batch(std::size_t full)
-{
-    return full + 2 * pixels_at_once;
-}
+/// How many pixels more than `full` a batch has room for.
+inline constexpr std::size_t spare_pixels = 2 * pixels_at_once;
 
 /// Lists the pixels of runs in batches that stay in the nearest cache. So lists that they are appended to need not be
 /// cleared first.

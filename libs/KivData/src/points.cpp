@@ -37,7 +37,7 @@ public:
 private:
     std::vector<KivPoint>& points_;
     union { // whose members are not cleared
-        KivPoint some_[kivcommon::room_for_batch(full)];
+        KivPoint some_[full + kivcommon::spare_pixels];
     };
 };
 

@@ -66,8 +66,8 @@ private:
 
     std::vector<int>& columns_;
     std::vector<int>& rows_;
-    int some_columns_[kivcommon::room_for_batch(full)];
-    int some_rows_[kivcommon::room_for_batch(full)];
+    int some_columns_[full + kivcommon::spare_pixels];
+    int some_rows_[full + kivcommon::spare_pixels];
 };
 
 } // namespace
