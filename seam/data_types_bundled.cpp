@@ -102,7 +102,7 @@ void reach_to(const Pixel& pixel, PixelRuns& made)
     made.largest_row = std::max(made.largest_row, pixel.row);
 }
 
-/// Appends the runs of the pixels from `i` on, where there is one, and reaches to those that are left out; false if a
+/// Makes the runs of the pixels from `i` on, which has one, and notes how far those reach that are left out; false if a
 /// pixel comes out of order.
 ///
 /// Where short runs end can hardly be guessed, so that it decides about numbers, not about a branch; long runs are

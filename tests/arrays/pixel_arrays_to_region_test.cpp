@@ -123,6 +123,11 @@ TEST(PixelArraysToRegion, TheLargestColumnAndTheLargestRowMayComeFromDifferentPi
     expect_region({6, 0}, {0, 3}, KivRegion(7, 4, {{0, 6, 6}, {3, 0, 0}}));
 }
 
+TEST(PixelArraysToRegion, TheLargestColumnMayBeOnTheFirstRow)
+{
+    expect_region({2, 7, 1}, {1, 1, 3}, KivRegion(8, 4, {{1, 2, 2}, {1, 7, 7}, {3, 1, 1}}));
+}
+
 TEST(PixelArraysToRegion, PixelsWithANegativeCoordinateAreLeftOut)
 {
     expect_region({-1, 4}, {3, 3}, KivRegion(5, 4, {{3, 4, 4}}));
@@ -135,6 +140,7 @@ TEST(PixelArraysToRegion, APixelThatIsLeftOutStillEnlargesTheFrame)
 {
     expect_region({-1, 4}, {9, 3}, KivRegion(5, 10, {{3, 4, 4}}));
     expect_region({8, 4}, {-2, 3}, KivRegion(9, 4, {{3, 4, 4}}));
+    expect_region({4, 5, 9, -1}, {3, 3, -2, 8}, KivRegion(10, 9, {{3, 4, 5}}));
 }
 
 TEST(PixelArraysToRegion, AllPixelsMayBeLeftOut)

@@ -12,6 +12,7 @@
 namespace
 {
 
+/// Points that are appended to a list at once.
 class PointBatch
 {
 public:

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Stable sorts of runs. Rows are sorted by radix in base 256, from their lowest byte to the highest. A byte that all of
-// them share needs no pass, so ordinary rows take two. Few runs are inserted instead, as a
-// pass has a cost of its own.
+// them share needs no pass, so ordinary rows take two. Few runs are inserted instead, as a pass
+// has a cost of its own.
 #pragma once
 
 #include "run_neighbours.h"

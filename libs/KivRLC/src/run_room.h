@@ -19,7 +19,7 @@ struct Progress {
     std::size_t all;
 };
 
-/// Room at the end of a vector of runs, points or numbers, written to through a pointer, which costs less than to
+/// Room at the end of a vector of runs or points, written to through a pointer, which costs less than to
 /// append one by one. In the end the vector has what it had before and what was kept, and no room.
 ///
 /// Where the vector has to grow, it grows to what the work will come to if it goes on as it began, since moving a list
