@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <numeric>
 #include <vector>
@@ -53,6 +54,23 @@ TEST(PixelArraysToRegion, PixelsApartAreRunsOfTheirOwn)
 TEST(PixelArraysToRegion, NeighboursInARowAreOneRun)
 {
     expect_region({5, 4, 3, 5}, {1, 1, 1, 2}, KivRegion(6, 3, {{1, 3, 5}, {2, 5, 5}}));
+}
+
+// Few pixels in a large frame are sorted, where others go through a mask.
+TEST(PixelArraysToRegion, FewPixelsFarApartMayComeInAnyOrder)
+{
+    for (int first = 0; first < 5; ++first) {
+        for (int second = 0; second < 5; ++second) {
+            SCOPED_TRACE(first * 10 + second);
+            const int left = std::min(first, second);
+            const int right = std::max(first, second);
+            std::vector<::Run> runs = {{1, left, right}, {50, 50, 50}};
+            if (right - left > 1) {
+                runs = {{1, left, left}, {1, right, right}, {50, 50, 50}};
+            }
+            expect_region({50, first, second}, {50, 1, 1}, KivRegion(51, 51, runs));
+        }
+    }
 }
 
 TEST(PixelArraysToRegion, ARunEndsWithItsRow)

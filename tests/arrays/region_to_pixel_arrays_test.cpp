@@ -94,6 +94,15 @@ TEST(RegionToPixelArrays, RowsOutsideOfTheFrameGiveNothing)
     expect_pixels(KivRegion(3, 2, {{-1, 0, 2}, {2, 0, 2}, {INT_MIN, 0, 2}, {INT_MAX, 0, 2}, {1, 0, 0}}), {0}, {1});
 }
 
+TEST(RegionToPixelArrays, ARunAtAnySideOfTheFrameGivesWhatLiesInIt)
+{
+    expect_pixels(KivRegion(3, 2, {{1, 2, 3}}), {2}, {1});
+    expect_pixels(KivRegion(3, 2, {{0, -1, 0}}), {0}, {0});
+    expect_pixels(KivRegion(3, 2, {{0, 0, 2}, {1, 0, 2}}), {0, 1, 2, 0, 1, 2}, {0, 0, 0, 1, 1, 1});
+    expect_pixels(KivRegion(3, 2, {{-1, 0, 2}}), {}, {});
+    expect_pixels(KivRegion(3, 2, {{2, 0, 2}}), {}, {});
+}
+
 TEST(RegionToPixelArrays, ARunThatEndsBeforeItBeginsGivesNothing)
 {
     expect_pixels(KivRegion(9, 1, {{0, 5, 4}, {0, 7, 2}, {0, 8, 8}}), {8}, {0});

@@ -199,6 +199,30 @@ TEST(RunImages, LongLabelsEndWhereTheirPixelsDo)
     }
 }
 
+// Long labels are looked for by comparing each pixel with the one before it.
+TEST(RunImages, LabelsThatTakeTurnsAreToldApart)
+{
+    cv::Mat labels(1, 100, CV_8UC1);
+    for (int x = 0; x < labels.cols; ++x) {
+        labels.at<std::uint8_t>(x) = static_cast<std::uint8_t>(1 + x % 2);
+    }
+    const std::vector<KivRuns::LabelledSet> sets = KivRuns::FromLabels(labels);
+    ASSERT_EQ(sets.size(), 2U);
+    EXPECT_EQ(sets[0].set, range_of<std::uint8_t>(labels, 1, 1));
+    EXPECT_EQ(sets[1].set, range_of<std::uint8_t>(labels, 2, 2));
+    EXPECT_EQ(sets[0].set.Runs().size(), 50U);
+}
+
+TEST(RunImages, TheFirstLabelMayBeAny)
+{
+    for (const std::int32_t label : {-1, 1, INT_MIN, INT_MAX}) {
+        const std::vector<KivRuns::LabelledSet> sets = KivRuns::FromLabels(cv::Mat(1, 1, CV_32SC1, cv::Scalar(label)));
+        ASSERT_EQ(sets.size(), 1U);
+        EXPECT_EQ(sets[0].label, label);
+        EXPECT_EQ(runs_of(sets[0].set), (Runs{{0, 0, 0}}));
+    }
+}
+
 TEST(RunImages, PaintWhatLiesInTheImage)
 {
     const KivRunSet set{{-1, 0, 9}, {0, -5, 1}, {0, 3, 3}, {1, 2, 9}, {1, 12, INT_MAX}, {3, 0, 0}};
