@@ -2,6 +2,7 @@
 #include "algebra/complement.h"
 
 #include "common/checked_count.h"
+#include "common/full_rows.h"
 #include "foundation/run_writer.h"
 #include "seam/data_types.h"
 
@@ -29,8 +30,10 @@ int right_of(int column)
 /// Writes full rows from `first` to just before `stop`.
 void write_full_rows(std::int64_t first, std::int64_t stop, int last_column, RunWriter& out)
 {
-    for (; first < stop; ++first) {
-        out.push_back({static_cast<int>(first), 0, last_column});
+    constexpr std::int64_t at_once = RunWriter::at_once;
+    for (; first < stop; first += at_once) {
+        const std::int64_t behind = std::min(first + at_once, stop);
+        out.written_up_to(kivcommon::write_full_rows(first, behind, 0, last_column, out.place()));
     }
 }
 
@@ -52,8 +55,9 @@ void write_full_rows(std::int64_t first, std::int64_t stop, int last_column, Run
         }
         next = out.place_behind(next);
     }
-    *next = {row, right_of(end_of(run[-1])), last_column};
-    out.written_up_to(next + (end_of(run[-1]) != last_column ? 1 : 0));
+    const int last = end_of(run[-1]);
+    *next = {row, right_of(last), last_column};
+    out.written_up_to(next + (last != last_column ? 1 : 0));
     return run;
 }
 
@@ -90,10 +94,10 @@ std::optional<RunList> complement_of_ascending(RunView runs, Frame frame, LastRo
     const Run* const stop = rule == LastRowOfComplement::like_any ? end : end - last_row(runs).size();
     for (const Run* run = runs.data(); run != stop;) {
         const Run* const row_end = write_gaps(run, end, last_column, out);
-        if (row_end != end && (row_of(*row_end) <= row_of(*run) || row_of(*row_end) > last)) {
-            return std::nullopt;
-        }
-        if (row_end != end && row_of(*row_end) - std::int64_t{row_of(*run)} > 1) {
+        if (row_end != end && row_of(*row_end) - std::int64_t{row_of(*run)} != 1) {
+            if (row_of(*row_end) <= row_of(*run) || row_of(*row_end) > last) {
+                return std::nullopt;
+            }
             take_gaps_back(run, row_end, last_column, out);
             write_full_rows(std::int64_t{row_of(*run)} + 1, row_of(*row_end), last_column, out);
             write_gaps(run, row_end, last_column, out);

@@ -97,8 +97,8 @@ void join_rows_of_a(RunView a, RowsOfB& rows_of_b, const JoinRules& rules, RunWr
             rows_of_b.take(row_of(rest.back()));
             group = rest;
         }
+        out.go_on_to(a.size() - rest.size() + group.size() / 2, a.size()); // lists grow in the midst of a group
         rest = rest.subspan(group.size());
-        out.go_on_to(a.size() - rest.size(), a.size());
         if (partners) {
             combine_row(group, *partners, out);
         } else if (rules.rows_only_in_a == UnmatchedRows::kept) {

@@ -34,7 +34,7 @@ public:
     /// Where the next run goes.
     Run* place()
     {
-        if (next_ > few_ + at_once) {
+        if (next_ > few_ + copied_behind) {
             make_room();
         }
         return next_;
@@ -82,13 +82,16 @@ public:
     }
 
 private:
+    /// With more runs than that, those that are there are copied before the next ones are written.
+    static constexpr std::size_t copied_behind = 100;
+
     [[gnu::noinline]] void make_room()
     {
         const std::size_t count = runs_.size() + static_cast<std::size_t>(next_ - few_);
         if (count > runs_.capacity()) {
             runs_.reserve(done_ == 0 && count <= expected_ ? expected_ : extrapolated(count));
         }
-        kivcommon::fetch_room_ahead(runs_, at_once);
+        kivcommon::fetch_room_ahead(runs_, static_cast<std::size_t>(next_ - few_));
         copy_few();
     }
 
@@ -108,7 +111,7 @@ private:
     std::size_t done_ = 0;
     std::size_t all_ = 0;
     RunList runs_;
-    Run few_[2 * at_once];
+    Run few_[copied_behind + at_once];
     Run* next_ = few_;
 };
 

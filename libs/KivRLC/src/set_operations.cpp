@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "common/checked_count.h"
+#include "common/full_rows.h"
 #include "row_sweep.h"
 #include "run_set_access.h"
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <utility>
 
 namespace
@@ -20,26 +22,32 @@ KivRunSet combined(const KivRunSet& a, const KivRunSet& b)
 class RestOfBox
 {
 public:
-    RestOfBox(const KivRunBox& box, Run* out) : box_(box), row_(box.rowBegin), begin_(box.colBegin), out_(out) {}
+    RestOfBox(const KivRunBox& box, Run* out)
+        : box_(box), row_(std::int64_t{box.rowBegin} - 1), begin_(std::int64_t{box.colEnd} + 1), out_(out)
+    {
+    }
 
-    /// Writes all rows above this one.
-    void write_above(std::int64_t row)
+    /// Writes what is left of a row, and all rows down to the given one, at whose begin it goes on.
+    void go_on_to(std::int64_t row)
     {
         write_up_to(box_.colEnd);
-        for (++row_; row_ < row; ++row_) {
-            *out_++ = {static_cast<int>(row_), box_.colBegin, box_.colEnd};
+        if (row_ + 1 < row) {
+            out_ = kivcommon::write_full_rows(row_ + 1, row, box_.colBegin, box_.colEnd, out_);
         }
+        row_ = row;
         begin_ = box_.colBegin;
     }
 
-    /// Writes what is left of a run and leaves the run out.
-    void leave_out(const Run& run)
+    /// Writes the gaps left of the runs of a row; where the next row begins.
+    const Run* leave_row_out(const Run* run, const Run* end)
     {
-        if (run.row != row_) {
-            write_above(run.row);
-        }
-        write_up_to(std::min<std::int64_t>(std::int64_t{run.colBegin} - 1, box_.colEnd));
-        begin_ = std::max(begin_, std::int64_t{run.colEnd} + 1);
+        const int row = run->row;
+        do {
+            write_up_to(std::min<std::int64_t>(std::int64_t{run->colBegin} - 1, box_.colEnd));
+            begin_ = std::max(begin_, std::int64_t{run->colEnd} + 1);
+            ++run;
+        } while (run != end && run->row == row);
+        return run;
     }
 
     const Run* end() const { return out_; }
@@ -97,13 +105,20 @@ KivRunSet KivRunSet::Complement(const KivRunBox& box) const
     const Run* const end = kivrlc::behind_row(runs, box.rowEnd);
     const std::int64_t rows = std::int64_t{box.rowEnd} - box.rowBegin + 1;
     // A row has at most one gap more than it has runs, and one run may be written, but not counted.
-    kivrlc::RunBuffer gaps(kivcommon::checked_count<Run>(rows + (end - first) + 1));
-    RestOfBox rest(box, gaps.data());
-    for (const Run* run = first; run < end; ++run) {
-        rest.leave_out(*run);
+    const std::size_t most = kivcommon::checked_count<Run>(rows + (end - first) + 1);
+    Run few[128]; // where few gaps are made, as memory for just as many may take much less time than for the most
+    kivrlc::RunBuffer gaps(most > std::size(few) ? most : 0);
+    RestOfBox rest(box, gaps.empty() ? few : gaps.data());
+    for (const Run* run = first; run != end;) {
+        rest.go_on_to(run->row);
+        run = rest.leave_row_out(run, end);
     }
-    rest.write_above(std::int64_t{box.rowEnd} + 1);
-    gaps.resize(static_cast<std::size_t>(rest.end() - gaps.data()));
+    rest.go_on_to(std::int64_t{box.rowEnd} + 1);
+    if (gaps.empty()) {
+        gaps.assign(static_cast<const Run*>(few), rest.end());
+    } else {
+        gaps.resize(static_cast<std::size_t>(rest.end() - gaps.data()));
+    }
     return kivrlc::set_of_canonical(std::move(gaps));
 }
 
