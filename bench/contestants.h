@@ -36,6 +36,7 @@ void enter_floors_of_contours(Workload& work);
 void enter_floors_of_contour_arrays(Workload& work);
 void enter_floors_of_set_operations(Workload& work);
 void enter_floors_of_unions(Workload& work);
+void enter_floors_of_run_shapes(Workload& work);
 
 // radixsort, which has workloads of its own, and its peers.
 void enter_sorts();

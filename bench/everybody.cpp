@@ -53,6 +53,7 @@ void enter_unions(Workload& work)
 void enter_run_shapes(Workload& work)
 {
     enter_kiv_run_shapes(work);
+    enter_floors_of_run_shapes(work);
     enter_opencv_run_shapes(work);
 #ifdef KIV_BENCH_OPENCV_RUNS
     enter_opencv_runs_morphology(work);
@@ -67,11 +68,13 @@ void enter_growth()
         enter_kiv_raster(*work);
         enter_kiv_rois(*work);
         enter_kiv_set_operations(*work);
+        enter_kiv_run_sets(*work);
         enter_kiv_unions(*work);
         enter_kiv_run_shapes(*work);
         enter_floors(*work);
         enter_floors_of_set_operations(*work);
         enter_floors_of_unions(*work);
+        enter_floors_of_run_shapes(*work);
     }
     for (Workload* work : growing_outline()) {
         enter_kiv_contours(*work);

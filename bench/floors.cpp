@@ -6,9 +6,13 @@
 #include <KivRLC/KivRLC.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
+#include <tuple>
 #include <utility>
+#include <vector>
 
 namespace bench
 {
@@ -52,18 +56,38 @@ void enter_copied_runs(const char* function, Workload& work)
 }
 
 /// Both lists merged into one by row: every run read and written once.
-void enter_merge(const std::string& name, Workload& work)
+void enter_merge(const char* function, Workload& work)
 {
-    for (const char* kind : {"KivRegion", "KivROI"}) {
-        enter(kind + name, work, "floor:merge", [&work] {
-            const std::vector<Run>& a = work.a.runs();
-            const std::vector<Run>& b = work.b.runs();
-            std::vector<Run> merged(a.size() + b.size());
-            std::merge(a.begin(), a.end(), b.begin(), b.end(), merged.begin(),
-                       [](const Run& left, const Run& right) { return left.row < right.row; });
-            return Unshown{std::move(merged)};
-        });
-    }
+    enter(function, work, "floor:merge", [&work] {
+        const std::vector<Run>& a = work.a.runs();
+        const std::vector<Run>& b = work.b.runs();
+        std::vector<Run> merged(a.size() + b.size());
+        std::merge(a.begin(), a.end(), b.begin(), b.end(), merged.begin(),
+                   [](const Run& left, const Run& right) { return left.row < right.row; });
+        return Unshown{std::move(merged)};
+    });
+}
+
+struct RunsRead {
+    std::int64_t pixels;
+    std::size_t runs;
+};
+
+Outcome outcome_of(const RunsRead& read)
+{
+    return {cv::Mat(), static_cast<double>(read.runs)};
+}
+
+/// Every run read once.
+void enter_read_runs(const char* function, Workload& work)
+{
+    enter(function, work, "floor:read", [&a = work.a] {
+        RunsRead read{0, a.runs().size()};
+        for (const Run& run : a.runs()) {
+            read.pixels += std::int64_t{run.colEnd} - run.colBegin + 1;
+        }
+        return read;
+    });
 }
 
 /// The pixels painted into a mask of the shape's size, and its runs extracted.
@@ -132,14 +156,41 @@ void bench::enter_floors_of_contour_arrays(Workload& work)
 
 void bench::enter_floors_of_set_operations(Workload& work)
 {
-    enter_merge("And", work);
-    enter_merge("Sub", work);
-    for (const char* function : {"KivRegionNot", "KivROINot"}) {
+    for (const char* function : {"KivRegionAnd", "KivROIAnd", "KivRegionSub", "KivROISub", "KivRunSetUnion",
+                                 "KivRunSetIntersection", "KivRunSetDifference", "KivRunSetSymmetricDifference"}) {
+        enter_merge(function, work);
+    }
+    for (const char* function : {"KivRegionNot", "KivROINot", "KivRunSetComplement"}) {
         enter_copied_runs(function, work);
     }
 }
 
 void bench::enter_floors_of_unions(Workload& work)
 {
-    enter_merge("Add", work);
+    enter_merge("KivRegionAdd", work);
+    enter_merge("KivROIAdd", work);
+}
+
+void bench::enter_floors_of_run_shapes(Workload& work)
+{
+    enter("KivRunSet::Contains", work, "floor:halving", [&a = work.a] {
+        const std::vector<Run>& runs = a.runs();
+        const std::vector<cv::Point>& positions = a.positions();
+        return std::count_if(positions.begin(), positions.end(), [&runs](const cv::Point& at) {
+            const auto behind =
+                std::upper_bound(runs.begin(), runs.end(), at, [](const cv::Point& pixel, const Run& run) {
+                    return std::tie(pixel.y, pixel.x) < std::tie(run.row, run.colBegin);
+                });
+            return behind != runs.begin() && behind[-1].row == at.y && at.x <= behind[-1].colEnd;
+        });
+    });
+    for (const char* function : {"KivRuns::BoundingBox", "KivRuns::Area", "KivRuns::Centroid", "KivRuns::MomentsOf",
+                                 "KivRuns::EulerNumber", "KivRuns::CroftonPerimeter"}) {
+        enter_read_runs(function, work);
+    }
+    for (const char* function :
+         {"KivRuns::NumberComponents", "KivRuns::SummarizeComponents", "KivRuns::MeasureComponents",
+          "KivRuns::FillHoles", "KivRuns::Dilate", "KivRuns::Erode", "KivRuns::FeretDiametersOf"}) {
+        enter_copied_runs(function, work);
+    }
 }

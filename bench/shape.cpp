@@ -32,6 +32,17 @@ std::vector<Run> runs_in(const cv::Mat& mask)
     return runs;
 }
 
+std::vector<cv::Point> positions_in(cv::Size frame)
+{
+    std::vector<cv::Point> positions(1000);
+    cv::RNG random(6);
+    for (cv::Point& position : positions) {
+        position.x = random.uniform(0, frame.width);
+        position.y = random.uniform(0, frame.height);
+    }
+    return positions;
+}
+
 std::vector<cv::Point> pixels_in(const cv::Mat& mask)
 {
     std::vector<cv::Point> pixels;
@@ -105,7 +116,8 @@ Shape::Shape(cv::Mat foreground)
       }),
       longest_pixels([this] { return pixel_arrays(longest_chain()); }),
       longest_points([this] { return points_at(longest_chain()); }),
-      run_arrays([this] { return arrays_of(runs()); })
+      run_arrays([this] { return arrays_of(runs()); }),
+      positions([this] { return positions_in(mask.size()); })
 {
 }
 

@@ -7,6 +7,9 @@
 #include <KivRLC/KivRunMeasures.h>
 #include <KivRLC/KivRunMorphology.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace
 {
 
@@ -17,6 +20,12 @@ constexpr auto connectivity = KivRuns::Connectivity::Eight;
 void bench::enter_kiv_run_shapes(Workload& work)
 {
     Shape& a = work.a;
+    enter("KivRunSet::Contains", work, "kiv", [&a] {
+        const KivRunSet& set = a.run_set();
+        const std::vector<cv::Point>& positions = a.positions();
+        return std::count_if(positions.begin(), positions.end(),
+                             [&set](const cv::Point& at) { return set.Contains(at.x, at.y); });
+    });
     enter("KivRuns::BoundingBox", work, "kiv", [&a] { return KivRuns::BoundingBox(a.run_set()); });
     enter("KivRuns::Area", work, "kiv", [&a] { return a.run_set().Area(); });
     enter("KivRuns::Centroid", work, "kiv", [&a] { return KivRuns::Centroid(a.run_set()); });

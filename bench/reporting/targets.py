@@ -64,6 +64,13 @@ def nanoseconds(target, timings, _memory):
             yield Finding(function, workload, contestants[OURS].nanoseconds, "")
 
 
+def nanoseconds_per_run(target, timings, _memory):
+    """For each run that is read."""
+    for (function, workload), contestants in timings.items():
+        if target.concerns(function, workload) and OURS in contestants:
+            yield Finding(function, workload, contestants[OURS].nanoseconds / contestants[target.against].runs, "")
+
+
 def growth(_target, timings, _memory):
     for (function, contestant), exponent in exponents(timings).items():
         if contestant == OURS:
@@ -99,6 +106,7 @@ MEASURES = {
     "time": time_ratios,
     "time per run": time_per_run_ratios,
     "nanoseconds": nanoseconds,
+    "nanoseconds per run": nanoseconds_per_run,
     "exponent": growth,
     "exponent beyond": growth_beyond,
     "allocations": allocations,
