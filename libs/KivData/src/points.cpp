@@ -4,6 +4,7 @@
 #include "argument_checks.h"
 #include "common/fetch_ahead.h"
 #include "common/pixel_batches.h"
+#include "common/reserve_more.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -68,10 +69,7 @@ void KivPointArray::AppendPixels(KivRunView runs)
         pixels += static_cast<std::uint64_t>(std::max<std::int64_t>(std::int64_t{run.colEnd} - run.colBegin + 1, 0));
     }
     kivdata::check_room("KivPointArray", points_.size(), pixels);
-    const auto added = static_cast<std::size_t>(pixels);
-    if (points_.capacity() - points_.size() < added) {
-        points_.reserve(std::max(points_.size() + added, points_.empty() ? 0 : 2 * points_.size()));
-    }
+    kivcommon::reserve_more(points_, static_cast<std::size_t>(pixels));
     PointBatch batch(points_);
     kivcommon::list_pixels(runs, batch);
 }

@@ -6,6 +6,7 @@
 #include <KivRLC/KivPolygonFill.h>
 
 #include "common/fetch_ahead.h"
+#include "common/reserve_more.h"
 #include "polygon_edge.h"
 
 #include <algorithm>
@@ -236,9 +237,7 @@ void KivPolygonFill::AddRounded(const double* coordinates, std::size_t count)
 /// For the stretches of a polygon whose corners are neighbours.
 void KivPolygonFill::MakeRoom(std::size_t corners)
 {
-    if (stretches_.capacity() - stretches_.size() <= corners) {
-        stretches_.reserve(std::max(2 * stretches_.size(), stretches_.size() + corners + 1));
-    }
+    kivcommon::reserve_more(stretches_, corners + 1);
 }
 
 void KivPolygonFill::AddStretch(std::int64_t row, std::int64_t begin, std::int64_t end, bool flips)

@@ -2,6 +2,7 @@
 #include "common/checked_count.h"
 #include "common/fetch_ahead.h"
 #include "common/pixel_batches.h"
+#include "common/reserve_more.h"
 #include "row_sort.h"
 #include "row_sweep.h"
 #include "run_room.h"
@@ -26,13 +27,6 @@ bool is_out_of_order(const Run& run, const Run& next)
 std::int64_t length_of(const Run& run)
 {
     return std::max<std::int64_t>(std::int64_t{run.colEnd} - run.colBegin + 1, 0);
-}
-
-void reserve_more(std::vector<int>& list, std::size_t more)
-{
-    if (list.capacity() - list.size() < more) {
-        list.reserve(std::max(list.size() + more, 2 * list.size())); // many may append a little each
-    }
 }
 
 /// Pixels that are appended to two lists at once.
@@ -105,8 +99,8 @@ void KivRuns::AppendPixels(KivRunView runs, std::vector<int>& columns, std::vect
         pixels += length_of(run);
     }
     const std::size_t more = kivcommon::checked_count<int>(pixels);
-    reserve_more(columns, more);
-    reserve_more(rows, more);
+    kivcommon::reserve_more(columns, more);
+    kivcommon::reserve_more(rows, more);
     PixelBatch batch(columns, rows);
     kivcommon::list_pixels(runs, batch);
 }

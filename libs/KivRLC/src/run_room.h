@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "common/reserve_more.h"
+
 #include <KivRLC/KivRun.h>
 
 #include <algorithm>
@@ -33,9 +35,7 @@ public:
     /// Has room for so many runs at first.
     RunRoom(Runs& runs, std::size_t expected) : runs_(runs), size_(runs.size())
     {
-        if (runs_.capacity() - size_ < expected) {
-            runs_.reserve(std::max(size_ + expected, 2 * size_)); // many may append a little each
-        }
+        kivcommon::reserve_more(runs_, expected);
         make_room(size_, 0);
     }
     RunRoom(const RunRoom&) = delete;
