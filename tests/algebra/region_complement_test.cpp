@@ -184,6 +184,30 @@ TEST(RegionComplement, OfLongRowsAndManyRows)
     }
 }
 
+TEST(RegionComplement, OfALongRowBehindShortOnes)
+{
+    constexpr int count = 150;
+    constexpr int last_column = 4 * count;
+    for (int row = 0; row < 130; ++row) { // the long one
+        Runs runs;
+        Runs expected;
+        for (int above = 0; above < row; ++above) {
+            runs.push_back({above, 2, 3});
+            expected.insert(expected.end(), {{above, 0, 1}, {above, 4, last_column}});
+        }
+        expected.push_back({row, 0, 1});
+        for (int i = 0; i < count; ++i) {
+            runs.push_back({row, 4 * i + 2, 4 * i + 3});
+            if (i > 0) {
+                expected.push_back({row, 4 * i - 1, 4 * i + 3});
+            }
+        }
+        expected.push_back({row, last_column, last_column});
+        runs.push_back({row + 1, 0, last_column});
+        EXPECT_TRUE(same(complement(runs, last_column + 1, row + 2), expected)) << row;
+    }
+}
+
 TEST(RegionComplement, RowsFarBelowThatComeFirstTakeNoLongerThanInOrder)
 {
     const Runs in_order = complement({{0, 0, 0}, {1, 0, 0}, {3000000, 0, 0}, {3000001, 0, 1}}, 2, 1);

@@ -314,6 +314,24 @@ TEST(RegionUnionListEnds, TheLastRowOfBIsPairedLikeAnyOther)
 }
 
 // ---------------------------------------------------------------------------------------------------------------
+// Many rows
+
+TEST(RegionUnion, OfManyRowsOfOneRunEach)
+{
+    for (const int rows : {63, 64, 65, 127, 128, 129, 600}) {
+        Runs a;
+        Runs b;
+        Runs both;
+        for (int row = 0; row < rows; ++row) {
+            a.push_back({row, 0, 1});
+            b.push_back({row, 4, 5});
+            both.insert(both.end(), {a.back(), b.back()});
+        }
+        EXPECT_TRUE(same(sum(KivRegion(6, rows, a), KivRegion(6, rows, b)), KivRegion(6, rows, both))) << rows;
+    }
+}
+
+// ---------------------------------------------------------------------------------------------------------------
 // One object as both operands
 
 TEST(RegionUnionWithItself, PairsEveryRowWithItself)

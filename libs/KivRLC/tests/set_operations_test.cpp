@@ -276,6 +276,19 @@ TEST(RunSetOperations, ComplementWithinABox)
     EXPECT_EQ(runs_of(KivRunSet().Complement({4, 5, -1, 1})), (Runs{{4, -1, 1}, {5, -1, 1}}));
 }
 
+TEST(RunSetOperations, ComplementOfAsManyGapsAsThereCanBe)
+{
+    for (const int rows : {1, 24, 25, 26, 42, 43, 100}) {
+        Runs runs;
+        Runs gaps;
+        for (int row = 0; row < rows; ++row) {
+            runs.insert(runs.end(), {{row, 2, 2}, {row, 4, 4}});
+            gaps.insert(gaps.end(), {{row, 0, 1}, {row, 3, 3}, {row, 5, 6}});
+        }
+        EXPECT_EQ(runs_of(KivRunSet(runs).Complement({0, rows - 1, 0, 6})), gaps) << rows;
+    }
+}
+
 TEST(RunSetOperations, ComplementWhereIntsEnd)
 {
     const KivRunSet ends{{INT_MAX, INT_MIN, INT_MIN}, {INT_MAX, INT_MAX, INT_MAX}};
