@@ -34,7 +34,7 @@ std::vector<Run> runs_in(const cv::Mat& mask)
 
 std::vector<cv::Point> positions_in(cv::Size frame)
 {
-    std::vector<cv::Point> positions(1000);
+    std::vector<cv::Point> positions(200);
     cv::RNG random(6);
     for (cv::Point& position : positions) {
         position.x = random.uniform(0, frame.width);

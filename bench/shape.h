@@ -52,7 +52,7 @@ public:
     Lazy<Pixels> longest_pixels;
     Lazy<KivPointArray> longest_points;
     Lazy<RunArrays> run_arrays;
-    Lazy<std::vector<cv::Point>> positions; // of a thousand pixels at random, of the shape or not
+    Lazy<std::vector<cv::Point>> positions; // of 200 pixels at random, of the shape or not
 };
 
 } // namespace bench
