@@ -10,7 +10,7 @@ namespace kivcommon
 
 /// Writes a run from `begin` to `end` for each row from `first` to just before `stop`; where the next one goes. The
 /// columns, which are the same on all rows, are written as one, since it is the number of writes that takes the time.
-/// Not inlined, as where few rows are full the others take less time so.
+/// Not inlined, as that would slow down the loops around it where few rows are full.
 template <class Run>
 [[gnu::noinline]] Run* write_full_rows(std::int64_t first, std::int64_t stop, int begin, int end, Run* out)
 {
