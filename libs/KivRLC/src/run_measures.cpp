@@ -6,6 +6,7 @@
 // lines, and likewise for diagonal ones; runs count those of horizontal lines.
 #include "run_measures.h"
 
+#include "bit_rows.h"
 #include "run_checks.h"
 #include "run_sums.h"
 
@@ -80,8 +81,20 @@ std::int64_t KivRuns::EulerNumber(const KivRunSet& set, Connectivity connectivit
 {
     auto number = static_cast<std::int64_t>(set.Runs().size());
     const std::int64_t reach = kivrlc::reach_of(connectivity);
-    kivrlc::for_each_near_pair(set.Runs(), [&number, reach](const Run& above, const Run& run) {
-        number -= kivrlc::touch(above, run, reach) ? 1 : 0;
+    kivrlc::BitRows bit_rows(reach);
+    kivrlc::for_each_row(set.Runs(), [&](const Run* above, const Run* above_end, const Run* run, const Run* row_end) {
+        if (above == above_end) {
+            return;
+        }
+        const kivrlc::RowRuns upper{above, above_end};
+        const kivrlc::RowRuns lower{run, row_end};
+        if (!kivrlc::BitRows::suit(upper, lower)) {
+            kivrlc::for_each_near_pair(upper, lower, [&number, reach](const Run& of_upper, const Run& of_lower) {
+                number -= kivrlc::touch(of_upper, of_lower, reach) ? 1 : 0;
+            });
+            return;
+        }
+        number -= bit_rows.touching_pairs(upper, lower);
     });
     return number;
 }

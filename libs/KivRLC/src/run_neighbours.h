@@ -30,6 +30,9 @@ inline bool ends_before(const Run& run, const Run& other, std::int64_t reach)
 inline const Run* end_of_row(const Run* run, const Run* end)
 {
     const int row = run->row;
+    if (run + 1 == end || run[1].row != row) { // as most rows of shapes are
+        return run + 1;
+    }
     constexpr std::ptrdiff_t stride = 4; // runs are looked at by fours first, as rows may be long
     while (end - run > stride && run[stride].row == row) {
         run += stride;
@@ -59,19 +62,44 @@ inline bool touch(const Run& run, const Run& other, std::int64_t reach)
     return (static_cast<int>(ends_before(run, other, reach)) | static_cast<int>(ends_before(other, run, reach))) == 0;
 }
 
-/// Calls `visit(upper, lower)` for pairs of runs in neighbouring rows, among which are all that touch.
+/// Calls `visit(upper, lower)` for pairs of runs of a row and the one above, among which are all that touch. In rows of
+/// shapes, most runs have one run below them and go on together with it, which can be guessed.
+template <class Visit>
+void for_each_near_pair(RowRuns above, RowRuns row, Visit visit)
+{
+    const Run* upper = above.begin;
+    const Run* lower = row.begin;
+    if (upper + 1 == above.end && lower + 1 == row.end) { // as most rows of shapes are
+        visit(*upper, *lower);
+        return;
+    }
+    while (upper + 1 != above.end && lower + 1 != row.end) {
+        visit(*upper, *lower);
+        if (!ends_before(*upper, lower[1], by_corners)) {
+            ++lower;
+        } else if (!ends_before(*lower, upper[1], by_corners)) {
+            ++upper;
+        } else {
+            ++upper;
+            ++lower;
+        }
+    }
+    for (; upper + 1 != above.end; ++upper) {
+        visit(*upper, *lower);
+    }
+    for (; lower != row.end; ++lower) {
+        visit(*upper, *lower);
+    }
+}
+
+/// The same for all rows.
 template <class Visit>
 void for_each_near_pair(KivRunView runs, Visit visit)
 {
     for_each_row(runs, [&](const Run* above, const Run* above_end, const Run* run, const Run* row_end) {
-        if (above + 1 == above_end && run + 1 == row_end) { // as most rows of shapes are
-            visit(*above, *run);
-            return;
+        if (above != above_end) {
+            for_each_near_pair(RowRuns{above, above_end}, RowRuns{run, row_end}, visit);
         }
-        RowRuns upper{above, above_end};
-        RowRuns lower{run, row_end};
-        walk<&Run::colEnd>(upper, lower,
-                           [&](const Run& of_upper, const Run& of_lower, bool) { visit(of_upper, of_lower); });
     });
 }
 

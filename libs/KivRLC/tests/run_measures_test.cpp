@@ -10,6 +10,7 @@
 
 #include <climits>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <stdexcept>
 
@@ -265,6 +266,98 @@ TEST(RunMeasures, OfRowsOfManyRunsAreAsDefined)
     for (int i = 0; i < 20 && !testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE("mask " + std::to_string(i));
         expect_measures(run_sets::set_of(run_sets::random_mask(50 + 4 * i, 8, 1 + i % 3, random), -9, -2));
+    }
+}
+
+/// Runs minus pairs that touch, each run compared with all of the row above.
+std::int64_t euler_number_by_pairs(const KivRunSet& set, Connectivity connectivity)
+{
+    const std::int64_t reach = connectivity == Connectivity::Four ? 0 : 1;
+    auto number = static_cast<std::int64_t>(set.Runs().size());
+    for (const ::Run& run : set.Runs()) {
+        for (const ::Run& above : run.row == INT_MIN ? KivRunView() : set.RunsOfRow(run.row - 1)) {
+            number -= above.colBegin <= run.colEnd + reach && run.colBegin <= above.colEnd + reach ? 1 : 0;
+        }
+    }
+    return number;
+}
+
+void expect_euler_number(const KivRunSet& set)
+{
+    for (const Connectivity connectivity : connectivities) {
+        EXPECT_EQ(KivRuns::EulerNumber(set, connectivity), euler_number_by_pairs(set, connectivity));
+    }
+}
+
+/// A row of runs of one pixel, with one pixel between them.
+void add_comb(std::vector<::Run>& runs, int row, std::int64_t first, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        const auto column = static_cast<int>(first + 2 * i);
+        runs.push_back({row, column, column});
+    }
+}
+
+TEST(EulerNumber, OfRowsOfAllDensitiesIsAsDefined)
+{
+    std::mt19937 random(7);
+    const auto up_to = [&random](unsigned most) { return static_cast<int>(random() % (most + 1)); };
+    for (int i = 0; i < 300 && !testing::Test::HasFailure(); ++i) {
+        SCOPED_TRACE("set " + std::to_string(i));
+        const unsigned longest = 1U << up_to(5);
+        std::vector<::Run> runs;
+        for (int row = 0; row < 12; ++row) {
+            int column = up_to(200) - 100 - 3000 * (up_to(9) / 9);
+            for (int left = up_to(3) == 0 ? 2 : 10 + up_to(300); left > 0; --left) {
+                const int end = column + up_to(longest - 1);
+                runs.push_back({row + row / 5, column, end});
+                column = end + 2 + up_to(longest - 1);
+            }
+        }
+        expect_euler_number(KivRunSet(runs));
+    }
+}
+
+TEST(EulerNumber, OfRowsOfAnyWidthIsAsDefined)
+{
+    for (int count = 8100; count < 8220; ++count) {
+        std::vector<::Run> runs;
+        add_comb(runs, 0, 0, count);
+        add_comb(runs, 1, 0, count);
+        add_comb(runs, 2, 1, count);
+        EXPECT_EQ(KivRuns::EulerNumber(KivRunSet(runs), Connectivity::Four), 2 * count);
+        EXPECT_EQ(KivRuns::EulerNumber(KivRunSet(runs), Connectivity::Eight), 3 * count - count - (2 * count - 1));
+    }
+}
+
+TEST(EulerNumber, OfRowsThatMoveAsideIsAsDefined)
+{
+    for (const int step : {-33, -1, 1, 33}) { // columns a row
+        constexpr int count = 40;
+        const int rows = 17000 / std::abs(step);
+        std::vector<::Run> runs;
+        for (int row = 0; row < rows; ++row) {
+            add_comb(runs, row, std::int64_t{step} * row, count);
+        }
+        const KivRunSet set(runs);
+        const int pairs = (rows - 1) * (2 * count - std::abs(step)); // by corners, as the steps are odd
+        EXPECT_EQ(KivRuns::EulerNumber(set, Connectivity::Four), rows * count);
+        EXPECT_EQ(KivRuns::EulerNumber(set, Connectivity::Eight), rows * count - pairs);
+    }
+}
+
+TEST(EulerNumber, OfManyRunsAtTheEndsOfTheIntsIsAsDefined)
+{
+    for (const std::int64_t first : {std::int64_t{INT_MIN}, std::int64_t{INT_MAX} - 80}) {
+        for (const int row : {INT_MIN, INT_MAX - 2}) {
+            std::vector<::Run> runs;
+            add_comb(runs, row, first, 40);
+            add_comb(runs, row + 1, first + 1, 40);
+            add_comb(runs, row + 2, first + 2, 40);
+            const KivRunSet set(runs);
+            expect_euler_number(set);
+            EXPECT_EQ(KivRuns::EulerNumber(set, Connectivity::Eight), 120 - 79 - 79);
+        }
     }
 }
 
