@@ -31,9 +31,11 @@ public:
     void go_on_to(std::int64_t row)
     {
         write_up_to(box_.colEnd);
+        Run* out = out_; // a member would be written before the call and read again behind it
         if (row_ + 1 < row) {
-            out_ = kivcommon::write_full_rows(row_ + 1, row, box_.colBegin, box_.colEnd, out_);
+            out = kivcommon::write_full_rows(row_ + 1, row, box_.colBegin, box_.colEnd, out);
         }
+        out_ = out;
         row_ = row;
         begin_ = box_.colBegin;
     }

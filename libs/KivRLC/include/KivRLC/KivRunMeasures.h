@@ -96,8 +96,9 @@ KIVRLC_API double CroftonPerimeter(const KivRunSet& set) noexcept;
 /// The Euler number: components of the set minus holes, both by the given connectivity (for holes, that is the one of
 /// the components around them).
 ///
-/// It is the number of runs minus the pairs of runs in neighbouring rows that touch (Bishnu et al. 2005). Cost: linear. No memory is
-/// asked for, but some 25 KB of the stack are needed.
+/// It is the number of runs minus the pairs of runs in neighbouring rows that touch (Bishnu et al. 2005).
+///
+/// Cost: linear. No memory is asked for, but 24 KB of the stack are needed.
 KIVRLC_API std::int64_t EulerNumber(const KivRunSet& set, Connectivity connectivity) noexcept;
 
 /// The number of holes: components of the background, by the other connectivity, that are finite.
