@@ -320,13 +320,16 @@ TEST(EulerNumber, OfRowsOfAllDensitiesIsAsDefined)
 
 TEST(EulerNumber, OfRowsOfAnyWidthIsAsDefined)
 {
-    for (int count = 8100; count < 8220; ++count) {
-        std::vector<::Run> runs;
-        add_comb(runs, 0, 0, count);
-        add_comb(runs, 1, 0, count);
-        add_comb(runs, 2, 1, count);
-        EXPECT_EQ(KivRuns::EulerNumber(KivRunSet(runs), Connectivity::Four), 2 * count);
-        EXPECT_EQ(KivRuns::EulerNumber(KivRunSet(runs), Connectivity::Eight), 3 * count - count - (2 * count - 1));
+    for (const int first : {-8000, 0}) {
+        for (int count = 8100; count < 8220; ++count) {
+            std::vector<::Run> runs;
+            add_comb(runs, 0, first, count);
+            add_comb(runs, 1, first, count);
+            add_comb(runs, 2, first + 1, count);
+            const KivRunSet set(runs);
+            EXPECT_EQ(KivRuns::EulerNumber(set, Connectivity::Four), 2 * count);
+            EXPECT_EQ(KivRuns::EulerNumber(set, Connectivity::Eight), 3 * count - count - (2 * count - 1));
+        }
     }
 }
 
