@@ -10,6 +10,7 @@
 #include "common/checked_count.h"
 #include "run_room.h"
 
+#include <KivRLC/KivRunLists.h>
 #include <KivRLC/KivRunSet.h>
 
 #include <algorithm>
@@ -52,17 +53,11 @@ constexpr std::size_t run_of(RunEnd end)
 /// Whether the runs are maximal, ordered by row, then by column, and all in the box.
 bool are_those_of_a_set_in(const KivRunBox& box, KivRunView runs)
 {
-    const Run* before = nullptr;
-    for (const Run& run : runs) {
-        if (run.colBegin > run.colEnd || run.colBegin < box.colBegin || run.colEnd > box.colEnd ||
-            run.row < box.rowBegin || run.row > box.rowEnd ||
-            (before != nullptr &&
-             (run.row < before->row || (run.row == before->row && run.colBegin - std::int64_t{1} <= before->colEnd)))) {
-            return false;
-        }
-        before = &run;
-    }
-    return true;
+    const auto lies_between = [&box](const Run& run) {
+        return box.colBegin <= run.colBegin && run.colEnd <= box.colEnd;
+    };
+    return runs.empty() || (box.rowBegin <= runs.front().row && runs.back().row <= box.rowEnd &&
+                            std::all_of(runs.begin(), runs.end(), lies_between) && KivRuns::IsCanonical(runs));
 }
 
 /// The runs with what lies outside of the box cut off; of those wholly outside nothing, or an inverted run, is left.

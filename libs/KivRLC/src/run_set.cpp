@@ -2,6 +2,8 @@
 #include "row_sort.h"
 #include "run_set_access.h"
 
+#include <KivRLC/KivRunLists.h>
+
 #include <algorithm>
 
 namespace
@@ -57,6 +59,10 @@ std::string why_not_behind(const Run& last, const Run& run)
 
 KivRunSet::KivRunSet(KivRunView runs)
 {
+    if (KivRuns::IsCanonical(runs)) {
+        runs_.assign(runs.begin(), runs.end());
+        return;
+    }
     kivrlc::RunBuffer kept = without_inverted(runs);
     if (!std::is_sorted(kept.begin(), kept.end(), begins_before)) {
         kivrlc::sort_by_row_and_column(kept);

@@ -51,6 +51,25 @@ TEST(RunLists, AreCanonicalWhereIntsEnd)
     EXPECT_FALSE(KivRuns::IsCanonical(Runs{{0, INT_MAX, INT_MIN}}));
 }
 
+TEST(RunLists, AreNotCanonicalWithASingleFaultAnywhere)
+{
+    Runs runs;
+    for (int i = 0; i < 200; ++i) {
+        runs.push_back({i / 3, 10 * (i % 3), 10 * (i % 3) + 5});
+    }
+    EXPECT_TRUE(KivRuns::IsCanonical(runs));
+    for (::Run& run : runs) {
+        const ::Run right = run;
+        for (const ::Run& wrong :
+             {::Run{right.row - 1, right.colBegin, right.colEnd}, ::Run{right.row, right.colBegin, right.colBegin - 1},
+              ::Run{right.row, right.colBegin - 4, right.colEnd}}) {
+            run = wrong;
+            EXPECT_EQ(KivRuns::IsCanonical(runs), KivRunSet::WhyNotCanonical(runs).empty());
+        }
+        run = right;
+    }
+}
+
 TEST(RunLists, AreCombinedBehindWhatIsThere)
 {
     const Runs a = {{0, 0, 5}, {1, 0, 1}};
