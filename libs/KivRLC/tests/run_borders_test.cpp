@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Borders traced along runs: by hand, and against following them pixel by pixel. With KIV_LONG_TESTS set in the
 // environment many times as many masks are compared.
+#include "../src/border_tracer.h"
 #include <KivRLC/KivPolygonFill.h>
 #include <KivRLC/KivRunBorders.h>
 #include <KivRLC/KivRunSet.h>
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <cstdlib>
 #include <initializer_list>
 #include <ostream>
@@ -225,6 +227,17 @@ TEST(RunBorders, AreThoseFollowedPixelByPixelForLargeMasks)
     std::mt19937 random(15);
     for (int i = 0; i < 12 && !testing::Test::HasFatalFailure(); ++i) {
         expect_traced_and_filled(random_mask(random, 1500));
+    }
+}
+
+TEST(RunBorders, DoNotDependOnTheSizeOfLinks)
+{
+    std::mt19937 random(17);
+    for (int i = 0; i < 300; ++i) {
+        const Runs runs = runs_of(random_mask(random, 64));
+        const Chains expected = chains_of(KivRunBorders::Of(runs));
+        ASSERT_EQ(chains_of(kivrlc::borders_of<std::uint32_t>(runs)), expected);
+        ASSERT_EQ(chains_of(kivrlc::borders_of<std::uint64_t>(runs)), expected);
     }
 }
 

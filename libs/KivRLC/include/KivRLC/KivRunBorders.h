@@ -54,7 +54,7 @@ struct KIVRLC_API KivRunBorders {
     /// repeat; a run whose begin lies past its end covers nothing.
     ///
     /// Cost: linear in the runs and the points of the borders if the runs are those of a KivRunSet, or a mask's;
-    /// otherwise such a set is made first. Beside the result it takes two sizes, 16 bytes, a run.
+    /// otherwise such a set is made first. Beside the result it takes 8 bytes a run, 16 for 2^30 runs or more.
     ///
     /// @throws std::bad_alloc if memory runs out.
     static KivRunBorders Of(KivRunView runs);
