@@ -8,6 +8,7 @@
 #pragma once
 
 #include "common/checked_count.h"
+#include "run_neighbours.h"
 #include "run_room.h"
 
 #include <KivRLC/KivRunBorders.h>
@@ -58,36 +59,17 @@ constexpr Link first_component = ~(std::numeric_limits<Link>::max() / 2);
 template <class Link>
 constexpr Link no_run = first_component<Link> - 1;
 
-/// Whether a run ends too early to touch the other one, or any that comes after that.
-inline bool lies_before(const Run& run, const Run& other)
-{
-    const std::int64_t next_row = std::int64_t{run.row} + 1;
-    return next_row < other.row || (next_row == other.row && std::int64_t{run.colEnd} + 1 < other.colBegin);
-}
-
-/// Whether two runs, of which the first does not lie before the second, touch by an edge or a corner.
-inline bool touches_below(const Run& run, const Run& other)
-{
-    return run.row < other.row && run.colBegin <= std::int64_t{other.colEnd} + 1;
-}
-
 template <class Link>
 std::vector<Link> links_of(KivRunView runs)
 {
     std::vector<Link> links(2 * runs.size(), no_run<Link>);
-    // Neither search goes past run i, which neither lies before itself nor touches itself.
-    std::size_t first = 0;
-    for (std::size_t i = 0; i < runs.size(); ++i) {
-        while (lies_before(runs[first], runs[i])) {
-            ++first;
-        }
-        for (std::size_t j = first; touches_below(runs[j], runs[i]); ++j) {
-            links[right_end(i)] = static_cast<Link>(j);
-            if (links[left_end(j)] == no_run<Link>) {
-                links[left_end(j)] = static_cast<Link>(i);
-            }
-        }
-    }
+    for_each_touching_pair(runs, by_corners, [&links, runs](const Run& upper, const Run& lower) {
+        const auto above = static_cast<Link>(&upper - runs.begin());
+        const auto below = static_cast<Link>(&lower - runs.begin());
+        links[right_end(below)] = above; // of several, the last pair remains
+        Link& first_below = links[left_end(above)];
+        first_below = first_below == no_run<Link> ? below : first_below;
+    });
     return links;
 }
 
