@@ -13,7 +13,7 @@ class Target(NamedTuple):
     functions: str  # names, or * for all
     workloads: str  # names, * for all, or -name for all but that one
     measure: str  # a key of MEASURES
-    against: str  # the contestants whose best counts, a pattern of file names
+    against: str  # the contestants whose best counts, a pattern of file names; or another function
     at_most: float
 
     def concerns(self, function, workload):
@@ -52,6 +52,14 @@ def ratios(target, timings, time_of):
 
 def time_ratios(target, timings, _memory):
     return ratios(target, timings, lambda timing: timing.nanoseconds)
+
+
+def time_ratios_to_function(target, timings, _memory):
+    """Beside another function on the same operands."""
+    for (function, workload), contestants in timings.items():
+        if target.concerns(function, workload) and OURS in contestants:
+            other = timings[target.against, workload][OURS]
+            yield Finding(function, workload, contestants[OURS].nanoseconds / other.nanoseconds, target.against)
 
 
 def time_per_run_ratios(target, timings, _memory):
@@ -104,6 +112,7 @@ def bytes_in_use(target, _timings, memory):
 
 MEASURES = {
     "time": time_ratios,
+    "time of": time_ratios_to_function,
     "time per run": time_per_run_ratios,
     "nanoseconds": nanoseconds,
     "nanoseconds per run": nanoseconds_per_run,
