@@ -82,6 +82,7 @@ void enter_growth()
     }
     for (Workload* work : few_growing_rows()) {
         enter_kiv_contour_arrays(*work);
+        enter_floors_of_contour_arrays(*work);
         enter_opencv_contour_arrays(*work);
     }
 }

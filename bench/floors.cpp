@@ -152,6 +152,9 @@ void bench::enter_floors_of_contour_arrays(Workload& work)
     enter("KivBinImageToContourArray", work, "floor:extraction",
           [&mask = work.a.mask] { return Unshown{extracted(mask)}; });
     enter_cleared_mask("KivContourArrayToBinImage", work);
+    for (const char* function : {"KivBinImageToContourArray", "KivRegionToContourArray", "KivROIToContourArray"}) {
+        enter(function, work, "floor:copy", [&a = work.a] { return Unshown{KivContourArray(a.contours())}; });
+    }
 }
 
 void bench::enter_floors_of_set_operations(Workload& work)

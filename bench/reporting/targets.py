@@ -86,13 +86,16 @@ def growth(_target, timings, _memory):
 
 
 def growth_beyond(_target, timings, _memory):
-    """Beyond the exponent of the floor, or of OpenCV's own calls, on the same shapes."""
+    """Beyond the exponent of the floor that grows most, or of OpenCV's own calls if there is no floor, on the same
+    shapes."""
     of_all = exponents(timings)
-    for (function, contestant), exponent in of_all.items():
-        if contestant == OURS:
-            for (other_function, other), others in of_all.items():
-                if other_function == function and other != OURS:
-                    yield Finding(function, "growth", exponent - others, other)
+    for function in sorted({function for function, contestant in of_all if contestant == OURS}):
+        others = {name: exponent for (of, name), exponent in of_all.items() if of == function and name != OURS}
+        floors = {name: exponent for name, exponent in others.items() if name.startswith("floor:")}
+        rivals = floors or others
+        if rivals:
+            most = max(rivals, key=rivals.get)
+            yield Finding(function, "growth", of_all[function, OURS] - rivals[most], most)
 
 
 def allocations(target, _timings, memory):
