@@ -7,6 +7,7 @@
 #include "run_measures.h"
 
 #include "bit_rows.h"
+#include "common/fetch_ahead.h"
 #include "run_checks.h"
 #include "run_sums.h"
 
@@ -34,6 +35,7 @@ Sums sums_of(const KivRunSet& set, const char* what)
     kivrlc::require<std::invalid_argument>(!set.Empty(), what);
     Sums sums;
     for (const Run& run : set.Runs()) {
+        kivcommon::fetch_ahead(&run, sizeof run);
         sums.add(run);
     }
     return sums;
