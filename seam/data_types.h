@@ -70,6 +70,10 @@ enum class MaskBytes { as_stored, normalised };
 /// its mask gets a copy, in which normalised bytes are 0 or 255.
 RunList runs_of_image(const cv::Mat& pixels, MaskBytes bytes);
 
+/// The part of a mask of the given frame, whose pixels outside of `filled` are 0, that the extractor has to see. Raises
+/// the exception that making the mask raises if no mask can have the frame.
+cv::Rect part_to_extract(Frame frame, const cv::Rect& filled);
+
 /// The runs of the listed pixels, in a frame that a mask can have and beyond which none lies. Pixels with a negative
 /// coordinate are ignored.
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame);

@@ -283,6 +283,12 @@ RunList runs_of_image(const cv::Mat& pixels, MaskBytes /*bytes*/)
     return runs;
 }
 
+cv::Rect part_to_extract(Frame frame, const cv::Rect& filled)
+{
+    require_mask_frame(frame);
+    return filled;
+}
+
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
 {
     if (is_large_for(frame, pixels.columns.size())) {

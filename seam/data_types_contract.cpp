@@ -156,6 +156,11 @@ RunList runs_of_image(const cv::Mat& pixels, MaskBytes bytes)
     return extract_runs(copy);
 }
 
+cv::Rect part_to_extract(Frame frame, const cv::Rect& /*filled*/)
+{
+    return {0, 0, frame.width, frame.height};
+}
+
 RunList runs_of_pixels(const PixelLists& pixels, Frame frame)
 {
     cv::Mat mask = painted_mask(frame, pixels);

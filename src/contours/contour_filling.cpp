@@ -14,8 +14,6 @@ namespace
 {
 
 constexpr int all_contours = -1;
-constexpr int filled = -1;
-constexpr int eight_connected = 8;
 
 constexpr int uppermost_row = -(1 << 20);
 
@@ -55,7 +53,15 @@ Frame frame_of(const Polygon& polygon)
     return frame_up_to(largest.x, largest.y);
 }
 
-void fill_polygon(cv::Mat& mask, Polygon polygon, int value)
+cv::Rect part_of(Frame frame, const Polygon& polygon)
+{
+    constexpr int far = 1 << 15; // further to the right, edges overflow in some versions of OpenCV
+    const auto is_near = [](const cv::Point_<int>& corner) { return corner.x >= 0 && corner.x < far && corner.y >= 0; };
+    return std::all_of(polygon.begin(), polygon.end(), is_near) ? cv::boundingRect(polygon)
+                                                                : cv::Rect(0, 0, frame.width, frame.height);
+}
+
+void fill_polygon(cv::Mat& mask, Polygon polygon, int value, const cv::Point_<int>& offset)
 {
     const auto lies_above = [](const cv::Point_<int>& pixel) { return pixel.y < uppermost_row; };
     if (std::any_of(polygon.begin(), polygon.end(), lies_above)) {
@@ -64,8 +70,8 @@ void fill_polygon(cv::Mat& mask, Polygon polygon, int value)
     if (!polygon.empty()) {
         std::vector<Polygon> polygons(1);
         polygons.front().swap(polygon);
-        cv::drawContours(mask, polygons, all_contours, cv::Scalar(value, 0, 0, 0), filled, eight_connected,
-                         cv::noArray(), INT_MAX, cv::Point(0, 0));
+        cv::drawContours(mask, polygons, all_contours, cv::Scalar(value, 0, 0, 0), cv::FILLED, cv::LINE_8,
+                         cv::noArray(), INT_MAX, offset);
     }
 }
 

@@ -32,11 +32,16 @@ Polygon polygon_of(const KivContour& contour, ToPixel to_pixel)
 /// The frame from (0, 0) up to and including the largest column and row of a polygon that is not empty.
 Frame frame_of(const Polygon& polygon);
 
-/// Fills the polygon, interior and 8-connected border, with a grey value. What lies outside the mask is cut off.
+/// The part of its frame that a polygon, which is not empty, reaches, if it has the same pixels where it is drawn in
+/// just that part; otherwise the whole frame.
+cv::Rect part_of(Frame frame, const Polygon& polygon);
+
+/// Fills the polygon, moved by an offset, interior and 8-connected border, with a grey value. What lies outside the
+/// mask is cut off.
 ///
 /// The part more than 2^20 rows above the mask is cut off before drawing, because drawing takes time for every row of a
 /// polygon, visible or not. The cut ends of edges are rounded to pixels.
-void fill_polygon(cv::Mat& mask, Polygon polygon, int value);
+void fill_polygon(cv::Mat& mask, Polygon polygon, int value, const cv::Point_<int>& offset = {0, 0});
 
 /// KIVMV_OK if the contours can be filled in the frame, which takes a contour and 2 x 2 pixels; otherwise the result
 /// code.

@@ -15,8 +15,15 @@ int KIVMV::KivContourToRegion(KivContour& contour, KivRegion* region)
     }
 
     const kiv::Frame frame = kiv::frame_of(polygon);
-    cv::Mat mask = kiv::painted_mask(frame, kiv::RunView());
-    kiv::fill_polygon(mask, std::move(polygon), 255);
-    kiv::create_region(*region, frame, kiv::extract_runs(mask));
+    const cv::Rect part = kiv::part_to_extract(frame, kiv::part_of(frame, polygon));
+    cv::Mat mask = kiv::painted_mask({part.width, part.height}, kiv::RunView());
+    kiv::fill_polygon(mask, std::move(polygon), 255, -part.tl());
+    kiv::RunList runs = kiv::extract_runs(mask);
+    for (auto& [row, begin, end] : runs) {
+        row += part.y;
+        begin += part.x;
+        end += part.x;
+    }
+    kiv::create_region(*region, frame, std::move(runs));
     return KIVMV_OK;
 }

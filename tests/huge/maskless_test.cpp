@@ -41,6 +41,16 @@ TEST(Maskless, ContoursAreFilled)
     EXPECT_EQ(region, far_square);
 }
 
+TEST(Maskless, AContourIsFilled)
+{
+    constexpr int columns = 1 << 15; // further to the right, it is drawn in its frame
+    KivContour contour = {{columns - 3, height - 2}, {columns - 3, height - 1}, {columns - 1, height - 1}};
+    KivRegion region;
+    EXPECT_EQ(KIVMV::KivContourToRegion(contour, &region), KIVMV::KIVMV_OK);
+    EXPECT_EQ(region, KivRegion(columns, height,
+                                {{height - 2, columns - 3, columns - 2}, {height - 1, columns - 3, columns - 1}}));
+}
+
 constexpr int far_away = 1 << 22;
 const std::vector<Run> far_runs = {{1, 1, 3}, {far_away - 1, far_away - 2, far_away - 1}};
 

@@ -309,6 +309,30 @@ TEST(ContourFilling, EqualsFillingTheTruncatedContour)
     }
 }
 
+TEST(ContourFilling, EqualsFillingTheContourWhereItLies)
+{
+    for (std::uint32_t seed = 22000; seed < 22400; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        Random random(seed);
+        const int left = random.one_in(4) ? random.between(32700, 32800) : random.between(0, 2000);
+        const int top = random.between(0, 200);
+        const int size = random.between(1, 100);
+        const int width = left + size + 1;
+        const int height = top + size + 1;
+        KivContour::Points points;
+        points.emplace_back(left + size, top + size); // so that the frame is known
+        for (int i = random.between(0, 8); i > 0; --i) {
+            points.emplace_back(left + random.between(0, size), top + random.between(0, size));
+        }
+        KivContour contour(points);
+        KivRegion region;
+        ASSERT_EQ(KIVMV::KivContourToRegion(contour, &region), KIVMV::KIVMV_OK);
+        const cv::Mat expected = support::drawn(points, width, height);
+        ASSERT_TRUE(same_region(region, KivRegion(width, height, support::plain_runs(expected))))
+            << support::text_of(contour);
+    }
+}
+
 // Whether the pixel is inside by the even-odd rule, and how far it is from the nearest edge.
 struct Place {
     bool inside = false;

@@ -14,7 +14,7 @@ namespace KivRuns
 /// Whether a list is that of a set: rows ascend, within a row columns ascend, no run begins past its end, and at least
 /// one pixel separates two runs of a row. KivRunSet::WhyNotCanonical() says where one is not.
 ///
-/// Cost: a few instructions for each run, until the first that is out of order.
+/// Cost: a few instructions for each run, until soon after the first that is out of order.
 KIVRLC_API bool IsCanonical(KivRunView runs) noexcept;
 
 /// @name Set operations
