@@ -149,6 +149,8 @@ void bench::enter_floors_of_contours(Workload& work)
 
 void bench::enter_floors_of_contour_arrays(Workload& work)
 {
+    enter("KivBinImageToContourArray", work, "floor:read",
+          [&mask = work.a.mask] { return Unshown{cv::countNonZero(mask)}; });
     enter("KivBinImageToContourArray", work, "floor:extraction",
           [&mask = work.a.mask] { return Unshown{extracted(mask)}; });
     enter_cleared_mask("KivContourArrayToBinImage", work);
